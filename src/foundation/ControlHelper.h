@@ -1,0 +1,53 @@
+#pragma once
+
+#include "foundation/Object.h"
+#include "foundation/TaggedCommentCollection.h"
+
+#include <string>
+
+namespace paperkite {
+
+class DockHost;
+class TreeControl;
+
+/// The helper operations around items, comments and trees that the model library brings along.
+class ControlHelper {
+public:
+    virtual ~ControlHelper() = default;
+
+    /// Which nodes are open and which is selected, as a text that survives a rebuild of the tree.
+    virtual std::string GetTreePath(TreeControl& tree) = 0;
+    /// Opens and selects again what is still there.
+    virtual void SetTreePath(TreeControl& tree, const std::string& path) = 0;
+
+    virtual void CopyComments(const Ref<Object>& item) = 0;
+    /// Adds what was copied to the item's comments; nothing copied, nothing added.
+    virtual void PasteComments(const Ref<Object>& item) = 0;
+    virtual bool GetClipboardHasComments() const = 0;
+    /// The run-time type name of the item that was copied from.
+    virtual std::string GetClipboardItemType() const = 0;
+    virtual std::string GetClipboardQualifiedName() const = 0;
+
+    /// Keeps an item's own description and its general comment in step: with `load` the item's
+    /// description is taken up where no general comment exists, without it the comment is given to
+    /// the item.
+    virtual void SyncGeneralComment(const Ref<Object>& item, bool load) = 0;
+    /// The first comment of a tag that is no tombstone, or nothing; letter case ignored.
+    virtual Ref<TaggedComment> FindTaggedComment(const Ref<TaggedCommentCollection>& comments,
+                                                 const std::string& tag) = 0;
+    /// A description with a further text worked in by a format that says "%text%" for it.
+    virtual std::string MergeDescription(const std::string& value, const std::string& text,
+                                         const std::string& format) = 0;
+    /// Forgets parsed templates.
+    virtual void ResetParser() = 0;
+
+    /// Lets the author choose a topic; empty when cancelled.
+    virtual std::string BuildTopic(const std::string& topic, bool dotNetXMLFormat,
+                                   const std::string& tipPrefix) = 0;
+    virtual std::string BuildTopicForType(const std::string& itemType, const std::string& topic,
+                                          bool dotNetXMLFormat, const std::string& tipPrefix) = 0;
+
+    virtual void ApplyToolbarStyle(DockHost& dock, int style) = 0;
+};
+
+} // namespace paperkite

@@ -1,0 +1,10 @@
+#include "foundation/Services.h"
+
+namespace paperkite {
+
+Services& CurrentServices() {
+    static Services services;
+    return services;
+}
+
+} // namespace paperkite

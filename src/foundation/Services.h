@@ -1,0 +1,123 @@
+#pragma once
+
+#include "foundation/CommentPipe.h"
+#include "foundation/ControlHelper.h"
+#include "foundation/RegistryHelper.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace paperkite {
+
+enum class MessageIcon { None, Information, Warning, Question, Critical };
+enum class MessageButtons { Ok, OkCancel, YesNo, YesNoCancel };
+enum class MessageAnswer { Ok, Cancel, Yes, No };
+
+/// Shows a message and waits for the author's answer.
+class MessageBox {
+public:
+    virtual ~MessageBox() = default;
+    virtual MessageAnswer Show(const std::string& text, const std::string& title, MessageIcon icon,
+                               MessageButtons buttons = MessageButtons::Ok) = 0;
+};
+
+/// Opens documents and addresses with the programs that the user's system has for them.
+class Shell {
+public:
+    virtual ~Shell() = default;
+    /// `showCommand` 3 asks for a maximised window. A failure is an error.
+    virtual void ShellExecute(std::intptr_t window, const std::string& verb,
+                              const std::string& file, const std::string& parameters,
+                              const std::string& directory, int showCommand) = 0;
+};
+
+/// Lets the user choose a folder.
+class FolderBrowser {
+public:
+    virtual ~FolderBrowser() = default;
+    virtual void SetFolderMode(bool value) = 0;
+    virtual void SetOwner(std::intptr_t window) = 0;
+    virtual void SetStartFolder(const std::string& folder) = 0;
+    virtual void SetTitle(const std::string& title) = 0;
+    virtual void SetNewFolder(bool value) = 0;
+    /// The chosen folder; empty when the user cancels.
+    virtual std::string Run() = 0;
+};
+
+/// What the mouse pointer shows while a component works.
+enum class MousePointer : int { Default = 0, Hourglass = 11 };
+
+class Screen {
+public:
+    virtual ~Screen() = default;
+    virtual void SetMousePointer(MousePointer pointer) = 0;
+    virtual MousePointer GetMousePointer() const = 0;
+};
+
+/// A path and what stands there.
+class FileSystem {
+public:
+    virtual ~FileSystem() = default;
+    virtual std::string FileName(const std::string& path) const = 0;
+    virtual std::string Dir(const std::string& path) const = 0;
+    virtual bool FolderExists(const std::string& path) const = 0;
+    virtual void CreateFolder(const std::string& path) = 0;
+    /// The base names of the files in a folder that end in `extension`, sorted; none is no failure.
+    virtual std::vector<std::string> FilesWithExtension(const std::string& folder,
+                                                        const std::string& extension) const = 0;
+};
+
+/// What a report about a failure is sent to, where the host has such a component.
+class ErrorComponent {
+public:
+    struct Report {
+        int ErrorNumber;
+        std::string ProjectName;
+        std::string ModuleName;
+        std::string ProcedureName;
+        std::string Description;
+        int LineNumber;
+        std::string Variables;
+        std::string Parameters;
+        std::string Version;
+    };
+
+    virtual ~ErrorComponent() = default;
+    virtual void ErrorHandler(const Report& report) = 0;
+    /// What is to be done now, in the component's own words.
+    virtual std::string GetAction() const = 0;
+};
+
+/// What components need of the world outside. The host provides real ones at its start, a test
+/// scripted ones; a service that nobody provides is error 429 where it is used.
+struct Services {
+    std::shared_ptr<paperkite::RegistryHelper> Registry;
+    std::shared_ptr<paperkite::MessageBox> MessageBox;
+    std::shared_ptr<paperkite::Shell> Shell;
+    std::shared_ptr<paperkite::Screen> Screen;
+    std::shared_ptr<paperkite::FileSystem> FileSystem;
+    std::shared_ptr<paperkite::ControlHelper> ControlHelper;
+    std::function<std::shared_ptr<paperkite::FolderBrowser>()> CreateFolderBrowser;
+    std::function<Ref<paperkite::CommentPipe>()> CreateCommentPipe;
+    /// Gives the report component, or nothing where the host has none.
+    std::function<std::shared_ptr<paperkite::ErrorComponent>()> CreateErrorComponent;
+    /// Lets pending events of the window system run.
+    std::function<void()> RunPendingEvents;
+    /// The folder of the program, with its icons below.
+    std::string ApplicationFolder;
+};
+
+/// The services of this process.
+Services& CurrentServices();
+
+/// A service that must be there.
+template <class T>
+T& Required(const std::shared_ptr<T>& service,
+            std::source_location where = std::source_location::current()) {
+    if (!service) RaiseError(ErrorNumber::CannotCreateComponent, {}, where);
+    return *service;
+}
+
+} // namespace paperkite
