@@ -44,11 +44,8 @@ public:
     }
 
     const T& Item(const std::string& key) const { return *mEntries[SlotOfKey(key)].Value; }
-
     T& Item(const std::string& key) { return *mEntries[SlotOfKey(key)].Value; }
-
     const T& Item(std::size_t position) const { return *mEntries[SlotOfPosition(position)].Value; }
-
     T& Item(std::size_t position) { return *mEntries[SlotOfPosition(position)].Value; }
 
     /// The key under which the entry at a position stands, or an empty text.
@@ -66,7 +63,6 @@ public:
     }
 
     void Remove(const std::string& key) { Erase(SlotOfKey(key)); }
-
     void Remove(std::size_t position) { Erase(SlotOfPosition(position)); }
 
     void Clear() {
@@ -138,11 +134,8 @@ public:
     using const_iterator = Walk<const Collection, const T>;
 
     iterator begin() { return iterator(this, 0); }
-
     iterator end() { return iterator(this, iterator::kEnd); }
-
     const_iterator begin() const { return const_iterator(this, 0); }
-
     const_iterator end() const { return const_iterator(this, const_iterator::kEnd); }
 
 private:

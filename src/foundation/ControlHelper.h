@@ -19,7 +19,6 @@ public:
     virtual std::string GetTreePath(TreeControl& tree) = 0;
     /// Opens and selects again what is still there.
     virtual void SetTreePath(TreeControl& tree, const std::string& path) = 0;
-
     virtual void CopyComments(const Ref<Object>& item) = 0;
     /// Adds what was copied to the item's comments; nothing copied, nothing added.
     virtual void PasteComments(const Ref<Object>& item) = 0;

@@ -16,7 +16,6 @@ class ParserTemplate;
 class DataProvider : public Object {
 public:
     std::string TypeName() const override { return "DataProvider"; }
-
     virtual Ref<DataProvider> Clone() = 0;
     virtual Ref<Object> GetCurrentItem() = 0;
     virtual std::string GetCurrentItemType() = 0;

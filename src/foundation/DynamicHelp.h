@@ -12,7 +12,6 @@ namespace paperkite {
 class DynamicHelpHost : public Object {
 public:
     std::string TypeName() const override { return "DynamicHelpHost"; }
-
     virtual void ContextChanged() = 0;
     virtual void ShowTopic(const std::string& topic) = 0;
 };

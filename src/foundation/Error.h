@@ -35,12 +35,10 @@ public:
           std::source_location where = std::source_location::current());
 
     int GetNumber() const { return mNumber; }
-
     const std::string& GetDescription() const { return mDescription; }
 
     /// Where the error was raised; its line is the one that a report names.
     const std::source_location& GetWhere() const { return mWhere; }
-
     const char* what() const noexcept override { return mDescription.c_str(); }
 
 private:

@@ -12,9 +12,7 @@ namespace paperkite {
 class [[nodiscard]] Connection {
 public:
     Connection() = default;
-
     explicit Connection(std::shared_ptr<bool> alive) : mAlive(std::move(alive)) {}
-
     Connection(Connection&&) noexcept = default;
 
     Connection& operator=(Connection&& other) noexcept {
@@ -50,7 +48,6 @@ template <class... Arguments>
 class Event {
 public:
     using Handler = std::function<void(Arguments...)>;
-
     Event() = default;
     Event(const Event&) = delete;
     Event& operator=(const Event&) = delete;

@@ -16,7 +16,6 @@ class DocTypes;
 class KiteProject : public Object {
 public:
     std::string TypeName() const override { return "KiteProject"; }
-
     virtual Ref<paperkite::DocTypes> GetDocTypes() = 0;
     /// The provider that serves a namespace moniker, or nothing.
     virtual Ref<paperkite::NamespaceProvider> NamespaceProvider(const std::string& moniker) = 0;

@@ -13,7 +13,6 @@ class NamespaceDefs;
 /// One level of the item hierarchy of a namespace: how its items are shown, grouped and opened.
 struct NamespaceDef : Object {
     std::string TypeName() const override { return "NamespaceDef"; }
-
     Value Get(std::string_view member) const override;
 
     /// A namespace name, a colon, and the name of the level.
@@ -45,7 +44,6 @@ struct NamespaceDef : Object {
 
     /// The definitions of the next level; never nothing.
     Ref<NamespaceDefs> GetChildDefs() const;
-
     void SetChildDefs(const Ref<NamespaceDefs>& value) { mChildDefs = value; }
 
     /// The collection that owns this definition.
@@ -62,34 +60,24 @@ private:
 class NamespaceDefs : public Object {
 public:
     explicit NamespaceDefs(std::string name = {}) : mName(std::move(name)) {}
-
     std::string TypeName() const override { return "NamespaceDefs"; }
-
     Value Get(std::string_view member) const override;
-
     bool IsEnumerable() const override { return true; }
-
     void Enumerate(const std::function<bool(const Value&)>& visit) const override;
 
     /// The name of the namespace profile.
     const std::string& GetName() const { return mName; }
-
     void SetName(std::string value) { mName = std::move(value); }
 
     /// Letters of the wanted scope commands: p private, i inherited, f friend, t protected.
     const std::string& GetScopeFlags() const { return mScopeFlags; }
-
     void SetScopeFlags(std::string value) { mScopeFlags = std::move(value); }
 
     /// The first collection that takes a definition in is its owner.
     void Add(const Ref<NamespaceDef>& definition, const std::string& key);
-
     std::size_t Count() const { return mDefinitions.Count(); }
-
     Ref<NamespaceDef> Item(std::size_t position) const { return mDefinitions.Item(position); }
-
     Ref<NamespaceDef> Item(const std::string& key) const { return mDefinitions.Item(key); }
-
     bool Contains(const std::string& key) const { return mDefinitions.Contains(key); }
 
     /// The definitions of an item type in the whole hierarchy, this level first, appended to the
@@ -99,9 +87,7 @@ public:
 
     /// Lets go of the whole hierarchy below.
     void Release();
-
     auto begin() const { return mDefinitions.begin(); }
-
     auto end() const { return mDefinitions.end(); }
 
 private:

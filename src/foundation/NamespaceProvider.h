@@ -15,7 +15,6 @@ namespace paperkite {
 class NamespaceProvider : public Object {
 public:
     std::string TypeName() const override { return "NamespaceProvider"; }
-
     virtual Ref<DataProvider> GetDataProvider() = 0;
     virtual Ref<Object> GetRootItem(Ref<NamespaceDef>& definition, const std::string& moniker) = 0;
     /// Nothing when there is no such item.

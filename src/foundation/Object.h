@@ -21,7 +21,6 @@ public:
 
     /// The run-time type name, as reports and kind tests use it ("CodeModule").
     virtual std::string TypeName() const = 0;
-
     virtual Value Get(std::string_view member) const;
     virtual void Set(std::string_view member, const Value& value);
     virtual Value Call(std::string_view member, const std::vector<Value>& arguments);
@@ -34,9 +33,7 @@ public:
 
 protected:
     Object() = default;
-
     Object(const Object&) = default;
-
     Object& operator=(const Object&) = default;
 };
 

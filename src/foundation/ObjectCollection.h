@@ -11,11 +11,8 @@ public:
     using Collection<Ref<Object>>::Collection;
 
     std::string TypeName() const override { return "Collection"; }
-
     Value Get(std::string_view member) const override;
-
     bool IsEnumerable() const override { return true; }
-
     void Enumerate(const std::function<bool(const Value&)>& visit) const override;
 };
 
@@ -25,11 +22,8 @@ public:
     using Collection<std::string>::Collection;
 
     std::string TypeName() const override { return "Collection"; }
-
     Value Get(std::string_view member) const override;
-
     bool IsEnumerable() const override { return true; }
-
     void Enumerate(const std::function<bool(const Value&)>& visit) const override;
 };
 

@@ -13,7 +13,6 @@ namespace paperkite {
 /// One page of a template: an HTML file with variable places, for the namespaces that it names.
 struct PageLayout : Object {
     std::string TypeName() const override { return "PageLayout"; }
-
     Value Get(std::string_view member) const override;
 
     std::string Name;
@@ -30,24 +29,15 @@ struct PageLayout : Object {
 class PageLayouts : public Object {
 public:
     std::string TypeName() const override { return "PageLayouts"; }
-
     bool IsEnumerable() const override { return true; }
-
     void Enumerate(const std::function<bool(const Value&)>& visit) const override;
-
     void Add(const Ref<PageLayout>& layout);
     void Remove(const std::string& name);
-
     std::size_t Count() const { return mLayouts.Count(); }
-
     Ref<PageLayout> Item(std::size_t position) const { return mLayouts.Item(position); }
-
     Ref<PageLayout> Item(const std::string& name) const { return mLayouts.Item(name); }
-
     bool Contains(const std::string& name) const { return mLayouts.Contains(name); }
-
     auto begin() const { return mLayouts.begin(); }
-
     auto end() const { return mLayouts.end(); }
 
     struct LayoutsEvents {
@@ -68,7 +58,6 @@ struct TemplateNamespace : Object {
 /// A set of page layouts that a project is published with.
 struct PageTemplate : Object {
     std::string TypeName() const override { return "PageTemplate"; }
-
     Value Get(std::string_view member) const override;
 
     std::string Name;

@@ -23,9 +23,7 @@ public:
     using element_type = T;
 
     Ref() = default;
-
     Ref(std::nullptr_t) {}
-
     Ref(std::shared_ptr<T> pointer) : mPointer(std::move(pointer)) {}
     template <class U>
 
@@ -46,9 +44,7 @@ public:
 
     /// The bare address, nothing included: for comparisons and look-ups only.
     T* get() const { return mPointer.get(); }
-
     const std::shared_ptr<T>& Pointer() const& { return mPointer; }
-
     std::shared_ptr<T>&& Pointer() && { return std::move(mPointer); }
 
     /// The same object as a U, or nothing when it is none.

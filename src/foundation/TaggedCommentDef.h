@@ -10,7 +10,6 @@ namespace paperkite {
 /// One kind of comment that an author may write, as the configuration defines it.
 struct TaggedCommentDef : Object {
     std::string TypeName() const override { return "TaggedCommentDef"; }
-
     Value Get(std::string_view member) const override;
 
     /// The tag, with its leading "#" signs.
@@ -44,27 +43,19 @@ struct TaggedCommentDef : Object {
 class TaggedCommentDefs : public Object {
 public:
     std::string TypeName() const override { return "TaggedCommentDefs"; }
-
     bool IsEnumerable() const override { return true; }
-
     void Enumerate(const std::function<bool(const Value&)>& visit) const override;
 
     /// A second definition of the same tag is an error.
     void Add(const Ref<TaggedCommentDef>& definition);
-
     std::size_t Count() const { return mDefinitions.Count(); }
-
     Ref<TaggedCommentDef> Item(std::size_t position) const { return mDefinitions.Item(position); }
 
     /// The definition of a tag, or nothing.
     Ref<TaggedCommentDef> Find(const std::string& tagIdentifier) const;
-
     std::string GetDefaultDesignerProgID() const { return mDefaultDesignerProgID; }
-
     void SetDefaultDesignerProgID(std::string value) { mDefaultDesignerProgID = std::move(value); }
-
     auto begin() const { return mDefinitions.begin(); }
-
     auto end() const { return mDefinitions.end(); }
 
 private:

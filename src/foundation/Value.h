@@ -41,21 +41,13 @@ public:
     using Array = std::shared_ptr<const ValueArray>;
 
     Value() = default;
-
     Value(Null value) : mContent(value) {}
-
     Value(bool value) : mContent(value) {}
-
     Value(std::int32_t value) : mContent(value) {}
-
     Value(double value) : mContent(value) {}
-
     Value(std::string value) : mContent(std::move(value)) {}
-
     Value(std::string_view value) : mContent(std::string(value)) {}
-
     Value(const char* value) : mContent(std::string(value)) {}
-
     Value(Ref<Object> value) : mContent(std::move(value)) {}
     template <class T>
 
@@ -69,23 +61,14 @@ public:
     /// A one-dimensional array that counts from `lower`.
     static Value ArrayOf(std::vector<Value> entries, std::int32_t lower = 0);
     static Value ArrayOfTexts(const std::vector<std::string>& texts);
-
     bool IsEmpty() const { return std::holds_alternative<std::monostate>(mContent); }
-
     bool IsNull() const { return std::holds_alternative<Null>(mContent); }
-
     bool IsObject() const { return std::holds_alternative<Ref<Object>>(mContent); }
-
     bool IsText() const { return std::holds_alternative<std::string>(mContent); }
-
     bool IsBoolean() const { return std::holds_alternative<bool>(mContent); }
-
     bool IsInteger() const { return std::holds_alternative<std::int32_t>(mContent); }
-
     bool IsDouble() const { return std::holds_alternative<double>(mContent); }
-
     bool IsArray() const { return std::holds_alternative<Array>(mContent); }
-
     bool IsRecord() const { return std::holds_alternative<RecordValue>(mContent); }
 
     // What follows converts where a conversion makes sense and raises error 13 where none does.
