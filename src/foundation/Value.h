@@ -32,6 +32,9 @@ struct RecordValue {
     std::string TypeName;
 };
 
+/// A reference to something outside the object model, of which only the interface is known.
+struct InterfaceValue {};
+
 /// What a member that is reached at run time holds: empty, null, a boolean, a 32-bit integer, a
 /// double, text, an object (or nothing), an array, or a record. Copies share objects and arrays.
 class Value {
@@ -55,6 +58,7 @@ public:
         : mContent(Ref<Object>(value)) {}
 
     Value(RecordValue value) : mContent(std::move(value)) {}
+    Value(InterfaceValue value) : mContent(value) {}
 
     /// An array of any shape; its entries must be as many as its bounds say.
     explicit Value(ValueArray value);
@@ -69,6 +73,7 @@ public:
     bool IsInteger() const { return std::holds_alternative<std::int32_t>(mContent); }
     bool IsDouble() const { return std::holds_alternative<double>(mContent); }
     bool IsArray() const { return std::holds_alternative<Array>(mContent); }
+    bool IsInterface() const { return std::holds_alternative<InterfaceValue>(mContent); }
     bool IsRecord() const { return std::holds_alternative<RecordValue>(mContent); }
 
     // What follows converts where a conversion makes sense and raises error 13 where none does.
@@ -97,7 +102,7 @@ public:
 
 private:
     std::variant<std::monostate, Null, bool, std::int32_t, double, std::string, Ref<Object>, Array,
-                 RecordValue>
+                 RecordValue, InterfaceValue>
         mContent;
 };
 
