@@ -121,6 +121,9 @@ void SetDiagnosticServer(DiagnosticServer* server) {
     diagnosticServer = server;
     bulwarkHasInitialised = false;
     bulwarkEnableInstanceCounts = false;
+    bulwarkProjectId = 0;
+    bulwarkProcessId = 0;
+    bulwarkInstanceCountsServerHandle = 0;
     bulwarkDebugClient = {};
     bulwarkInstanceCountsMemory.reset();
 }
