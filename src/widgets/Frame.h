@@ -1,0 +1,25 @@
+#pragma once
+
+#include "widgets/Container.h"
+
+namespace paperkite {
+
+/// A container with an optional caption and a border around it.
+class Frame : public Container {
+public:
+    explicit Frame(std::string name = {}) : Container(std::move(name)) {}
+
+    const std::string& GetCaption() const { return mCaption; }
+
+    void SetCaption(const std::string& value) { Assign(mCaption, value); }
+
+    bool GetBorder() const { return mBorder; }
+
+    void SetBorder(bool value) { Assign(mBorder, value); }
+
+private:
+    std::string mCaption;
+    bool mBorder = false;
+};
+
+} // namespace paperkite

@@ -1,0 +1,132 @@
+#pragma once
+
+#include "widgets/Control.h"
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace paperkite {
+
+class PropertiesList;
+
+enum class PropertyItemType : int { Normal = 0, Header = 1 };
+
+/// What a row's value is, which says how it is edited.
+enum class PropertyValueType { String, Number, Boolean, Choice };
+
+/// In which colour a value is shown.
+enum class ValueColour { Default, GrayText };
+
+/// One row of a PropertiesList. A removed row keeps its fields, has Index 0 and is heard no more.
+class PropertyItem {
+public:
+    explicit PropertyItem(std::string key) : mKey(std::move(key)) {}
+
+    PropertyItem(const PropertyItem&) = delete;
+    PropertyItem& operator=(const PropertyItem&) = delete;
+
+    const std::string& GetKey() const { return mKey; }
+
+    /// Position in the list from 1; 0 once the row was removed.
+    std::size_t GetIndex() const { return mIndex; }
+
+    const std::string& GetCaption() const { return mCaption; }
+
+    void SetCaption(const std::string& value) { Assign(mCaption, value); }
+
+    /// What the "Name" column shows; the caption when empty.
+    const std::string& GetDisplayText() const { return mDisplayText; }
+
+    void SetDisplayText(const std::string& value) { Assign(mDisplayText, value); }
+
+    /// May have many lines.
+    const std::string& GetValue() const { return mValue; }
+
+    /// A new value raises Change.
+    void SetValue(const std::string& value);
+
+    /// Shown in the description pane; "<BR>" breaks the line.
+    const std::string& GetDescription() const { return mDescription; }
+
+    void SetDescription(const std::string& value) { Assign(mDescription, value); }
+
+    const std::string& GetTag() const { return mTag; }
+
+    void SetTag(const std::string& value) { mTag = value; }
+
+    bool GetReadOnly() const { return mReadOnly; }
+
+    void SetReadOnly(bool value) { Assign(mReadOnly, value); }
+
+    /// A locked value is shown and not edited.
+    bool GetValueLocked() const { return mValueLocked; }
+
+    void SetValueLocked(bool value) { Assign(mValueLocked, value); }
+
+    PropertyItemType GetItemType() const { return mItemType; }
+
+    void SetItemType(PropertyItemType value) { Assign(mItemType, value); }
+
+    bool IsHeader() const { return mItemType == PropertyItemType::Header; }
+
+    PropertyValueType GetValueType() const { return mValueType; }
+
+    void SetValueType(PropertyValueType value) { Assign(mValueType, value); }
+
+    /// The values to choose from, for PropertyValueType::Choice.
+    const std::vector<std::string>& GetChoices() const { return mChoices; }
+
+    void SetChoices(const std::vector<std::string>& value) { Assign(mChoices, value); }
+
+    ValueColour GetValueColour() const { return mValueColour; }
+
+    void SetValueColour(ValueColour value) { Assign(mValueColour, value); }
+
+    bool GetBold() const { return mBold; }
+
+    void SetBold(bool value) { Assign(mBold, value); }
+
+    bool GetChecked() const { return mChecked; }
+
+    /// A new tick raises ItemCheck.
+    void SetChecked(bool value);
+
+    /// Whether the rows below a header are shown. Writing it raises nothing.
+    bool GetExpanded() const { return mExpanded; }
+
+    void SetExpanded(bool value) { Assign(mExpanded, value); }
+
+private:
+    friend class PropertiesList;
+
+    template <class Field>
+    bool Assign(Field& field, const Field& value) {
+        if (field == value) return false;
+        field = value;
+        TellChanged();
+        return true;
+    }
+
+    void TellChanged();
+
+    PropertiesList* mList = nullptr;
+    std::size_t mIndex = 0;
+    std::string mKey;
+    std::string mCaption;
+    std::string mDisplayText;
+    std::string mValue;
+    std::string mDescription;
+    std::string mTag;
+    std::vector<std::string> mChoices;
+    PropertyItemType mItemType = PropertyItemType::Normal;
+    PropertyValueType mValueType = PropertyValueType::String;
+    ValueColour mValueColour = ValueColour::Default;
+    bool mReadOnly = false;
+    bool mValueLocked = false;
+    bool mBold = false;
+    bool mChecked = false;
+    bool mExpanded = true;
+};
+
+} // namespace paperkite
