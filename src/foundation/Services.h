@@ -2,12 +2,13 @@
 
 #include "foundation/CommentPipe.h"
 #include "foundation/ControlHelper.h"
+#include "foundation/MousePointer.h"
 #include "foundation/RegistryHelper.h"
 
 #include <functional>
 #include <memory>
 #include <string>
-#include <string_view>
+#include <vector>
 
 namespace paperkite {
 
@@ -46,9 +47,7 @@ public:
     virtual std::string Run() = 0;
 };
 
-/// What the mouse pointer shows while a component works.
-enum class MousePointer : int { Default = 0, Hourglass = 11 };
-
+/// The mouse pointer of the whole screen.
 class Screen {
 public:
     virtual ~Screen() = default;

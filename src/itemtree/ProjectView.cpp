@@ -80,7 +80,9 @@ ProjectView::ProjectView() {
     });
 }
 
-ProjectView::~ProjectView() { Terminate(); }
+ProjectView::~ProjectView() {
+    Terminate();
+}
 
 void ProjectView::DumpVariables(VariableDump& dump) const {
     dump.Add("mKiteProject", mKiteProject)
@@ -103,8 +105,10 @@ void ProjectView::zMakeCommands() {
     const auto toolbar = Dock->AddToolbar("Main");
     for (const CommandText& text : kCommands) {
         Ref<DockCommand> command;
-        if (text.IsCheck) command = Dock->Commands.AddCheck(text.Name, text.Caption);
-        else command = Dock->Commands.Add(text.Name, text.Caption);
+        if (text.IsCheck)
+            command = Dock->Commands.AddCheck(text.Name, text.Caption);
+        else
+            command = Dock->Commands.Add(text.Name, text.Caption);
         command->SetToolTipText(text.ToolTip);
         command->SetStatusText(text.Status);
         toolbar->Add(command, text.BeginsGroup);
@@ -112,8 +116,8 @@ void ProjectView::zMakeCommands() {
 }
 
 void ProjectView::zConnect() {
-    mConnections.push_back(
-        Dock->Events.CommandClick.Connect([this](const auto& command) { Dock_CommandClick(command); }));
+    mConnections.push_back(Dock->Events.CommandClick.Connect(
+        [this](const auto& command) { Dock_CommandClick(command); }));
     mConnections.push_back(Dock->Events.ClientResize.Connect([this] { Dock_ClientResize(); }));
     auto& tree = tvwProject->Events;
     mConnections.push_back(
@@ -149,12 +153,18 @@ void ProjectView::Dock_CommandClick(const Ref<DockCommand>& Command) {
     Procedure(*this, "Dock_CommandClick", [&](Frame& frame) {
         Watch watchCommand(frame, "Command", Command);
         const std::string& name = Command->GetName();
-        if (name == "Previous") MoveToPreviousItem(true);
-        else if (name == "Next") MoveToNextItem(true);
-        else if (name == "Properties") Events.PropertiesRequested.Raise();
-        else if (name == "Copy") Events.CopyCommentsRequested.Raise();
-        else if (name == "Paste") Events.PasteCommentsRequested.Raise();
-        else if (!zToggle(Command)) return;
+        if (name == "Previous")
+            MoveToPreviousItem(true);
+        else if (name == "Next")
+            MoveToNextItem(true);
+        else if (name == "Properties")
+            Events.PropertiesRequested.Raise();
+        else if (name == "Copy")
+            Events.CopyCommentsRequested.Raise();
+        else if (name == "Paste")
+            Events.PasteCommentsRequested.Raise();
+        else if (!zToggle(Command))
+            return;
         Events.AfterCommand.Raise();
     });
 }
@@ -176,7 +186,9 @@ void ProjectView::Dock_ClientResize() {
               [&](Frame&) { tvwProject->Move(Dock->GetClientRectangle()); });
 }
 
-const std::string& ProjectView::GetAppName() const { return mAppName; }
+const std::string& ProjectView::GetAppName() const {
+    return mAppName;
+}
 
 void ProjectView::SetAppName(const std::string& value) {
     Procedure(*this, "AppName", [&](Frame& frame) {
@@ -223,7 +235,9 @@ Picture ProjectView::Icon(const std::string& Name) const {
     });
 }
 
-void ProjectView::zNoteChange(const char* property) { Events.PropertyChanged.Raise(property); }
+void ProjectView::zNoteChange(const char* property) {
+    Events.PropertyChanged.Raise(property);
+}
 
 void ProjectView::SetSupportsSelection(bool value) {
     tvwProject->SetSupportsSelection(value);

@@ -138,8 +138,10 @@ void ProjectView::SetItemExcludeValue(const Ref<NamespaceProvider>& provider,
         Watch watchName(frame, "qName", qName);
         Watch watchValue(frame, "Value", Value);
         const Ref<Object> obj = provider->GetItem(qName);
-        if (Value) zExclude(qName);
-        else zInclude(qName);
+        if (Value)
+            zExclude(qName);
+        else
+            zInclude(qName);
         Ignoring([&] { obj->Set("IncludeFlag", !Value); });
         Ignoring([&] { obj->Set("ExcludeFlag", Value); });
     });
@@ -175,8 +177,7 @@ void ProjectView::tvwProject_KeyUp(int& KeyCode, int Shift) {
     Procedure(*this, "tvwProject_KeyUp", [&](Frame& frame) {
         Watch watchKey(frame, "KeyCode", KeyCode);
         Watch watchShift(frame, "Shift", Shift);
-        if (ReverseCheck)
-            SetIsNodeChecked(ReverseCheckNode, !GetIsNodeChecked(ReverseCheckNode));
+        if (ReverseCheck) SetIsNodeChecked(ReverseCheckNode, !GetIsNodeChecked(ReverseCheckNode));
         if ((Shift & ShiftControl) != 0 && KeyCode == KeyN) {
             KeyCode = KeyNone;
             return;

@@ -18,13 +18,19 @@ void SetScreenPointer(MousePointer pointer) {
     if (CurrentServices().Screen) CurrentServices().Screen->SetMousePointer(pointer);
 }
 
-std::string QualifiedNameOf(const Ref<Object>& item) { return item->Get("QualifiedName").ToText(); }
+std::string QualifiedNameOf(const Ref<Object>& item) {
+    return item->Get("QualifiedName").ToText();
+}
 
 } // namespace
 
-bool IsPlaceholderKey(std::string_view key) { return key.ends_with(kPlaceholderEnding); }
+bool IsPlaceholderKey(std::string_view key) {
+    return key.ends_with(kPlaceholderEnding);
+}
 
-bool IsGroupNode(const TreeNode& node) { return node.GetTag().empty(); }
+bool IsGroupNode(const TreeNode& node) {
+    return node.GetTag().empty();
+}
 
 void ProjectView::LoadFromNamespaceDefs(const Ref<paperkite::NamespaceDefs>& NamespaceDefs,
                                         const std::string& Moniker, bool Clear) {
@@ -142,7 +148,8 @@ Ref<TreeNode> ProjectView::zGroupNode(const Ref<NamespaceDef>& nd,
     Ref<TreeNode> group = GetNodes().Find(key);
     if (group) return group;
     Ignoring([&] {
-        group = GetNodes().Add(ParentNode, TreeRelationship::Child, key, nd->GroupCaption, "Closed");
+        group =
+            GetNodes().Add(ParentNode, TreeRelationship::Child, key, nd->GroupCaption, "Closed");
         group->SetExpandedImage("Open");
         SetIsNodeChecked(group, true);
     });
@@ -161,9 +168,8 @@ Ref<TreeNode> ProjectView::zAddNode(const Ref<NamespaceDef>& nd, const std::stri
     const Ref<TreeNode> relative = zIsGroupWanted(nd) ? zGroupNode(nd, ParentNode) : ParentNode;
     if (!relative) return node;
     // An item that the tree shows already is left where it stands.
-    Ignoring([&] {
-        node = GetNodes().Add(relative, TreeRelationship::Child, key, text, nd->ImageKey);
-    });
+    Ignoring(
+        [&] { node = GetNodes().Add(relative, TreeRelationship::Child, key, text, nd->ImageKey); });
     return node;
 }
 
@@ -207,8 +213,7 @@ bool ProjectView::zAddPlaceholder(const Ref<TreeNode>& node, const Ref<Namespace
 void ProjectView::zLoadEagerly(const Ref<TreeNode>& node, const Ref<NamespaceDef>& nd) {
     if (nd->AutoExpandOnLoad) {
         NodeExpanded(node);
-    } else if (nd->PreloadChildren ||
-               (GetSupportsSelection() && nd->PreloadChildrenInSelection)) {
+    } else if (nd->PreloadChildren || (GetSupportsSelection() && nd->PreloadChildrenInSelection)) {
         NodeExpanded(node);
         node->SetExpanded(false);
         const Ref<TreeNode> parent = node->GetParent();
@@ -216,8 +221,7 @@ void ProjectView::zLoadEagerly(const Ref<TreeNode>& node, const Ref<NamespaceDef
     }
 }
 
-void ProjectView::AddChildNamespaceItems(const Ref<NamespaceDef>& nd,
-                                         const Ref<Object>& ParentItem,
+void ProjectView::AddChildNamespaceItems(const Ref<NamespaceDef>& nd, const Ref<Object>& ParentItem,
                                          const Ref<TreeNode>& ParentNode) {
     Procedure(*this, "AddChildNamespaceItems", [&](Frame& frame) {
         Watch watchDef(frame, "nd", nd);
@@ -312,7 +316,8 @@ void ProjectView::Refresh() {
         const Ref<ObjectCollection> rootItems = mRootItems;
         mRootItems = MakeRef<ObjectCollection>();
         Clear();
-        for (const auto& item : *rootItems) LoadFromNamespaceRootItem(mNamespaceDefs, item, true);
+        for (const auto& item : *rootItems)
+            LoadFromNamespaceRootItem(mNamespaceDefs, item, true);
         if (!mTreePath.empty())
             Required(CurrentServices().ControlHelper).SetTreePath(*tvwProject, mTreePath);
         if (!GetSelectedItem()) GetNodes().GetFirst()->SetSelected(true);
@@ -371,20 +376,27 @@ Ref<Object> ProjectView::GetCurrentRootItem() const {
     return Procedure<Ref<Object>>(*this, "CurrentRootItem", [&](Ref<Object>& result, Frame&) {
         Ref<TreeNode> node = GetSelectedItem();
         if (!node) return;
-        while (const Ref<TreeNode> parent = node->GetParent()) node = parent;
+        while (const Ref<TreeNode> parent = node->GetParent())
+            node = parent;
         result = GetObjectFromQualifiedName(node->GetKey());
     });
 }
 
-bool ProjectView::GetShowPrivate() const { return GlobalConfig().ProjectViewOptions.ShowPrivate; }
+bool ProjectView::GetShowPrivate() const {
+    return GlobalConfig().ProjectViewOptions.ShowPrivate;
+}
 
 void ProjectView::SetShowPrivate(bool value) {
     GlobalConfig().ProjectViewOptions.ShowPrivate = value;
 }
 
-bool ProjectView::GetShowFriend() const { return GlobalConfig().ProjectViewOptions.ShowFriend; }
+bool ProjectView::GetShowFriend() const {
+    return GlobalConfig().ProjectViewOptions.ShowFriend;
+}
 
-void ProjectView::SetShowFriend(bool value) { GlobalConfig().ProjectViewOptions.ShowFriend = value; }
+void ProjectView::SetShowFriend(bool value) {
+    GlobalConfig().ProjectViewOptions.ShowFriend = value;
+}
 
 bool ProjectView::GetShowProtected() const {
     return GlobalConfig().ProjectViewOptions.ShowProtected;
@@ -402,8 +414,12 @@ void ProjectView::SetAutoExpandChildren(bool value) {
     GlobalConfig().ProjectViewOptions.AutoExpandChildren = value;
 }
 
-bool ProjectView::GetGrouped() const { return GlobalConfig().ProjectViewOptions.Grouped; }
+bool ProjectView::GetGrouped() const {
+    return GlobalConfig().ProjectViewOptions.Grouped;
+}
 
-void ProjectView::SetGrouped(bool value) { GlobalConfig().ProjectViewOptions.Grouped = value; }
+void ProjectView::SetGrouped(bool value) {
+    GlobalConfig().ProjectViewOptions.Grouped = value;
+}
 
 } // namespace paperkite

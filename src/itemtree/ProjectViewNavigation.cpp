@@ -104,10 +104,12 @@ Ref<TreeNode> ProjectView::PreviousNode(const Ref<TreeNode>& n) {
                                         Watch watchNode(frame, "n", n);
                                         if (!n) return;
                                         const Ref<TreeNode> sibling = n->GetPrevious();
-                                        if (!sibling) result = n->GetParent();
+                                        if (!sibling)
+                                            result = n->GetParent();
                                         else if (sibling->GetChild())
                                             result = LastChild(sibling->GetChild());
-                                        else result = sibling;
+                                        else
+                                            result = sibling;
                                     });
 }
 
@@ -116,9 +118,11 @@ Ref<TreeNode> ProjectView::LastChild(const Ref<TreeNode>& n) {
         Watch watchNode(frame, "n", n);
         result = n;
         while (true) {
-            if (const Ref<TreeNode> parent = result->GetParent()) result = parent->GetLastChild();
+            if (const Ref<TreeNode> parent = result->GetParent())
+                result = parent->GetLastChild();
             else
-                while (const Ref<TreeNode> next = result->GetNext()) result = next;
+                while (const Ref<TreeNode> next = result->GetNext())
+                    result = next;
             const Ref<TreeNode> child = result->GetChild();
             if (!child) return;
             result = child;
@@ -140,14 +144,12 @@ void ProjectView::SetTreePath(const std::string& Path) {
 }
 
 Ref<Object> ProjectView::GetObjectFromQualifiedName(const std::string& QualifiedName) const {
-    return Procedure<Ref<Object>>(*this, "GetObjectFromQualifiedName",
-                                  [&](Ref<Object>& result, Frame& frame) {
-                                      Watch watchName(frame, "QualifiedName", QualifiedName);
-                                      const Ref<NamespaceDef> nd = mNamespaceDefs->Item(1);
-                                      result = GetKiteProject()
-                                                   ->NamespaceProvider(nd->Moniker)
-                                                   ->GetItem(QualifiedName);
-                                  });
+    return Procedure<Ref<Object>>(
+        *this, "GetObjectFromQualifiedName", [&](Ref<Object>& result, Frame& frame) {
+            Watch watchName(frame, "QualifiedName", QualifiedName);
+            const Ref<NamespaceDef> nd = mNamespaceDefs->Item(1);
+            result = GetKiteProject()->NamespaceProvider(nd->Moniker)->GetItem(QualifiedName);
+        });
 }
 
 void ProjectView::HighlightCommentedNodes() {

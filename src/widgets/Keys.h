@@ -1,5 +1,7 @@
 #pragma once
 
+#include "foundation/MousePointer.h"
+
 namespace paperkite {
 
 /// The key codes that key events carry; letters and digits are their upper-case ASCII codes.
@@ -33,8 +35,5 @@ enum ShiftMask : int { ShiftNone = 0, ShiftShift = 1, ShiftControl = 2, ShiftAlt
 
 /// The bits of the Button argument of mouse events.
 enum MouseButtonMask : int { MouseNone = 0, MouseLeft = 1, MouseRight = 2, MouseMiddle = 4 };
-
-/// What the mouse pointer looks like over a control or the whole screen.
-enum class MousePointer : int { Default = 0, Hourglass = 11 };
 
 } // namespace paperkite
