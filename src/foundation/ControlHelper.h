@@ -27,9 +27,10 @@ public:
     virtual std::string GetClipboardItemType() const = 0;
     virtual std::string GetClipboardQualifiedName() const = 0;
 
-    /// Keeps an item's own description and its general comment in step: with `load` the item's
-    /// description is taken up where no general comment exists, without it the comment is given to
-    /// the item.
+    /// Keeps an item's own description in step with its general comment: gives the comment's text
+    /// to the item's TaggedDescription (or Description, where it has no such member). With `load`,
+    /// the first time, an item without a general comment is left as it is: taking an item up never
+    /// makes a comment. Without it, such an item's TaggedDescription becomes empty.
     virtual void SyncGeneralComment(const Ref<Object>& item, bool load) = 0;
     /// The first comment of a tag that is no tombstone, or nothing; letter case ignored.
     virtual Ref<TaggedComment> FindTaggedComment(const Ref<TaggedCommentCollection>& comments,

@@ -4,6 +4,7 @@
 #include "foundation/Event.h"
 #include "foundation/NamespaceDefs.h"
 #include "foundation/Object.h"
+#include "foundation/VariableDef.h"
 
 #include <string>
 #include <vector>
@@ -66,6 +67,8 @@ struct PageTemplate : Object {
     std::string Folder;
     std::string Language;
     std::vector<Ref<TemplateNamespace>> Namespaces;
+    /// The variables that projects may set, by name.
+    Collection<Ref<VariableDef>> VariableDefs{KeyComparison::IgnoringCase};
     Ref<paperkite::PageLayouts> PageLayouts = MakeRef<paperkite::PageLayouts>();
     Ref<paperkite::NamespaceDefs> NamespaceDefs = MakeRef<paperkite::NamespaceDefs>();
 };

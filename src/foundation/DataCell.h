@@ -1,0 +1,28 @@
+#pragma once
+
+#include "foundation/Object.h"
+
+namespace paperkite {
+
+/// One value that the host of a comment designer hands over: a plain value or an object.
+class DataCell : public Object {
+public:
+    DataCell() = default;
+    explicit DataCell(paperkite::Value value) : mValue(std::move(value)) {}
+    std::string TypeName() const override { return "DataCell"; }
+
+    const paperkite::Value& GetValue() const { return mValue; }
+    void SetValue(paperkite::Value value) { mValue = std::move(value); }
+
+    /// Nothing when the cell holds a plain value.
+    Ref<Object> GetObjectValue() const {
+        return mValue.IsObject() ? mValue.ToObject() : Ref<Object>();
+    }
+
+    void SetObjectValue(const Ref<Object>& value) { mValue = paperkite::Value(value); }
+
+private:
+    paperkite::Value mValue;
+};
+
+} // namespace paperkite
