@@ -1,0 +1,310 @@
+#include "authoring/CommentEditor.h"
+
+#include "foundation/GlobalConfig.h"
+#include "foundation/Services.h"
+#include "foundation/Settings.h"
+#include "foundation/Text.h"
+
+namespace paperkite {
+
+namespace {
+
+constexpr const char* kSplitSize = "CommentEditorSplitSize";
+constexpr const char* kDescriptionPane = "Layout\\DescriptionPane";
+constexpr const char* kIconFolder = "/icons/commenttypes";
+constexpr const char* kHiddenOption = "x";
+constexpr const char* kTitleImage = "headerimage";
+constexpr std::size_t kTitleImagePosition = 2;
+constexpr int kShownDescriptionHeight = 49;
+constexpr int kBarPercentage = 28;
+
+bool ServesNamespace(const PageTemplate& pageTemplate, const std::string& name) {
+    for (const auto& entry : pageTemplate.Namespaces)
+        if (EqualIgnoringCase(entry->Moniker, name)) return true;
+    return false;
+}
+
+} // namespace
+
+CommentEditor::CommentEditor() {
+    Procedure(*this, "UserControl_Initialize", [&](Frame&) {
+        mNamespaceChanged = true;
+        splitMain->SetPercentage(kBarPercentage);
+        splitMain->SetSecondPane(tagsContainer);
+        tagsContainer->Controls.Add(prpTags);
+        tagsContainer->Controls.Add(prpFlags);
+        prpFlags->SetCheckBoxes(true);
+        prpTags->SetAccessibleName("Tags");
+        prpFlags->SetAccessibleName("Flags");
+        eb->SetAccessibleName("Comment types");
+        zHideSurfaces();
+        mCheckBoxes.SetClickHandler([this](std::size_t index) { chkExplorerBar_Click(index); });
+        zMakeGroups();
+        zConnectLists();
+    });
+}
+
+CommentEditor::~CommentEditor() {
+    Procedure(*this, "UserControl_Terminate", [&](Frame&) {
+        if (mUserMode) SetAppValue(kSplitSize, splitMain->GetPercentage(), {});
+        Terminate();
+    });
+}
+
+void CommentEditor::zMakeGroups() {
+    const auto images = MakeRef<ImageList>();
+    images->Add("tick", {"dialog-ok-apply", {}, "in use"});
+    images->Add(kTitleImage, {});
+    eb->SetImageList(images);
+    eb->AddGroup("main", "{Item Name}")->SetIcon(kTitleImage);
+    eb->AddGroup("flags", "Flags")->Add("checkboxcontainer", {});
+    eb->AddGroup("other", "Other")->Add("other", "Other Information");
+}
+
+void CommentEditor::zConnectLists() {
+    auto& tags = prpTags->Events;
+    mConnections.push_back(
+        tags.ButtonClick.Connect([this](const auto& key) { prpTags_ButtonClick(key); }));
+    mConnections.push_back(
+        tags.AfterEdit.Connect([this](const auto& row, const auto& value, const auto&, bool&) {
+            prpTags_AfterEdit(row, value);
+        }));
+    mConnections.push_back(tags.Change.Connect([this](const auto& row) { prpTags_Change(row); }));
+    mConnections.push_back(
+        tags.SelChange.Connect([this](const auto& row) { prpTags_SelChange(row); }));
+    mConnections.push_back(tags.DblClick.Connect([this] { prpTags_DblClick(); }));
+    mConnections.push_back(
+        tags.KeyDown.Connect([this](int& key, int shift) { prpTags_KeyDown(key, shift); }));
+    mConnections.push_back(
+        tags.BeforeExtendedEdit.Connect([](const auto&, bool& cancel) { cancel = true; }));
+    // The headers cannot be folded.
+    mConnections.push_back(tags.Collapse.Connect([](const auto& row) { row->SetExpanded(true); }));
+    mConnections.push_back(
+        prpFlags->Events.ItemCheck.Connect([this](const auto& row) { prpFlags_ItemCheck(row); }));
+    mConnections.push_back(eb->Events.SelChange.Connect(
+        [this](const auto&, const auto& item, const auto&) { eb_SelChange(item); }));
+}
+
+void CommentEditor::Initialize() {
+    InitControl();
+}
+
+void CommentEditor::InitControl() {
+    Procedure(*this, "InitControl", [&](Frame&) {
+        if (mInitialized) return;
+        eb->GetGroup("flags")
+            ->Item("checkboxcontainer")
+            ->SetControl(MakeRef<Container>("fraExplorerBar"));
+        splitMain->SetFirstPane(mShowCombo ? Ref<Control>() : Ref<Control>(eb));
+        mNamespaceChanged = true;
+        zMakeButtons();
+        prpTags->SetColumnCaption("Name", "Tag");
+        prpTags->SetColumnCaption("Value", "Value");
+        zReadDescriptionPane();
+        zLoadIcons();
+        mInitialized = true;
+    });
+}
+
+void CommentEditor::zMakeButtons() {
+    AddButtonIndex = prpTags->AddButton("AddButton", "Click to add this tag", "list-add");
+    DeleteButtonIndex = prpTags->AddButton("DeleteButton", "Delete Tag", "edit-delete");
+    prpTags->SetButtonVisible(AddButtonIndex, false);
+    prpTags->SetButtonVisible(DeleteButtonIndex, false);
+}
+
+void CommentEditor::zReadDescriptionPane() {
+    prpTags->SetDescriptionVisible(
+        GetAppValue("Visible", 1, kConvertToNumber, kDescriptionPane).ToBoolean());
+    prpTags->SetDescriptionHeight(
+        GetAppValue("Height", 75, kConvertToNumber, kDescriptionPane).ToInteger());
+}
+
+void CommentEditor::zLoadIcons() {
+    if (!CurrentServices().FileSystem) return;
+    const std::string folder = CurrentServices().ApplicationFolder + kIconFolder;
+    for (const std::string& name : CurrentServices().FileSystem->FilesWithExtension(folder, ".ico"))
+        eb->GetImageList()->Add(LowerCase(name), {{}, folder + "/" + name + ".ico", {}});
+}
+
+void CommentEditor::UserControl_Show() {
+    Procedure(*this, "UserControl_Show", [&](Frame&) {
+        for (const auto& list : {prpTags, prpFlags}) {
+            list->SetDescriptionHeightFixed(true);
+            list->SetDescriptionHeight(kShownDescriptionHeight);
+        }
+        tagsContainer->FillControls();
+    });
+}
+
+void CommentEditor::ReloadSettings() {
+    Procedure(*this, "ReloadSettings", [&](Frame&) {
+        if (mSpell) InitSpellingObject(*mSpell);
+        zReadDescriptionPane();
+    });
+}
+
+void CommentEditor::Terminate() {
+    if (mTerminated) return;
+    mTerminated = true;
+    Procedure(*this, "Terminate", [&](Frame&) {
+        NamespaceDefs = nullptr;
+        CurrentRootItem = nullptr;
+        UnloadFlagCheckboxes();
+        eb->GetGroup("flags")->Item("checkboxcontainer")->SetControl(nullptr);
+        mCurrentCodeElement = nullptr;
+        mCurrentNamespaceDef = nullptr;
+        mKiteProject = nullptr;
+        mInPlaceTemplate = nullptr;
+        mWrapper = nullptr;
+        mSpell = nullptr;
+        mDynamicHelpHost = nullptr;
+    });
+}
+
+void CommentEditor::Load(const Ref<paperkite::NamespaceDef>& NamespaceDef, const Ref<Object>& Item,
+                         const Ref<Object>& RootItem, const Picture& TitleIcon,
+                         const std::string& TitleCaption) {
+    Procedure(*this, "Load", [&](Frame& frame) {
+        Watch watchDef(frame, "NamespaceDef", NamespaceDef);
+        Watch watchItem(frame, "Item", Item);
+        Watch watchRoot(frame, "RootItem", RootItem);
+        Watch watchCaption(frame, "TitleCaption", TitleCaption);
+        SetCurrentNamespaceDef(NamespaceDef);
+        CurrentRootItem = RootItem;
+        SetCurrentCodeElement(Item);
+        SetTitleCaption(TitleCaption);
+        SetTitleIcon(TitleIcon);
+        SetDirty(false);
+    });
+}
+
+void CommentEditor::SetCurrentCodeElement(const Ref<Object>& value) {
+    Procedure(*this, "CurrentCodeElement", [&](Frame& frame) {
+        Watch watchValue(frame, "value", value);
+        if (!mInitialized) InitControl();
+        mCurrentCodeElement = value;
+        if (mCurrentCodeElement)
+            Required(CurrentServices().ControlHelper).SyncGeneralComment(mCurrentCodeElement, true);
+        Refresh(false);
+    });
+}
+
+void CommentEditor::SetCurrentNamespaceDef(const Ref<NamespaceDef>& value) {
+    if (mCurrentNamespaceDef == value) return;
+    mCurrentNamespaceDef = value;
+    mNamespaceChanged = true;
+}
+
+Ref<TaggedCommentCollection> CommentEditor::GetTaggedComments() const {
+    return Procedure<Ref<TaggedCommentCollection>>(
+        *this, "TaggedComments", [&](Ref<TaggedCommentCollection>& result, Frame&) {
+            if (!mCurrentCodeElement) return;
+            result =
+                mCurrentCodeElement->Get("TaggedComments").ToObjectOf<TaggedCommentCollection>();
+        });
+}
+
+void CommentEditor::SetDirty(bool value) {
+    if (mDirty == value) return;
+    mDirty = value;
+    Procedure(*this, "Dirty", [&](Frame&) { Events.DirtyStateChanged.Raise(); });
+}
+
+Ref<PageTemplate> CommentEditor::GetInPlaceTemplate() {
+    return Procedure<Ref<PageTemplate>>(
+        *this, "InPlaceTemplate", [&](Ref<PageTemplate>& result, Frame&) {
+            if (!mInPlaceTemplate && mCurrentNamespaceDef) {
+                const std::string name = mCurrentNamespaceDef->GetParentDefs()->GetName();
+                for (const auto& candidate : GlobalConfig().Templates) {
+                    if (ContainsIgnoringCase(candidate->Options, kHiddenOption)) continue;
+                    if (!ServesNamespace(*candidate, name)) continue;
+                    mInPlaceTemplate = candidate;
+                    break;
+                }
+            }
+            result = mInPlaceTemplate;
+        });
+}
+
+void CommentEditor::SetInPlaceTemplate(const Ref<PageTemplate>& value) {
+    mInPlaceTemplate = value;
+    Refresh(false);
+}
+
+std::string CommentEditor::GetTitleCaption() const {
+    return eb->GetGroup(1)->GetCaption();
+}
+
+void CommentEditor::SetTitleCaption(const std::string& value) {
+    eb->GetGroup(1)->SetCaption(value);
+}
+
+const Picture& CommentEditor::GetTitleIcon() const {
+    return eb->GetImageList()->Item(kTitleImagePosition);
+}
+
+void CommentEditor::SetTitleIcon(const Picture& value) {
+    eb->GetImageList()->Replace(kTitleImagePosition, value);
+}
+
+const std::string& CommentEditor::GetAppName() const {
+    return mAppName;
+}
+
+void CommentEditor::SetAppName(const std::string& value) {
+    Procedure(*this, "AppName", [&](Frame& frame) {
+        Watch watchValue(frame, "value", value);
+        mAppName = value;
+        const Value size = GetAppValue(kSplitSize, splitMain->GetPercentage(), kConvertToText, {});
+        splitMain->SetPercentage(static_cast<int>(LeadingNumber(size.ToText())));
+    });
+}
+
+void CommentEditor::SetSelectedItem(const Ref<PropertyItem>& value) {
+    Procedure(*this, "SelectedItem", [&](Frame&) { prpTags->SetSelectedItem(value); });
+}
+
+void CommentEditor::SetShowCombo(bool value) {
+    mShowCombo = value;
+    splitMain->SetFirstPane(value ? Ref<Control>() : Ref<Control>(eb));
+    eb->SetVisible(!value && mCurrentCodeElement);
+}
+
+void CommentEditor::DumpVariables(VariableDump& dump) const {
+    dump.Add("NamespaceDefs", NamespaceDefs)
+        .Add("CurrentRootItem", CurrentRootItem)
+        .Add("CancelSpellCheck", CancelSpellCheck)
+        .Add("mShowCombo", mShowCombo)
+        .Add("mCurrentNamespaceDef", mCurrentNamespaceDef)
+        .Add("mNamespaceChanged", mNamespaceChanged)
+        .Add("mEditInFocus", mEditInFocus)
+        .Add("mForceChange", mForceChange)
+        .Add("mIgnoreReset", mIgnoreReset)
+        .Add("mCurrentCodeElement", mCurrentCodeElement)
+        .Add("mShowLegacyTags", mShowLegacyTags)
+        .Add("mListImplicitTaggedCommentType", mListImplicitTaggedCommentType)
+        .Add("mDesignFlag", mDesignFlag)
+        .Add("mSpellCheckCancelled", mSpellCheckCancelled)
+        .Add("mModules", Value::ArrayOfTexts(mModules))
+        .Add("mProjectName", mProjectName)
+        .Add("AddButtonIndex", AddButtonIndex)
+        .Add("DeleteButtonIndex", DeleteButtonIndex)
+        .Add("mNoSetFocus", mNoSetFocus)
+        .Add("mInPlaceTemplate", mInPlaceTemplate)
+        .Add("mWrapper", mWrapper)
+        .Add("mSpell", mSpell)
+        .Add("mBaseURL", mBaseURL)
+        .Add("mKiteProject", mKiteProject)
+        .Add("mKeepTombstones", mKeepTombstones)
+        .Add("mDynamicHelpHost", mDynamicHelpHost)
+        .Add("mCommentType", static_cast<int>(mCommentType))
+        .Add("mDirty", mDirty)
+        .Add("mAutoSetFocus", mAutoSetFocus)
+        .Add("mTerminated", mTerminated)
+        .Add("mPostingtoCheckboxes", mPostingtoCheckboxes)
+        .Add("mPopulating", mPopulating)
+        .Add("mInitialized", mInitialized);
+}
+
+} // namespace paperkite
