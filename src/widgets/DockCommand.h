@@ -71,6 +71,7 @@ protected:
 private:
     friend class DockCommands;
     void TellChanged();
+    void SetHost(DockHost* host);
 
     DockHost* mHost = nullptr;
     std::string mName;

@@ -51,7 +51,7 @@ private:
     friend class DockCommand;
     friend class DockHost;
     void Release(const Ref<DockCommand>& command);
-    void LeaveHost();
+    void SetHost(DockHost* host);
 
     DockHost* mHost;
     Collection<Ref<DockCommand>> mCommands{KeyComparison::IgnoringCase};

@@ -91,7 +91,7 @@ private:
     }
 
     void TellChanged();
-    void LeaveBar();
+    void Release(const Ref<GroupItem>& item);
 
     ExplorerBar* mBar = nullptr;
     std::string mKey;

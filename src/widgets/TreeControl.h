@@ -198,7 +198,12 @@ private:
     void TellTouchedParents();
     void Open(const Ref<TreeNode>& node);
     void Close(const Ref<TreeNode>& node);
-    void DropSelectionBelow(const TreeNode& node);
+    void TellClearing();
+    void TellCleared();
+    void TellWantsToBeSeen(const Ref<TreeNode>& node);
+    bool HasSelectionBelow(const TreeNode& node) const;
+    void SelectionLost();
+    void TellSelectionChanged();
     bool Select(const Ref<TreeNode>& node);
     bool IsOwn(const Ref<TreeNode>& node) const;
 

@@ -70,7 +70,7 @@ public:
     bool GetBold() const;
     void SetBold(bool value);
 
-    const Colour GetForeColor() const;
+    Colour GetForeColor() const;
     void SetForeColor(const Colour& value);
 
     bool GetChecked() const;

@@ -110,7 +110,7 @@ private:
         }
     };
 
-    const Ref<TreeNode>& RefOf(const TreeNode* node) const;
+    Ref<TreeNode> RefOf(const TreeNode* node) const;
     const std::string* Shared(const std::string& text);
     void CheckRelative(const Ref<TreeNode>& relative) const;
     void Link(TreeNode& node, TreeNode* relative, TreeRelationship relationship);

@@ -1,0 +1,113 @@
+#include "widgets/Keys.h"
+#include "widgets/PropertiesList.h"
+
+// The in-place edit of a row, and the author's gestures.
+
+namespace paperkite {
+
+bool PropertiesList::BeginEdit() {
+    if (mInEdit) return true;
+    const Ref<PropertyItem> row = mSelected;
+    if (!row || row->IsHeader() || row->GetReadOnly() || row->GetValueLocked()) return false;
+    bool cancel = false;
+    Events.BeforeEdit.Raise(row, cancel);
+    if (cancel || mSelected != row || !IsOwn(row)) return false;
+    mInEdit = true;
+    mEditText = row->GetValue();
+    Tell<PropertiesListObserver>([](auto& view) { view.EditBegan(); });
+    return true;
+}
+
+void PropertiesList::EndEdit() {
+    if (!mInEdit) return;
+    const Ref<PropertyItem> row = mSelected;
+    const std::string text = mEditText;
+    if (row->GetValue() != text) {
+        bool cancel = false;
+        try {
+            Events.AfterEdit.Raise(row, text, {}, cancel);
+            if (!cancel && mInEdit && IsOwn(row)) row->SetValue(text);
+        } catch (...) {
+            CloseEdit();
+            throw;
+        }
+    }
+    CloseEdit();
+}
+
+void PropertiesList::CancelEdit() {
+    CloseEdit();
+}
+
+void PropertiesList::CloseEdit() {
+    if (!mInEdit) return;
+    mInEdit = false;
+    mEditText.clear();
+    Tell<PropertiesListObserver>([](auto& view) { view.EditEnded(); });
+}
+
+void PropertiesList::UserClick(const Ref<PropertyItem>& row) {
+    if (!AcceptsGestures() || !IsOwn(row)) return;
+    SetSelectedItem(row);
+    Events.Click.Raise();
+}
+
+void PropertiesList::UserSelect(const Ref<PropertyItem>& row) {
+    if (AcceptsGestures() && IsOwn(row)) SetSelectedItem(row);
+}
+
+void PropertiesList::UserDblClick(const Ref<PropertyItem>& row) {
+    if (!AcceptsGestures() || !IsOwn(row)) return;
+    SetSelectedItem(row);
+    Events.DblClick.Raise();
+}
+
+void PropertiesList::UserClickButton(const std::string& key) {
+    if (!AcceptsGestures()) return;
+    for (const auto& button : mButtons) {
+        if (button.Key != key || !button.Visible) continue;
+        Events.ButtonClick.Raise(std::string(key));
+        return;
+    }
+}
+
+void PropertiesList::UserCheck(const Ref<PropertyItem>& row) {
+    if (AcceptsGestures() && mCheckBoxes && IsOwn(row)) row->SetChecked(!row->GetChecked());
+}
+
+void PropertiesList::UserToggle(const Ref<PropertyItem>& row) {
+    if (!AcceptsGestures() || !IsOwn(row) || !row->IsHeader()) return;
+    row->SetExpanded(!row->GetExpanded());
+    (row->GetExpanded() ? Events.Expand : Events.Collapse).Raise(row);
+}
+
+void PropertiesList::UserType(const std::string& text) {
+    if (AcceptsGestures() && mInEdit) mEditText = text;
+}
+
+bool PropertiesList::UserExtendedEdit() {
+    if (!AcceptsGestures() || !mSelected) return false;
+    bool cancel = false;
+    Events.BeforeExtendedEdit.Raise(mSelected, cancel);
+    return !cancel;
+}
+
+int PropertiesList::UserKeyDown(int keyCode, int shift) {
+    if (!AcceptsGestures()) return keyCode;
+    const bool wasInEdit = mInEdit;
+    Events.KeyDown.Raise(keyCode, shift);
+    if (keyCode == KeyF2 && !mInEdit) BeginEdit();
+    if (keyCode == KeyEscape && wasInEdit) CancelEdit();
+    return keyCode;
+}
+
+int PropertiesList::UserKeyUp(int keyCode, int shift) {
+    if (AcceptsGestures()) Events.KeyUp.Raise(keyCode, shift);
+    return keyCode;
+}
+
+void PropertiesList::UserResizeDescription(int height) {
+    if (!mDescriptionHeightFixed) SetDescriptionHeight(height);
+}
+
+} // namespace paperkite
