@@ -1,0 +1,44 @@
+#include "host/HeadlessServices.h"
+
+#include "foundation/GlobalConfig.h"
+#include "foundation/Services.h"
+#include "model/CommentPipeModel.h"
+#include "model/ConfigurationReader.h"
+#include "platform/files/LocalFileSystem.h"
+#include "platform/settings/SettingsRegistry.h"
+
+#include <iostream>
+
+namespace paperkite {
+
+namespace {
+
+/// Nobody is there to answer: what would be shown is written down.
+class ErrorStreamMessageBox : public MessageBox {
+public:
+    MessageAnswer Show(const std::string& text, const std::string& title, MessageIcon,
+                       MessageButtons) override {
+        std::cerr << title << ": " << text << '\n';
+        return MessageAnswer::Ok;
+    }
+};
+
+} // namespace
+
+std::shared_ptr<ModelControlHelper> InstallHeadlessServices(const std::string& applicationFolder) {
+    auto helper = std::make_shared<ModelControlHelper>();
+    Services& services = CurrentServices();
+    services.Registry = std::make_shared<SettingsRegistry>();
+    services.MessageBox = std::make_shared<ErrorStreamMessageBox>();
+    services.FileSystem = std::make_shared<LocalFileSystem>();
+    services.ControlHelper = helper;
+    services.CreateCommentPipe = [] { return MakeRef<CommentPipeModel>(); };
+    services.ApplicationFolder = applicationFolder;
+    const std::string configuration = applicationFolder + "/config";
+    if (const auto problem =
+            ConfigurationReader::Load(configuration, GlobalConfig().TaggedCommentDefs))
+        std::cerr << problem->Message() << '\n';
+    return helper;
+}
+
+} // namespace paperkite
