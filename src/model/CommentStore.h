@@ -1,0 +1,89 @@
+#pragma once
+
+#include "foundation/Object.h"
+#include "foundation/TaggedCommentCollection.h"
+#include "model/ContentFile.h"
+#include "model/XmlElement.h"
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace paperkite {
+
+/// All comments of a project, by the qualified names of their items, whether the items exist in the
+/// scanned code or not: comments on an item that is gone are kept until somebody deletes them.
+///
+/// The collections that it gives are the comments themselves: what is added to or taken from one is
+/// added to or taken from the store. They live as long as anybody holds them or comments are in
+/// them.
+class CommentStore : public Object {
+public:
+    /// What a reader found around a comment and did not understand; written back with it.
+    struct KeptContent {
+        std::vector<XmlElement> Before;
+        std::vector<XmlElement::Attribute> Attributes;
+        std::vector<XmlElement> Children;
+    };
+
+    /// Where a stored comment came from.
+    struct Origin {
+        Ref<ContentFile> File;
+        std::shared_ptr<const KeptContent> Kept;
+    };
+
+    std::string TypeName() const override { return "CommentStore"; }
+
+    /// The comments of an item, which become its own (their Item); an empty collection when it has
+    /// none. Asking makes no comment.
+    Ref<TaggedCommentCollection> CommentsOf(const Ref<Object>& item,
+                                            const std::string& qualifiedName);
+    /// The comments under a name, or nothing; their Item is left alone.
+    Ref<TaggedCommentCollection> Find(const std::string& qualifiedName) const;
+    /// Puts another collection in place, usually the same comments in another order.
+    void SetComments(const std::string& qualifiedName,
+                     const Ref<TaggedCommentCollection>& comments);
+
+    /// How many comments an item has, tombstones not counted; makes nothing.
+    std::size_t CountOf(const std::string& qualifiedName) const;
+    /// An item is documented when it has any comment. It is the same test by which the tree shows
+    /// it bold.
+    bool IsDocumented(const std::string& qualifiedName) const { return CountOf(qualifiedName) > 0; }
+
+    /// All comments, tombstones not counted.
+    std::size_t Count() const;
+    /// The names under which there are comments, sorted by their bytes.
+    std::vector<std::string> QualifiedNames() const;
+
+    /// Adds a comment that was read. One whose Id the item has already gets a fresh one: two
+    /// branches may have copied it.
+    void Load(const std::string& qualifiedName, const Ref<TaggedComment>& comment, Origin origin);
+    /// Where a comment came from; a new one from nowhere.
+    Origin OriginOf(const std::string& qualifiedName, const TaggedComment& comment) const;
+
+    /// After a successful save: new comments belong to the file, their State is 0, and tombstones
+    /// are gone.
+    void MarkStored(const std::string& qualifiedName, const TaggedComment& comment,
+                    const Ref<ContentFile>& file);
+    void DropTombstones();
+    /// Lets go of all comments of a Content File.
+    void DropFile(const Ref<ContentFile>& file);
+    void Clear();
+
+private:
+    struct Record {
+        Ref<TaggedCommentCollection> Comments;
+        std::vector<std::pair<std::string, Origin>> Origins;
+    };
+
+    Record& RecordOf(const std::string& qualifiedName);
+    void SweepEmpty();
+
+    std::unordered_map<std::string, Record> mRecords;
+    std::size_t mSweepAt = 4096;
+};
+
+} // namespace paperkite

@@ -1,0 +1,41 @@
+#include "model/CoverageReport.h"
+
+#include <algorithm>
+#include <map>
+#include <unordered_set>
+
+namespace paperkite {
+
+double CoverageReport::Count::Percent() const {
+    if (Total == 0) return 100;
+    return 100.0 * static_cast<double>(Documented) / static_cast<double>(Total);
+}
+
+bool CoverageReport::Count::Reaches(double percent) const {
+    return Total == 0 ||
+           100.0 * static_cast<double>(Documented) >= percent * static_cast<double>(Total);
+}
+
+CoverageReport CoverageReport::Make(const CoverageSource& source, const CommentStore& comments,
+                                    Grouping grouping) {
+    CoverageReport report;
+    std::map<std::string, Count> groups;
+    std::vector<std::string> commented = comments.QualifiedNames();
+    std::unordered_set<std::string> gone(commented.begin(), commented.end());
+    source.ForEach([&](const CoverageRow& row) {
+        Count& group = groups[grouping == Grouping::Kind ? row.Kind : row.File];
+        ++group.Total;
+        ++report.mAll.Total;
+        gone.erase(row.QualifiedName);
+        if (!comments.IsDocumented(row.QualifiedName)) return;
+        ++group.Documented;
+        ++report.mAll.Documented;
+    });
+    for (const auto& [name, count] : groups)
+        report.mGroups.push_back({count, name});
+    std::copy_if(commented.begin(), commented.end(), std::back_inserter(report.mGone),
+                 [&gone](const std::string& name) { return gone.contains(name); });
+    return report;
+}
+
+} // namespace paperkite

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+namespace paperkite {
+
+/// What coverage needs to know of an item.
+struct CoverageRow {
+    std::string QualifiedName;
+    /// The word for what it is ("Class", "Method").
+    std::string Kind;
+    /// Relative to the source folder; empty for items that stand in no file.
+    std::string File;
+};
+
+/// Lists the items that ought to be documented, without making them.
+class CoverageSource {
+public:
+    virtual ~CoverageSource() = default;
+    virtual void ForEach(const std::function<void(const CoverageRow&)>& visit) const = 0;
+};
+
+} // namespace paperkite

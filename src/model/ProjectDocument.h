@@ -1,0 +1,130 @@
+#pragma once
+
+#include "foundation/Event.h"
+#include "foundation/KiteProject.h"
+#include "model/CommentStore.h"
+#include "model/ContentFile.h"
+#include "model/FileProblem.h"
+#include "model/SourceSettings.h"
+#include "model/XmlReader.h"
+
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace paperkite {
+
+/// A documentation project in memory, with its file (".kiteproject") and its Content Files
+/// (".ktc").
+///
+///     ProjectDocument::OpenResult opened = ProjectDocument::Open("leveldb.kiteproject");
+///     if (opened.Problem) return Say(opened.Problem->Message());
+///     opened.Project->RegisterProvider("kite.source", provider);
+///     …
+///     if (auto problem = opened.Project->Save()) Say(problem->Message());
+///
+/// The host owns it. Items and their providers hold its CommentStore, never the project itself.
+class ProjectDocument : public KiteProject {
+public:
+    struct OpenResult {
+        /// Nothing when there is a problem.
+        Ref<ProjectDocument> Project;
+        std::optional<FileProblem> Problem;
+    };
+
+    /// Whether files that somebody else wrote meanwhile, or that are there already, are replaced.
+    enum class Overwriting { Refused, Allowed };
+
+    /// A project that is in no file yet, with one Content File beside where it will be saved. If
+    /// that is there already its comments are taken up; one that cannot be read is a problem.
+    static OpenResult New(const std::string& path);
+    /// Reads a project with all its Content Files, or says why it cannot.
+    static OpenResult Open(const std::string& path);
+
+    /// Writes what changed and nothing else. A problem leaves every file either old or new, and the
+    /// project dirty; saving again writes what is left.
+    std::optional<FileProblem> Save(Overwriting overwriting = Overwriting::Refused);
+    /// Saves under another name, and goes on there. Content Files of the old project's folder are
+    /// written beside the new one, those that bear its name under the new name; others stay shared.
+    std::optional<FileProblem> SaveAs(const std::string& path,
+                                      Overwriting overwriting = Overwriting::Refused);
+
+    /// The whole path of the project file; empty for none.
+    const std::string& GetPath() const { return mPath; }
+    /// The title of the documentation, or the file's base name where none was given.
+    std::string GetTitle() const;
+    void SetTitle(const std::string& value);
+
+    /// The code to be documented. Who changes it sets Dirty.
+    std::vector<SourceSettings>& GetSources() { return mSources; }
+    const std::vector<SourceSettings>& GetSources() const { return mSources; }
+    /// Adds a folder; its root name is the folder's own, without what qualified names cut at.
+    SourceSettings& AddSource(const std::string& folder);
+
+    /// Never nothing.
+    const Ref<CommentStore>& GetComments() const { return mComments; }
+
+    /// Takes a Content File up with its comments; one that does not exist is made when the project
+    /// is saved. A file that cannot be read, or is listed already, is a problem and not taken up.
+    std::optional<FileProblem> AddContentFile(const std::string& path);
+    /// Takes a Content File and its comments out; the file stays on the disk.
+    void RemoveContentFile(const std::string& path);
+
+    /// The provider of a moniker, letter case ignored; a later one replaces the one before.
+    void RegisterProvider(const std::string& moniker,
+                          const Ref<paperkite::NamespaceProvider>& provider);
+
+    bool GetDirty() const { return mDirty; }
+    void SetNamespaceExclusions(const Ref<TextCollection>& value);
+
+    Ref<paperkite::DocTypes> GetDocTypes() override { return mDocTypes; }
+    Ref<paperkite::NamespaceProvider> NamespaceProvider(const std::string& moniker) override;
+    Ref<TextCollection> GetNamespaceExclusions() override { return mNamespaceExclusions; }
+    bool GetIncludePrivate() const override { return mIncludePrivate; }
+    void SetIncludePrivate(bool value) override { mIncludePrivate = value; }
+    bool GetIncludeFriend() const override { return mIncludeFriend; }
+    void SetIncludeFriend(bool value) override { mIncludeFriend = value; }
+    bool GetIncludeProtected() const override { return mIncludeProtected; }
+    void SetIncludeProtected(bool value) override { mIncludeProtected = value; }
+    bool GetIncludeProtectedFriend() const override { return mIncludeProtectedFriend; }
+    void SetIncludeProtectedFriend(bool value) override { mIncludeProtectedFriend = value; }
+    void SetDirty(bool value) override;
+    std::int32_t GetSourceProjectCount() const override;
+
+    struct DocumentEvents {
+        Event<bool> DirtyStateChanged; ///< the new state
+    } Document;
+
+private:
+    friend class ProjectReader;
+    friend class ProjectWriter;
+
+    std::optional<FileProblem> LoadContentFiles();
+    std::optional<FileProblem> SyncContentFiles();
+    Ref<ContentFile> FindContentFile(const std::string& path) const;
+    bool IsHome(const ContentFile& file, const CommentStore::Origin& origin) const;
+    std::optional<FileProblem> StoreContentFile(const Ref<ContentFile>& file,
+                                                Overwriting overwriting);
+    std::optional<FileProblem> StoreProjectFile(Overwriting overwriting);
+    void MoveTo(const std::string& path);
+
+    std::string mPath;
+    XmlFile mKept;
+    std::string mBytes;
+    std::string mCanonicalBytes;
+    bool mExistsOnDisk = false;
+    std::vector<SourceSettings> mSources;
+    std::vector<Ref<ContentFile>> mContentFiles;
+    Ref<CommentStore> mComments = MakeRef<CommentStore>();
+    Ref<paperkite::DocTypes> mDocTypes = MakeRef<paperkite::DocTypes>();
+    Ref<TextCollection> mNamespaceExclusions = MakeRef<TextCollection>();
+    std::unordered_map<std::string, Ref<paperkite::NamespaceProvider>> mProviders;
+    bool mIncludePrivate = false;
+    bool mIncludeFriend = false;
+    bool mIncludeProtected = true;
+    bool mIncludeProtectedFriend = true;
+    bool mDirty = false;
+};
+
+} // namespace paperkite

@@ -1,0 +1,244 @@
+#include "model/ContentFileReader.h"
+#include "model/ContentFileWriter.h"
+#include "model/ProjectDocument.h"
+#include "model/ProjectPaths.h"
+#include "model/ProjectReader.h"
+#include "model/ProjectWriter.h"
+#include "model/SafeFile.h"
+
+#include <algorithm>
+#include <filesystem>
+
+namespace paperkite {
+
+namespace {
+
+FileProblem Problem(FileProblem::ReasonCode reason, const std::string& file, std::string what,
+                    std::string remedy) {
+    FileProblem problem;
+    problem.Reason = reason;
+    problem.File = file;
+    problem.What = std::move(what);
+    problem.Remedy = std::move(remedy);
+    return problem;
+}
+
+/// Whether a file may be replaced: it is the one that was read or written last, or none is there.
+std::optional<FileProblem> CheckUntouched(const std::string& path, bool isOurs,
+                                          const std::string& bytes) {
+    std::string present;
+    if (const auto problem = SafeFile::Read(path, present))
+        // What cannot be read now fails to be written with a better message.
+        return {};
+    if (!isOurs)
+        return Problem(FileProblem::ReasonCode::AlreadyExists, path,
+                       "A file of that name is there already.",
+                       "Choose another name, or allow it to be replaced.");
+    if (present == bytes) return {};
+    return Problem(
+        FileProblem::ReasonCode::ChangedOnDisk, path,
+        "Another program has changed this file since it was opened.",
+        "Open it again to see the change, save under another name to keep both, or allow "
+        "it to be replaced.");
+}
+
+std::optional<FileProblem> Store(const std::string& path, bool isOurs, const std::string& oldBytes,
+                                 const std::string& bytes, bool mayOverwrite) {
+    if (!mayOverwrite)
+        if (auto problem = CheckUntouched(path, isOurs, oldBytes)) return problem;
+    return SafeFile::Write(path, bytes);
+}
+
+bool IsBelow(const std::string& folder, const std::string& path) {
+    return path.starts_with(folder == "/" ? folder : folder + "/");
+}
+
+} // namespace
+
+ProjectDocument::OpenResult ProjectDocument::Open(const std::string& path) {
+    auto project = MakeRef<ProjectDocument>();
+    project->mPath = ProjectPaths::Normal(path);
+    std::string bytes;
+    std::optional<FileProblem> problem = SafeFile::Read(project->mPath, bytes);
+    if (!problem) problem = ProjectReader::Read(bytes, *project);
+    if (!problem) problem = project->LoadContentFiles();
+    if (problem) return {{}, problem};
+    project->mBytes = std::move(bytes);
+    project->mExistsOnDisk = true;
+    project->mCanonicalBytes = ProjectWriter::Canonical(*project);
+    return {project, {}};
+}
+
+Ref<ContentFile> ProjectDocument::FindContentFile(const std::string& path) const {
+    for (const auto& file : mContentFiles)
+        if (file->Path == path) return file;
+    return {};
+}
+
+std::optional<FileProblem> ProjectDocument::LoadContentFiles() {
+    for (const auto& entry : GetCommentFiles()) {
+        if (FindContentFile(entry->FileName))
+            return Problem(FileProblem::ReasonCode::BadContent, mPath,
+                           "The Content File \"" + entry->FileName + "\" is listed twice.",
+                           "Remove one of the two entries.");
+        auto file = MakeRef<ContentFile>();
+        file->Path = entry->FileName;
+        if (auto problem = ContentFileReader::Read(file, *mComments)) return problem;
+        mContentFiles.push_back(file);
+    }
+    return {};
+}
+
+std::optional<FileProblem> ProjectDocument::AddContentFile(const std::string& path) {
+    const std::string whole = ProjectPaths::Normal(path);
+    if (FindContentFile(whole))
+        return Problem(FileProblem::ReasonCode::BadContent, whole,
+                       "The project has this Content File already.", "Choose another one.");
+    auto file = MakeRef<ContentFile>();
+    file->Path = whole;
+    if (std::filesystem::exists(whole))
+        if (auto problem = ContentFileReader::Read(file, *mComments)) return problem;
+    mContentFiles.push_back(file);
+    auto entry = MakeRef<CommentFile>();
+    entry->FileName = whole;
+    GetCommentFiles().Add(entry);
+    return {};
+}
+
+void ProjectDocument::RemoveContentFile(const std::string& path) {
+    const std::string whole = ProjectPaths::Normal(path);
+    auto& entries = GetCommentFiles();
+    for (std::size_t position = entries.Count(); position >= 1; --position)
+        if (entries.Item(position)->FileName == whole) entries.Remove(position);
+    if (const Ref<ContentFile> file = FindContentFile(whole)) mComments->DropFile(file);
+    std::erase_if(mContentFiles, [&whole](const auto& file) { return file->Path == whole; });
+}
+
+// The list of Content Files is open to everybody; what came and went there is followed here.
+std::optional<FileProblem> ProjectDocument::SyncContentFiles() {
+    std::vector<Ref<ContentFile>> listed;
+    for (const auto& entry : GetCommentFiles()) {
+        const std::string path = ProjectPaths::Normal(entry->FileName);
+        Ref<ContentFile> file = FindContentFile(path);
+        if (!file) {
+            file = MakeRef<ContentFile>();
+            file->Path = path;
+            if (std::filesystem::exists(path))
+                if (auto problem = ContentFileReader::Read(file, *mComments)) return problem;
+        }
+        listed.push_back(file);
+    }
+    for (const auto& file : mContentFiles)
+        if (std::find(listed.begin(), listed.end(), file) == listed.end())
+            mComments->DropFile(file);
+    mContentFiles = std::move(listed);
+    if (!mContentFiles.empty() || mComments->Count() == 0) return {};
+    return AddContentFile(ProjectPaths::FolderOf(mPath) + "/" + ProjectPaths::BaseName(mPath) +
+                          ".ktc");
+}
+
+bool ProjectDocument::IsHome(const ContentFile& file, const CommentStore::Origin& origin) const {
+    if (origin.File) return origin.File.get() == &file;
+    return mContentFiles.front().get() == &file;
+}
+
+std::optional<FileProblem> ProjectDocument::StoreContentFile(const Ref<ContentFile>& file,
+                                                             Overwriting overwriting) {
+    const auto belongs = [this, &file](const CommentStore::Origin& origin) {
+        return IsHome(*file, origin);
+    };
+    const std::string canonical = ContentFileWriter::Canonical(*file, *mComments, belongs);
+    const std::string bytes = canonical == file->CanonicalBytes ? file->Bytes : canonical;
+    const bool isStored =
+        file->ExistsOnDisk && bytes == file->Bytes && std::filesystem::exists(file->Path);
+    if (!isStored) {
+        if (auto problem = Store(file->Path, file->ExistsOnDisk, file->Bytes, bytes,
+                                 overwriting == Overwriting::Allowed))
+            return problem;
+        file->Bytes = bytes;
+        file->CanonicalBytes = canonical;
+        file->ExistsOnDisk = true;
+    }
+    for (const std::string& item : mComments->QualifiedNames())
+        for (const auto& comment : *mComments->Find(item))
+            if (IsHome(*file, mComments->OriginOf(item, *comment)) &&
+                comment->GetState() != kTaggedCommentTombstone)
+                mComments->MarkStored(item, *comment, file);
+    return {};
+}
+
+std::optional<FileProblem> ProjectDocument::StoreProjectFile(Overwriting overwriting) {
+    const std::string canonical = ProjectWriter::Canonical(*this);
+    const std::string bytes = canonical == mCanonicalBytes ? mBytes : canonical;
+    if (mExistsOnDisk && bytes == mBytes && std::filesystem::exists(mPath)) return {};
+    if (auto problem =
+            Store(mPath, mExistsOnDisk, mBytes, bytes, overwriting == Overwriting::Allowed))
+        return problem;
+    mBytes = bytes;
+    mCanonicalBytes = canonical;
+    mExistsOnDisk = true;
+    return {};
+}
+
+std::optional<FileProblem> ProjectDocument::Save(Overwriting overwriting) {
+    if (mPath.empty())
+        return Problem(FileProblem::ReasonCode::CannotWrite, "(new project)",
+                       "The project has no file yet.", "Save it under a name.");
+    if (auto problem = SyncContentFiles()) return problem;
+    for (const auto& file : mContentFiles)
+        if (auto problem = StoreContentFile(file, overwriting)) return problem;
+    if (auto problem = StoreProjectFile(overwriting)) return problem;
+    mComments->DropTombstones();
+    SetDirty(false);
+    return {};
+}
+
+void ProjectDocument::MoveTo(const std::string& path) {
+    const std::string oldFolder = ProjectPaths::FolderOf(mPath);
+    const std::string oldName = ProjectPaths::BaseName(mPath);
+    const std::string newFolder = ProjectPaths::FolderOf(path);
+    for (const auto& entry : GetCommentFiles()) {
+        const Ref<ContentFile> file = FindContentFile(entry->FileName);
+        if (!file || mPath.empty() || !IsBelow(oldFolder, file->Path)) continue;
+        std::filesystem::path moved = newFolder + file->Path.substr(oldFolder.size());
+        if (moved.stem() == oldName)
+            moved.replace_filename(ProjectPaths::BaseName(path) + moved.extension().string());
+        if (moved.string() == file->Path) continue;
+        file->Path = entry->FileName = moved.string();
+        file->ExistsOnDisk = false;
+    }
+    mPath = path;
+    mExistsOnDisk = false;
+}
+
+std::optional<FileProblem> ProjectDocument::SaveAs(const std::string& path,
+                                                   Overwriting overwriting) {
+    const std::string whole = ProjectPaths::Normal(path);
+    if (whole == mPath) return Save(overwriting);
+    if (auto problem = SyncContentFiles()) return problem;
+
+    const std::string oldPath = mPath;
+    const bool existed = mExistsOnDisk;
+    std::vector<std::pair<std::string, bool>> old;
+    for (const auto& file : mContentFiles)
+        old.emplace_back(file->Path, file->ExistsOnDisk);
+    MoveTo(whole);
+    const auto problem = Save(overwriting);
+    if (!problem) return {};
+
+    for (const auto& entry : GetCommentFiles())
+        for (std::size_t index = 0; index < old.size(); ++index)
+            if (mContentFiles[index]->Path == entry->FileName) {
+                entry->FileName = old[index].first;
+                break;
+            }
+    for (std::size_t index = 0; index < old.size(); ++index) {
+        mContentFiles[index]->Path = old[index].first;
+        mContentFiles[index]->ExistsOnDisk = old[index].second;
+    }
+    mPath = oldPath;
+    mExistsOnDisk = existed;
+    return problem;
+}
+
+} // namespace paperkite
