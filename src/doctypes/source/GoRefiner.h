@@ -1,0 +1,17 @@
+#pragma once
+
+#include "doctypes/source/LanguageRefiner.h"
+
+namespace paperkite {
+
+/// Go: a package for each folder.
+class GoRefiner : public LanguageRefiner {
+protected:
+    std::vector<ScopeStep> GroupOf(Work& work) const override;
+    std::vector<ScopeStep> ScopeOf(const CtagsTag& tag, const Work& work) const override;
+    bool IsWanted(const CtagsTag& tag, const Work& work) const override;
+    SourceKind KindOf(const CtagsTag& tag) const override;
+    bool Mend(Draft& draft, Work& work) const override;
+};
+
+} // namespace paperkite
