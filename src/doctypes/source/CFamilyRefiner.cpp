@@ -28,7 +28,9 @@ bool HasProperty(const CtagsTag& tag, std::string_view property) {
 
 } // namespace
 
-std::vector<ScopeStep> CFamilyRefiner::GroupOf(Work&) const { return {}; }
+std::vector<ScopeStep> CFamilyRefiner::GroupOf(Work&) const {
+    return {};
+}
 
 void CFamilyRefiner::Prepare(Work& work) const {
     for (const CtagsTag& tag : work.File.Tags) {
@@ -39,8 +41,8 @@ void CFamilyRefiner::Prepare(Work& work) const {
             work.Specialised.push_back(&tag);
         }
         const std::size_t colon = tag.TypeRef.find(':');
-        const std::string type(
-            LastStep(std::string_view(tag.TypeRef).substr(std::min(colon + 1, tag.TypeRef.size()))));
+        const std::string type(LastStep(
+            std::string_view(tag.TypeRef).substr(std::min(colon + 1, tag.TypeRef.size()))));
         const std::string bare = type.substr(0, type.find_first_of(" *[&"));
         if (bare.starts_with(anonymous) && (tag.Kind == "typedef" || tag.Kind == "member" ||
                                             tag.Kind == "variable" || tag.Kind == "externvar")) {
@@ -64,8 +66,8 @@ bool CFamilyRefiner::IsWanted(const CtagsTag& tag, const Work& work) const {
         }
         const std::string_view define = Trimmed(text.Line(tag.Line));
         const std::string_view before = Trimmed(text.Line(line));
-        return !(before.starts_with("#") && HasWord(before, "ifndef") && before.ends_with(tag.Name) &&
-                 define.ends_with(tag.Name));
+        return !(before.starts_with("#") && HasWord(before, "ifndef") &&
+                 before.ends_with(tag.Name) && define.ends_with(tag.Name));
     }
     return LanguageRefiner::IsWanted(tag, work) && tag.Kind != "header" && tag.Kind != "using" &&
            tag.Kind != "name";
@@ -153,8 +155,8 @@ bool CFamilyRefiner::Mend(Draft& draft, Work& work) const {
     }
     declaration.IsForward = tag.Kind == "prototype" || tag.Kind == "externvar" ||
                             (tag.Kind == "member" && HasProperty(tag, "static"));
-    const bool isUnnamedSpace = tag.Scope.find(anonymous) != std::string::npos &&
-                                tag.ScopeKind == "namespace";
+    const bool isUnnamedSpace =
+        tag.Scope.find(anonymous) != std::string::npos && tag.ScopeKind == "namespace";
     const bool isStatic = HasProperty(tag, "static") && !isInType;
     if (isUnnamedSpace || (isStatic && !IsHeader(work.File.Path))) {
         declaration.IsFileLocal = !IsHeader(work.File.Path);

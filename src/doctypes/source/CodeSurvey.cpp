@@ -26,7 +26,9 @@ bool IsMacroCharacter(char c) {
     return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
 }
 
-bool IsNameCharacter(char c) { return IsMacroCharacter(c) || (c >= 'a' && c <= 'z'); }
+bool IsNameCharacter(char c) {
+    return IsMacroCharacter(c) || (c >= 'a' && c <= 'z');
+}
 
 bool LooksLikeMacro(std::string_view word) {
     return word.size() > 2 && word[0] >= 'A' && word[0] <= 'Z' &&
@@ -157,11 +159,16 @@ void CodeSurvey::LookAtWords(std::string_view line) {
 
 std::set<std::string> CodeSurvey::Definitions() const {
     // what Qt's headers define with a body or leave to its own preprocessor
-    std::set<std::string> definitions = {"Q_INVOKABLE=", "Q_SCRIPTABLE=",
-                                         "Q_REVISION(x)=", "Q_DECL_CONSTEXPR=constexpr",
-                                         "Q_DECL_OVERRIDE=override", "Q_DECL_FINAL=final",
-                                         "Q_DECL_NOEXCEPT=noexcept", "Q_DECL_NOTHROW=noexcept",
-                                         "Q_WEAK_OVERLOAD=", "Q_REQUIRED_RESULT="};
+    std::set<std::string> definitions = {"Q_INVOKABLE=",
+                                         "Q_SCRIPTABLE=",
+                                         "Q_REVISION(x)=",
+                                         "Q_DECL_CONSTEXPR=constexpr",
+                                         "Q_DECL_OVERRIDE=override",
+                                         "Q_DECL_FINAL=final",
+                                         "Q_DECL_NOEXCEPT=noexcept",
+                                         "Q_DECL_NOTHROW=noexcept",
+                                         "Q_WEAK_OVERLOAD=",
+                                         "Q_REQUIRED_RESULT="};
     for (const std::string& name : mAttributes) {
         if (!IsForMoc(name)) {
             definitions.insert(name + "=");

@@ -95,7 +95,8 @@ private:
         if (mKind == SourceKind::Macro || mKind == SourceKind::Enumerator) {
             return code.starts_with("[") || code.starts_with("@") || code.starts_with("#[");
         }
-        const bool isClosing = code.starts_with(")") || code.starts_with("]") || code.starts_with("}");
+        const bool isClosing =
+            code.starts_with(")") || code.starts_with("]") || code.starts_with("}");
         switch (mLanguage) {
         case SourceLanguage::Python:
             return code.starts_with("@") || (isClosing && !code.starts_with("}"));
@@ -291,8 +292,8 @@ std::optional<SourceComment> CommentExtractor::At(const SourceText& text, std::u
     if (kind == SourceKind::Module && line == 1) {
         comment = OfModule(text, language);
     } else {
-        if (language == SourceLanguage::Python && (IsCallable(kind) || IsType(kind) ||
-                                                   kind == SourceKind::Property)) {
+        if (language == SourceLanguage::Python &&
+            (IsCallable(kind) || IsType(kind) || kind == SourceKind::Property)) {
             comment = DocumentationString(text, line);
         }
         if (!comment) {
@@ -314,9 +315,9 @@ std::optional<SourceComment> CommentExtractor::At(const SourceText& text, std::u
 }
 
 std::vector<std::string> CommentExtractor::CleanedLines(std::string_view raw) {
-    constexpr std::array<std::string_view, 17> marks = {"////", "///", "//!", "//", "/**", "/*!",
-                                                        "/*",   "--[[", "---", "--", "{-|", "{-",
-                                                        "##",   "#",    "=begin", "=end", "!"};
+    constexpr std::array<std::string_view, 17> marks = {
+        "////", "///", "//!", "//", "/**", "/*!",    "/*",   "--[[", "---",
+        "--",   "{-|", "{-",  "##", "#",   "=begin", "=end", "!"};
     std::vector<std::string> lines;
     bool isInBlock = false;
     while (true) {
@@ -326,8 +327,8 @@ std::vector<std::string> CommentExtractor::CleanedLines(std::string_view raw) {
         bool hadMark = false;
         for (const std::string_view mark : marks) {
             if (!isInBlock && text.starts_with(mark)) {
-                isInBlock = mark.starts_with("/*") || mark.starts_with("{-") ||
-                            mark == "--[[" || mark == "=begin";
+                isInBlock = mark.starts_with("/*") || mark.starts_with("{-") || mark == "--[[" ||
+                            mark == "=begin";
                 line = text.substr(mark.size());
                 hadMark = true;
                 break;
@@ -352,7 +353,8 @@ std::vector<std::string> CommentExtractor::CleanedLines(std::string_view raw) {
         raw.remove_prefix(end + 1);
     }
     // a first line right behind its mark says nothing about the indentation of the others
-    const bool isLoose = lines.size() > 1 && !lines[0].empty() && lines[0].find_first_not_of(" \t") != none;
+    const bool isLoose =
+        lines.size() > 1 && !lines[0].empty() && lines[0].find_first_not_of(" \t") != none;
     if (isLoose && lines[0].starts_with(" ")) {
         RemoveCommonIndentation(lines);
     } else {

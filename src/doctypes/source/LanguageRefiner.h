@@ -63,13 +63,14 @@ protected:
     struct Work {
         const TaggedFile& File;
         TaggedCode& Code;
-        std::vector<ScopeStep> Group;              ///< the package or module of the file
-        std::set<std::string> Locals;              ///< scopes inside of callables
-        std::map<std::string, const CtagsTag*> Namers; ///< what names a type that ctags calls __anon
+        std::vector<ScopeStep> Group; ///< the package or module of the file
+        std::set<std::string> Locals; ///< scopes inside of callables
+        std::map<std::string, const CtagsTag*>
+            Namers; ///< what names a type that ctags calls __anon
         std::map<std::string, const CtagsTag*> Unnamed; ///< the tags of these types
-        std::vector<const CtagsTag*> Specialised; ///< template specialisations of the file
+        std::vector<const CtagsTag*> Specialised;       ///< template specialisations of the file
         std::set<std::pair<std::uint32_t, std::string>> Signals; ///< of Qt: line and name
-        std::string Trait;                                      ///< of the Rust implementation at hand
+        std::string Trait; ///< of the Rust implementation at hand
     };
 
     /// A tag on its way.

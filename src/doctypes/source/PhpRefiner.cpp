@@ -6,7 +6,9 @@
 
 namespace paperkite {
 
-std::vector<ScopeStep> PhpRefiner::GroupOf(Work&) const { return {}; }
+std::vector<ScopeStep> PhpRefiner::GroupOf(Work&) const {
+    return {};
+}
 
 // ctags leaves the members of an enum in the namespace around it.
 void PhpRefiner::Prepare(Work& work) const {

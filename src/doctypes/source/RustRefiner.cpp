@@ -68,8 +68,8 @@ bool RustRefiner::Mend(Draft& draft, Work& work) const {
         declaration.Trait = work.Trait;
     }
     const std::string_view head = OwnPart(draft.Head);
-    const bool isSeen = isOfTrait || !declaration.Trait.empty() ||
-                        declaration.Kind == SourceKind::Enumerator;
+    const bool isSeen =
+        isOfTrait || !declaration.Trait.empty() || declaration.Kind == SourceKind::Enumerator;
     declaration.Access = isSeen                                             ? SourceAccess::Public
                          : head.find("pub(") != none || tag.Kind == "macro" ? SourceAccess::Friend
                          : HasWord(head, "pub")                             ? SourceAccess::Public

@@ -64,7 +64,8 @@ bool ScriptRefiner::IsLocal(const CtagsTag& tag, Work& work) const {
     }
     const std::string_view line = work.Code.Text().Line(tag.Line);
     const std::size_t step = tag.Scope.rfind('.');
-    const std::string member = tag.Scope.substr(step == std::string::npos ? 0 : step + 1) + "." + tag.Name;
+    const std::string member =
+        tag.Scope.substr(step == std::string::npos ? 0 : step + 1) + "." + tag.Name;
     return line.find(member) == none;
 }
 
@@ -73,10 +74,11 @@ bool ScriptRefiner::IsWanted(const CtagsTag& tag, const Work& work) const {
         return false;
     }
     if (IsExports(tag.Scope) || tag.Name == "exports") { // "module.exports = { f }" for a known f
-        return tag.Name != "exports" &&
-               std::none_of(work.File.Tags.begin(), work.File.Tags.end(), [&](const CtagsTag& other) {
-                   return other.Name == tag.Name && other.Scope.empty();
-               });
+        return tag.Name != "exports" && std::none_of(work.File.Tags.begin(), work.File.Tags.end(),
+                                                     [&](const CtagsTag& other) {
+                                                         return other.Name == tag.Name &&
+                                                                other.Scope.empty();
+                                                     });
     }
     return LanguageRefiner::IsWanted(tag, work);
 }

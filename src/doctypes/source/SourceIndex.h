@@ -54,7 +54,9 @@ public:
     SourceKind Kind(Id entity) const { return At(entity).kind; }
     std::string_view KindText(Id entity) const; ///< for Other the word that ctags has
     SourceLanguage Language(Id entity) const { return At(entity).language; }
-    std::string_view LanguageName(Id entity) const { return mStrings.View(At(entity).languageName); }
+    std::string_view LanguageName(Id entity) const {
+        return mStrings.View(At(entity).languageName);
+    }
     SourceAccess Access(Id entity) const { return At(entity).access; }
     std::string_view Signature(Id entity) const { return mStrings.View(At(entity).signature); }
     std::string_view Type(Id entity) const { return mStrings.View(At(entity).type); }

@@ -1,0 +1,112 @@
+#include "doctypes/source/SourceItem.h"
+
+#include "doctypes/source/SourceNamespaceProvider.h"
+#include "foundation/MemberTable.h"
+
+namespace paperkite {
+
+struct SourceItemMembers {
+    using I = SourceItem;
+
+    template <auto Field>
+    static MemberTable<I>::Member Flag(const char* name) {
+        return {name, [](const I& i) { return Value(i.*Field); },
+                [](I& i, const Value& v) { i.*Field = v.ToBoolean(); }};
+    }
+
+    template <auto Text>
+    static MemberTable<I>::Member FromIndex(const char* name) {
+        return {name, [](const I& i) { return Value((i.GetIndex().*Text)(i.GetEntity())); }};
+    }
+
+    static const MemberTable<I>& Table() {
+        static const MemberTable<I> members{
+            FromIndex<&SourceIndex::Name>("Name"),
+            {"QualifiedName", [](const I& i) { return Value(i.GetQualifiedName()); }},
+            {"Access",
+             [](const I& i) { return Value(AccessText(i.GetIndex().Access(i.GetEntity()))); }},
+            FromIndex<&SourceIndex::KindText>("Kind"),
+            FromIndex<&SourceIndex::LanguageName>("Language"),
+            FromIndex<&SourceIndex::Signature>("Signature"),
+            FromIndex<&SourceIndex::Type>("Type"),
+            FromIndex<&SourceIndex::Inherits>("Inherits"),
+            {"File", [](const I& i) { return Value(i.GetIndex().Place(i.GetEntity()).File); }},
+            {"Line",
+             [](const I& i) {
+                 const auto line = i.GetIndex().Place(i.GetEntity()).Line;
+                 return Value(static_cast<std::int32_t>(line));
+             }},
+            {"Description", [](const I& i) { return Value(i.GetDescription()); }},
+            {"TaggedDescription", [](const I& i) { return Value(i.mTaggedDescription); },
+             [](I& i, const Value& v) { i.mTaggedDescription = v.ToText(); }},
+            {"Examples", [](const I& i) { return Value(i.mExamples); },
+             [](I& i, const Value& v) { i.mExamples = v.ToObjectOf<ObjectCollection>(); }},
+            {"TaggedComments", [](const I& i) { return Value(i.GetTaggedComments()); },
+             [](I& i, const Value& v) {
+                 i.SetTaggedComments(v.ToObjectOf<TaggedCommentCollection>());
+             }},
+            {"Parent", [](const I& i) { return Value(i.GetParent()); }},
+            Flag<&I::mRootFlag>("RootFlag"),
+            Flag<&I::mIncludeFlag>("IncludeFlag"),
+            Flag<&I::mExcludeFlag>("ExcludeFlag"),
+            {"HasOverloads", [](const I& i) { return Value(!i.GetOverload().empty()); }},
+            {"HasOverloadsInProject", [](const I& i) { return Value(!i.GetOverload().empty()); }},
+            {"Overload", [](const I& i) { return Value(i.GetOverload()); }},
+        };
+        return members;
+    }
+};
+
+std::string SourceItem::TypeName() const {
+    return std::string(KindText(GetIndex().Kind(mEntity))) + "Element";
+}
+
+Value SourceItem::Get(std::string_view member) const {
+    Value result;
+    return SourceItemMembers::Table().Get(*this, member, result) ? result : Object::Get(member);
+}
+
+void SourceItem::Set(std::string_view member, const Value& value) {
+    if (!SourceItemMembers::Table().Set(*this, member, value)) Object::Set(member, value);
+}
+
+const SourceIndex& SourceItem::GetIndex() const {
+    return mProvider.GetIndex(mRoot);
+}
+
+Ref<TaggedCommentCollection> SourceItem::GetTaggedComments() const {
+    // Comments refer to their item, so that they must be given one that can be changed.
+    return mProvider.GetComments()->CommentsOf(RefTo(const_cast<SourceItem&>(*this)),
+                                               GetQualifiedName());
+}
+
+void SourceItem::SetTaggedComments(const Ref<TaggedCommentCollection>& value) {
+    mProvider.GetComments()->SetComments(GetQualifiedName(), value);
+}
+
+std::string SourceItem::GetDescription() const {
+    const auto comment = mProvider.CommentInSource(*this);
+    std::string text;
+    if (!comment) return text;
+    for (const std::string& line : comment->Lines)
+        text += (text.empty() ? "" : "\n") + line;
+    return text;
+}
+
+Ref<Object> SourceItem::GetParent() const {
+    const SourceIndex::Id parent = GetIndex().Parent(mEntity);
+    return parent == SourceIndex::Nothing ? Ref<Object>() : mProvider.ItemOf(mRoot, parent);
+}
+
+std::string SourceItem::GetOverload() const {
+    const std::string_view step = GetIndex().Step(mEntity);
+    const std::size_t open = step.find('(');
+    if (!IsCallable(GetIndex().Kind(mEntity)) || open == std::string_view::npos) return {};
+    std::string types;
+    for (const SourceParameter& parameter : GetIndex().Parameters(mEntity))
+        types += (types.empty() ? "" : ", ") +
+                 (parameter.Type.empty() ? parameter.Name : parameter.Type);
+    return "(" + types + ")";
+}
+
+} // namespace paperkite

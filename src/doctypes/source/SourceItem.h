@@ -1,0 +1,58 @@
+#pragma once
+
+#include "doctypes/source/SourceIndex.h"
+#include "foundation/Object.h"
+#include "foundation/ObjectCollection.h"
+#include "foundation/TaggedCommentCollection.h"
+
+#include <string>
+
+namespace paperkite {
+
+class SourceNamespaceProvider;
+
+/// One item of scanned source code, made when somebody asks for it and kept by its provider.
+///
+/// It holds only what an author changes; the rest is answered from the index. Members by name:
+/// Name, QualifiedName, Access, Kind, Language, Signature, Type, Inherits, File, Line, Description
+/// (the comment in the source), TaggedDescription, Examples, TaggedComments, Parent, RootFlag,
+/// IncludeFlag, ExcludeFlag, HasOverloads, HasOverloadsInProject, Overload (its parameter types
+/// where overloads must be told apart).
+class SourceItem : public Object {
+public:
+    /// The provider outlives its items.
+    SourceItem(SourceNamespaceProvider& provider, std::size_t root, SourceIndex::Id entity)
+        : mProvider(provider), mRoot(root), mEntity(entity) {}
+
+    /// The kind as a type name, "ClassElement".
+    std::string TypeName() const override;
+    Value Get(std::string_view member) const override;
+    void Set(std::string_view member, const Value& value) override;
+
+    const SourceIndex& GetIndex() const;
+    SourceIndex::Id GetEntity() const { return mEntity; }
+    std::size_t GetRoot() const { return mRoot; }
+    std::string GetQualifiedName() const { return GetIndex().QualifiedName(mEntity); }
+    Ref<TaggedCommentCollection> GetTaggedComments() const;
+    void SetTaggedComments(const Ref<TaggedCommentCollection>& value);
+    /// The comment that stands at the item in the source, as plain lines; empty when there is none.
+    std::string GetDescription() const;
+    /// The item around this one, or nothing for a root.
+    Ref<Object> GetParent() const;
+    /// "(int, const Slice&)" where others share its name, otherwise empty.
+    std::string GetOverload() const;
+
+private:
+    friend struct SourceItemMembers;
+
+    SourceNamespaceProvider& mProvider;
+    std::size_t mRoot;
+    SourceIndex::Id mEntity;
+    bool mRootFlag = false;
+    bool mIncludeFlag = true;
+    bool mExcludeFlag = false;
+    std::string mTaggedDescription;
+    Ref<ObjectCollection> mExamples;
+};
+
+} // namespace paperkite

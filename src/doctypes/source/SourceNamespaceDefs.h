@@ -1,0 +1,21 @@
+#pragma once
+
+#include "doctypes/source/SourceIndex.h"
+#include "foundation/NamespaceDefs.h"
+#include "widgets/Picture.h"
+
+#include <vector>
+
+namespace paperkite {
+
+/// The levels of source code, as a tree shows them: one definition for each kind of item that the
+/// scanned code has, below the one of the project. Levels that may hold each other do so, which is
+/// why the owner calls Release on the result when it is done with it.
+///
+/// Definitions are named "kite.source:" and the kind; the item type is the kind ("Class").
+Ref<NamespaceDefs> MakeSourceNamespaceDefs(const std::vector<const SourceIndex*>& indexes);
+
+/// The pictures that the definitions name, and those of groups.
+Ref<ImageList> MakeSourceImages();
+
+} // namespace paperkite
