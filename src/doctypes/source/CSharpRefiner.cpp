@@ -16,7 +16,8 @@ std::vector<ScopeStep> CSharpRefiner::GroupOf(Work& work) const {
     std::vector<ScopeStep> steps;
     const SourceText& text = work.Code.Text();
     for (std::uint32_t line = 1; line <= text.LineCount(); ++line) {
-        std::string_view code = std::string_view(work.Code.Masked()).substr(text.Offset(line), text.Line(line).size());
+        std::string_view code =
+            std::string_view(work.Code.Masked()).substr(text.Offset(line), text.Line(line).size());
         code = Trimmed(code);
         if (!code.starts_with("namespace ") || !code.ends_with(";")) {
             continue;
@@ -29,7 +30,9 @@ std::vector<ScopeStep> CSharpRefiner::GroupOf(Work& work) const {
     return steps;
 }
 
-SourceKind CSharpRefiner::KindOf(const CtagsTag& tag) const { return CommonKind(tag.Kind); }
+SourceKind CSharpRefiner::KindOf(const CtagsTag& tag) const {
+    return CommonKind(tag.Kind);
+}
 
 namespace {
 
@@ -74,7 +77,8 @@ bool CSharpRefiner::Mend(Draft& draft, Work& work) const {
         declaration.Inherits = BaseTypes(masked, behind);
         return true;
     }
-    const std::string_view owner = declaration.Scope.empty() ? "" : std::string_view(declaration.Scope.back().Name);
+    const std::string_view owner =
+        declaration.Scope.empty() ? "" : std::string_view(declaration.Scope.back().Name);
     if (declaration.Kind == SourceKind::Method) {
         const bool isInNamespace = tag.ScopeKind.empty() || tag.ScopeKind == "namespace";
         if (HasWord(head, "delegate")) {

@@ -41,8 +41,7 @@ public:
 
     ~BrokenPipeGuard() {
         const timespec atOnce = {0, 0};
-        while (!mWasPending && sigtimedwait(&mSignal, nullptr, &atOnce) > 0) {
-        }
+        while (!mWasPending && sigtimedwait(&mSignal, nullptr, &atOnce) > 0) {}
         pthread_sigmask(SIG_SETMASK, &mBefore, nullptr);
     }
 
@@ -77,7 +76,9 @@ struct Pipe {
 
 } // namespace
 
-ChildProcess::~ChildProcess() { CloseAll(); }
+ChildProcess::~ChildProcess() {
+    CloseAll();
+}
 
 void ChildProcess::CloseAll() {
     CloseHandle(mInput);
@@ -184,8 +185,7 @@ ChildProcess::Result ChildProcess::Run(const std::vector<std::string>& arguments
         ::kill(mProcess, SIGKILL);
     }
     int status = 0;
-    while (::waitpid(mProcess, &status, 0) < 0 && errno == EINTR) {
-    }
+    while (::waitpid(mProcess, &status, 0) < 0 && errno == EINTR) {}
     result.ExitCode = WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
     return result;
 }

@@ -16,10 +16,10 @@ public:
     using KeepGoing = std::function<bool()>;
 
     struct Result {
-        int StartError = 0;       ///< an errno value when the program could not be started
-        bool WasStopped = false;  ///< a handler said false
-        int ExitCode = 0;         ///< 128 and the signal's number after a signal
-        std::string ErrorText;    ///< standard error, at most 64 KiB of it
+        int StartError = 0;      ///< an errno value when the program could not be started
+        bool WasStopped = false; ///< a handler said false
+        int ExitCode = 0;        ///< 128 and the signal's number after a signal
+        std::string ErrorText;   ///< standard error, at most 64 KiB of it
     };
 
     ChildProcess() = default;
@@ -30,7 +30,8 @@ public:
     /// The first argument is the program, looked up on the PATH. An empty folder is the present
     /// one. Returns when the program ended or was killed.
     Result Run(const std::vector<std::string>& arguments, const std::string& folder,
-               std::string_view input, const OutputHandler& output, const KeepGoing& keepGoing = {});
+               std::string_view input, const OutputHandler& output,
+               const KeepGoing& keepGoing = {});
 
 private:
     int Start(const std::vector<std::string>& arguments, const std::string& folder);

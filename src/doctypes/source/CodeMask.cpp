@@ -20,7 +20,7 @@ constexpr CommentSyntax fortranStyle = {"!", "", "", "", false};
 constexpr CommentSyntax pascalStyle = {"//", "", "{", "}", false};
 
 const CommentSyntax& OfOther(std::string_view name) {
-    constexpr std::array<std::string_view, 8> hashLanguages = {"Perl", "Perl6", "Sh", "R",
+    constexpr std::array<std::string_view, 8> hashLanguages = {"Perl",  "Perl6",  "Sh",  "R",
                                                                "Julia", "Elixir", "Tcl", "Awk"};
     if (std::find(hashLanguages.begin(), hashLanguages.end(), name) != hashLanguages.end()) {
         return hashStyle;
@@ -88,9 +88,11 @@ private:
         if (!mSyntax.HasCharacterQuotes) {
             return true;
         }
-        const bool isAfterDigit = mAt > 0 && std::isalnum(static_cast<unsigned char>(mText[mAt - 1]));
-        return !isAfterDigit && (mText.substr(mAt + 1, 1) == "\\" ||
-                                 mText.substr(mAt + 1, 8).find('\'') != std::string_view::npos) &&
+        const bool isAfterDigit =
+            mAt > 0 && std::isalnum(static_cast<unsigned char>(mText[mAt - 1]));
+        return !isAfterDigit &&
+               (mText.substr(mAt + 1, 1) == "\\" ||
+                mText.substr(mAt + 1, 8).find('\'') != std::string_view::npos) &&
                !(std::isalpha(static_cast<unsigned char>(mText.substr(mAt + 1, 1)[0])) &&
                  mText.substr(mAt + 2, 1) != "'");
     }
@@ -150,7 +152,8 @@ std::size_t ClosingBracket(std::string_view masked, std::size_t open) {
     for (std::size_t i = open; i < end; ++i) {
         if (opening.find(masked[i]) != std::string_view::npos) {
             ++depth;
-        } else if (closing.find(masked[i]) != std::string_view::npos && !(i > 0 && masked[i] == '>' && masked[i - 1] == '=')) {
+        } else if (closing.find(masked[i]) != std::string_view::npos &&
+                   !(i > 0 && masked[i] == '>' && masked[i - 1] == '=')) {
             if (--depth == 0) {
                 return i;
             }

@@ -15,7 +15,7 @@ struct CommentSyntax {
     std::string_view BlockEnd;
     bool HasCharacterQuotes = false; ///< 'a' is one character (and Rust's 'a alone is no quote)
 
-    bool HasInnerDocs = false;       ///< "//!" is about what is around it, as in Rust
+    bool HasInnerDocs = false; ///< "//!" is about what is around it, as in Rust
 
     static const CommentSyntax& Of(SourceLanguage language, std::string_view languageName = {});
 };

@@ -59,7 +59,11 @@ public:
                     return std::nullopt;
                 }
             }
-            open = std::max(0, open + Closers(code));
+            const bool wasOpen = open > 0;
+            open = std::max(0, open + Closers(code) + Angles(code));
+            if (wasOpen && open == 0 && !MayBegin(code)) {
+                return std::nullopt;
+            }
         }
         return std::nullopt;
     }
@@ -88,6 +92,22 @@ private:
         return 0;
     }
 
+    // template <class T,
+    //           class U>
+    int Angles(std::string_view code) const {
+        const bool counts = mLanguage == SourceLanguage::Cpp &&
+                            (code.ends_with(">") || code.starts_with("template"));
+        return counts ? static_cast<int>(std::count(code.begin(), code.end(), '>') -
+                                         std::count(code.begin(), code.end(), '<'))
+                      : 0;
+    }
+
+    // whether what began in this line, several lines above, may belong to the declaration
+    bool MayBegin(std::string_view code) const {
+        return mLanguage <= SourceLanguage::CSharp || code.starts_with("@") ||
+               code.starts_with("#[");
+    }
+
     static bool IsShared(std::string_view code) { return code.find("*/") != none; }
 
     // whether the line above belongs to the declaration below it
@@ -95,10 +115,11 @@ private:
         if (mKind == SourceKind::Macro || mKind == SourceKind::Enumerator) {
             return code.starts_with("[") || code.starts_with("@") || code.starts_with("#[");
         }
-        const bool isClosing = code.starts_with(")") || code.starts_with("]") || code.starts_with("}");
+        const bool isClosing =
+            code.starts_with(")") || code.starts_with("]") || code.starts_with("}");
         switch (mLanguage) {
         case SourceLanguage::Python:
-            return code.starts_with("@") || (isClosing && !code.starts_with("}"));
+            return code.starts_with("@") || Closers(code) > 0;
         case SourceLanguage::Rust:
         case SourceLanguage::Php:
             return code.starts_with("#[") || code.starts_with("@") || code.ends_with(")]");
@@ -291,8 +312,8 @@ std::optional<SourceComment> CommentExtractor::At(const SourceText& text, std::u
     if (kind == SourceKind::Module && line == 1) {
         comment = OfModule(text, language);
     } else {
-        if (language == SourceLanguage::Python && (IsCallable(kind) || IsType(kind) ||
-                                                   kind == SourceKind::Property)) {
+        if (language == SourceLanguage::Python &&
+            (IsCallable(kind) || IsType(kind) || kind == SourceKind::Property)) {
             comment = DocumentationString(text, line);
         }
         if (!comment) {
@@ -314,50 +335,51 @@ std::optional<SourceComment> CommentExtractor::At(const SourceText& text, std::u
 }
 
 std::vector<std::string> CommentExtractor::CleanedLines(std::string_view raw) {
-    constexpr std::array<std::string_view, 17> marks = {"////", "///", "//!", "//", "/**", "/*!",
-                                                        "/*",   "--[[", "---", "--", "{-|", "{-",
-                                                        "##",   "#",    "=begin", "=end", "!"};
+    constexpr std::array<std::string_view, 17> marks = {
+        "////", "///", "//!", "//", "/**", "/*!",    "/*",   "--[[", "---",
+        "--",   "{-|", "{-",  "##", "#",   "=begin", "=end", "!"};
     std::vector<std::string> lines;
-    bool isInBlock = false;
-    while (true) {
+    bool isInBlock = false, hasStars = false, isTight = false;
+    std::string opening; // blanks as wide as what stands before the text of the first line
+    for (bool isLast = false; !isLast;) {
         const std::size_t end = std::min(raw.find('\n'), raw.size());
-        std::string_view line = raw.substr(0, end);
-        std::string_view text = Trimmed(line);
-        bool hadMark = false;
-        for (const std::string_view mark : marks) {
-            if (!isInBlock && text.starts_with(mark)) {
-                isInBlock = mark.starts_with("/*") || mark.starts_with("{-") ||
-                            mark == "--[[" || mark == "=begin";
-                line = text.substr(mark.size());
-                hadMark = true;
-                break;
-            }
+        std::string line(raw.substr(0, end));
+        isLast = end == raw.size();
+        raw.remove_prefix(isLast ? end : end + 1);
+        const std::string_view code = Trimmed(line);
+        const auto mark = isInBlock ? marks.end()
+                                    : std::find_if(marks.begin(), marks.end(),
+                                                   [&](auto m) { return code.starts_with(m); });
+        const bool isStar = mark == marks.end() && code.starts_with("*") &&
+                            !code.starts_with("*/") && !code.starts_with("**/");
+        if (mark != marks.end()) {
+            isInBlock = mark->starts_with("/*") || mark->starts_with("{-") || *mark == "--[[" ||
+                        *mark == "=begin";
+            const std::size_t start = line.find(*mark);
+            opening = lines.empty() && isInBlock ? std::string(start + mark->size(), ' ') : opening;
+            line.erase(0, start + mark->size());
+            isTight = lines.empty() && !line.empty() && line[0] != ' ' && line[0] != '\t';
+        } else if (isStar) {
+            hasStars = true;
+            line.erase(0, line.find('*') + 1);
         }
         for (const std::string_view close : {"**/", "*/", "-}", "]]", "=end"}) {
             if (isInBlock && Trimmed(line).ends_with(close)) {
-                line = line.substr(0, line.rfind(close));
+                line.resize(line.rfind(close));
                 isInBlock = false;
                 break;
             }
         }
-        text = Trimmed(line);
-        if (!hadMark && text.starts_with("*") && !text.starts_with("**/")) {
-            line = text.substr(1);
-        }
-        const bool isOrnament = text.size() > 2 && text.find_first_not_of("*-=/#~_") == none;
-        lines.emplace_back(isOrnament ? std::string_view() : line);
-        if (end == raw.size()) {
-            break;
-        }
-        raw.remove_prefix(end + 1);
+        const std::string_view text = Trimmed(line);
+        const bool isOrnament =
+            text.size() > 2 && text.find_first_not_of("*-=/#~_") == std::string_view::npos;
+        lines.push_back(isOrnament ? std::string() : std::move(line));
     }
-    // a first line right behind its mark says nothing about the indentation of the others
-    const bool isLoose = lines.size() > 1 && !lines[0].empty() && lines[0].find_first_not_of(" \t") != none;
-    if (isLoose && lines[0].starts_with(" ")) {
-        RemoveCommonIndentation(lines);
-    } else {
-        RemoveCommonIndentation(lines, lines.size() > 1 ? 1 : 0);
+    // in "/* one", with "   two" below it, both texts stand in the same column
+    if (!hasStars && !Trimmed(lines[0]).empty()) {
+        lines[0].insert(0, opening);
     }
+    RemoveCommonIndentation(lines, isTight && hasStars ? 1 : 0);
     lines[0] = Trimmed(lines[0]);
     Tidy(lines);
     return lines;

@@ -12,22 +12,21 @@ constexpr std::string_view languages =
     "ObjectiveC,Perl,Haskell,Ada,Pascal,Fortran,Elixir,Julia,R,Sh,Tcl";
 
 constexpr std::string_view extensions[] = {
-    ".c",    ".h",    ".cpp", ".cc",   ".cxx",  ".c++", ".C",    ".H",    ".hpp", ".hh",  ".hxx",
-    ".h++",  ".inl",  ".ipp", ".tcc",  ".tpp",  ".cs",  ".java", ".py",   ".pyi", ".pyx", ".pyw",
-    ".js",   ".mjs",  ".cjs", ".jsx",  ".ts",   ".tsx", ".mts",  ".cts",  ".go",  ".rs",  ".php",
-    ".phtml", ".php5", ".php7", ".rb", ".ruby", ".rake", ".d",   ".di",   ".kt",  ".kts", ".lua",
-    ".m",    ".mm",   ".pl",  ".pm",   ".hs",   ".ada", ".adb",  ".ads",  ".pas", ".p",   ".f",
-    ".f90",  ".f95",  ".f03", ".f08",  ".f77",  ".for", ".ftn",  ".F",    ".F90", ".F95", ".ex",
-    ".exs",  ".jl",   ".r",   ".R",    ".sh",   ".bash", ".ksh", ".zsh",  ".tcl", ".cp"};
+    ".c",     ".h",    ".cpp",  ".cc",  ".cxx",  ".c++",  ".C",    ".H",   ".hpp", ".hh",  ".hxx",
+    ".h++",   ".inl",  ".ipp",  ".tcc", ".tpp",  ".cs",   ".java", ".py",  ".pyi", ".pyx", ".pyw",
+    ".js",    ".mjs",  ".cjs",  ".jsx", ".ts",   ".tsx",  ".mts",  ".cts", ".go",  ".rs",  ".php",
+    ".phtml", ".php5", ".php7", ".rb",  ".ruby", ".rake", ".d",    ".di",  ".kt",  ".kts", ".lua",
+    ".m",     ".mm",   ".pl",   ".pm",  ".hs",   ".ada",  ".adb",  ".ads", ".pas", ".p",   ".f",
+    ".f90",   ".f95",  ".f03",  ".f08", ".f77",  ".for",  ".ftn",  ".F",   ".F90", ".F95", ".ex",
+    ".exs",   ".jl",   ".r",    ".R",   ".sh",   ".bash", ".ksh",  ".zsh", ".tcl", ".cp"};
 
 } // namespace
 
 bool IsSourceFileName(std::string_view path) {
     const std::string_view name = path.substr(path.rfind('/') + 1);
     const std::size_t dot = name.rfind('.');
-    return dot != std::string_view::npos &&
-           std::find(std::begin(extensions), std::end(extensions), name.substr(dot)) !=
-               std::end(extensions);
+    return dot != std::string_view::npos && std::find(std::begin(extensions), std::end(extensions),
+                                                      name.substr(dot)) != std::end(extensions);
 }
 
 std::vector<std::string> CtagsOptions(const CodeSurvey& survey) {
@@ -59,8 +58,10 @@ std::vector<std::string> CtagsOptions(const CodeSurvey& survey) {
         "--map-C++=+.tpp",
         "--map-C++=+.ipp",
     };
-    options.push_back(survey.HeadersAreCpp() ? "--map-C=-.h" : "--map-C++=-.h");
-    options.push_back(survey.HeadersAreCpp() ? "--map-C++=+.h" : "--map-C=+.h");
+    // ".h" is mapped to three languages; only without the others C gets it
+    if (!survey.HeadersAreCpp()) {
+        options.insert(options.end(), {"--map-C++=-.h", "--map-ObjectiveC=-.h", "--map-C=+.h"});
+    }
     for (const std::string& definition : survey.Definitions()) {
         options.push_back("-D");
         options.push_back(definition);

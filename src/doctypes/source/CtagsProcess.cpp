@@ -15,8 +15,9 @@ constexpr int commandNotFound = 127;
 } // namespace
 
 std::string CtagsProcess::InstallHint() const {
-    return mProgram.empty() ? "Install the package universal-ctags."
-                            : "Install the package universal-ctags, or mend the path of the program.";
+    return mProgram.empty()
+               ? "Install the package universal-ctags."
+               : "Install the package universal-ctags, or mend the path of the program.";
 }
 
 ScanOutcome CtagsProcess::Check() const {

@@ -14,7 +14,9 @@ std::vector<ScopeStep> JavaRefiner::GroupOf(Work& work) const {
     return {};
 }
 
-SourceKind JavaRefiner::KindOf(const CtagsTag& tag) const { return CommonKind(tag.Kind); }
+SourceKind JavaRefiner::KindOf(const CtagsTag& tag) const {
+    return CommonKind(tag.Kind);
+}
 
 bool JavaRefiner::Mend(Draft& draft, Work& work) const {
     const CtagsTag& tag = draft.Tag;

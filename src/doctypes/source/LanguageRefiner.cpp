@@ -1,16 +1,16 @@
 #include "doctypes/source/LanguageRefiner.h"
 
-#include "doctypes/source/CodeMask.h"
 #include "doctypes/source/CFamilyRefiner.h"
 #include "doctypes/source/CSharpRefiner.h"
+#include "doctypes/source/CodeMask.h"
 #include "doctypes/source/GoRefiner.h"
 #include "doctypes/source/JavaRefiner.h"
+#include "doctypes/source/ParameterList.h"
 #include "doctypes/source/PhpRefiner.h"
 #include "doctypes/source/PythonRefiner.h"
 #include "doctypes/source/RubyRefiner.h"
 #include "doctypes/source/RustRefiner.h"
 #include "doctypes/source/ScriptRefiner.h"
-#include "doctypes/source/ParameterList.h"
 
 #include <algorithm>
 #include <array>
@@ -29,12 +29,12 @@ bool IsNameCharacter(char c) {
 /// Words that stand before a type without being part of it, in any of the languages.
 bool IsModifier(std::string_view word) {
     constexpr std::array<std::string_view, 36> modifiers = {
-        "public",   "private",  "protected", "internal", "static",       "final",    "abstract",
-        "virtual",  "override", "sealed",    "async",    "extern",       "unsafe",   "readonly",
-        "new",      "partial",  "volatile",  "native",   "synchronized", "strictfp", "default",
-        "transient", "const",   "inline",    "explicit", "implicit",     "event",    "delegate",
-        "required", "file",     "declare",   "export",   "function",     "var",      "ref",
-        "fixed"};
+        "public",       "private",  "protected", "internal",  "static",   "final",
+        "abstract",     "virtual",  "override",  "sealed",    "async",    "extern",
+        "unsafe",       "readonly", "new",       "partial",   "volatile", "native",
+        "synchronized", "strictfp", "default",   "transient", "const",    "inline",
+        "explicit",     "implicit", "event",     "delegate",  "required", "file",
+        "declare",      "export",   "function",  "var",       "ref",      "fixed"};
     return std::find(modifiers.begin(), modifiers.end(), word) != modifiers.end();
 }
 
@@ -108,8 +108,9 @@ bool TaggedCode::IsInFunctionBody(std::size_t place) const {
             continue;
         }
         const std::string_view before = Trimmed(std::string_view(mMasked).substr(0, i - 1));
-        return before.ends_with(")") || before.ends_with(" const") || before.ends_with("noexcept") ||
-               before.ends_with("override") || before.ends_with("else");
+        return before.ends_with(")") || before.ends_with(" const") ||
+               before.ends_with("noexcept") || before.ends_with("override") ||
+               before.ends_with("else");
     }
     return false;
 }
@@ -309,7 +310,8 @@ std::string LanguageRefiner::TypeInHead(std::string_view head) {
                 end = ClosingBracket(head, 0);
                 end = end == none ? head.size() : end + 1;
             } else {
-                for (end = 1; end < head.size() && (IsNameCharacter(head[end]) || head[end] == '.');) {
+                for (end = 1;
+                     end < head.size() && (IsNameCharacter(head[end]) || head[end] == '.');) {
                     ++end;
                 }
                 const std::size_t open = head.find_first_not_of(' ', end);
@@ -343,9 +345,10 @@ std::string LanguageRefiner::BracketedText(const Work& work, std::size_t place, 
         return {};
     }
     const std::size_t close = ClosingBracket(masked, place);
-    return close == none ? std::string()
-                         : Collapsed(std::string_view(work.Code.Text().Text())
-                                         .substr(place, close + 1 - place));
+    return close == none
+               ? std::string()
+               : Collapsed(
+                     std::string_view(work.Code.Text().Text()).substr(place, close + 1 - place));
 }
 
 std::size_t LanguageRefiner::Behind(const Draft& draft) {
@@ -365,34 +368,82 @@ std::string LanguageRefiner::DeclaredType(std::string_view head) {
     return std::string(Trimmed(type));
 }
 
+std::string LanguageRefiner::TypeBehind(const Work& work, std::size_t place) {
+    const std::string& masked = work.Code.Masked();
+    std::size_t at = masked.find_first_not_of(" \t\r\n?!", place);
+    if (at == none || masked[at] != ':') {
+        return {};
+    }
+    const std::size_t start = masked.find_first_not_of(" \t\r\n", at + 1);
+    for (at = start; at < masked.size() && at < start + 2000; ++at) {
+        const char c = masked[at];
+        if (c == '(' || c == '[' || c == '<' || (c == '{' && at == start)) {
+            const std::size_t close = ClosingBracket(masked, at);
+            if (close == none) {
+                break;
+            }
+            at = close;
+        } else if (masked.compare(at, 2, "=>") == 0) {
+            ++at;
+        } else if (std::string_view(";={,)}\n\r").find(c) != none) {
+            break;
+        }
+    }
+    return start == none ? std::string()
+                         : NormalisedType(std::string_view(masked).substr(start, at - start));
+}
+
 SourceKind CommonKind(std::string_view kind) {
     struct Pair {
         std::string_view word;
         SourceKind kind;
     };
+
     constexpr std::array<Pair, 45> pairs = {{
-        {"namespace", SourceKind::Namespace},     {"package", SourceKind::Package},
-        {"module", SourceKind::Module},           {"class", SourceKind::Class},
-        {"interface", SourceKind::Interface},     {"trait", SourceKind::Trait},
-        {"struct", SourceKind::Struct},           {"union", SourceKind::Union},
-        {"enum", SourceKind::Enumeration},        {"enumeration", SourceKind::Enumeration},
-        {"annotation", SourceKind::Annotation},   {"typedef", SourceKind::Typedef},
-        {"type", SourceKind::Typedef},            {"talias", SourceKind::Typedef},
-        {"typealias", SourceKind::Typedef},       {"method", SourceKind::Method},
-        {"singletonMethod", SourceKind::Method},  {"methodSpec", SourceKind::Method},
-        {"function", SourceKind::Function},       {"func", SourceKind::Function},
-        {"procedure", SourceKind::Function},      {"subroutine", SourceKind::Function},
-        {"prototype", SourceKind::Function},      {"generator", SourceKind::Function},
-        {"property", SourceKind::Property},       {"getter", SourceKind::Property},
-        {"setter", SourceKind::Property},         {"accessor", SourceKind::Property},
-        {"event", SourceKind::Event},             {"signal", SourceKind::Event},
-        {"field", SourceKind::Field},             {"member", SourceKind::Field},
-        {"anonMember", SourceKind::Field},        {"enumerator", SourceKind::Enumerator},
-        {"enumConstant", SourceKind::Enumerator}, {"constant", SourceKind::Constant},
-        {"const", SourceKind::Constant},          {"define", SourceKind::Constant},
-        {"variable", SourceKind::Variable},       {"var", SourceKind::Variable},
-        {"externvar", SourceKind::Variable},      {"globalVar", SourceKind::Variable},
-        {"macro", SourceKind::Macro},             {"object", SourceKind::Class},
+        {"namespace", SourceKind::Namespace},
+        {"package", SourceKind::Package},
+        {"module", SourceKind::Module},
+        {"class", SourceKind::Class},
+        {"interface", SourceKind::Interface},
+        {"trait", SourceKind::Trait},
+        {"struct", SourceKind::Struct},
+        {"union", SourceKind::Union},
+        {"enum", SourceKind::Enumeration},
+        {"enumeration", SourceKind::Enumeration},
+        {"annotation", SourceKind::Annotation},
+        {"typedef", SourceKind::Typedef},
+        {"type", SourceKind::Typedef},
+        {"talias", SourceKind::Typedef},
+        {"typealias", SourceKind::Typedef},
+        {"method", SourceKind::Method},
+        {"singletonMethod", SourceKind::Method},
+        {"methodSpec", SourceKind::Method},
+        {"function", SourceKind::Function},
+        {"func", SourceKind::Function},
+        {"procedure", SourceKind::Function},
+        {"subroutine", SourceKind::Function},
+        {"prototype", SourceKind::Function},
+        {"generator", SourceKind::Function},
+        {"property", SourceKind::Property},
+        {"getter", SourceKind::Property},
+        {"setter", SourceKind::Property},
+        {"accessor", SourceKind::Property},
+        {"event", SourceKind::Event},
+        {"signal", SourceKind::Event},
+        {"field", SourceKind::Field},
+        {"member", SourceKind::Field},
+        {"anonMember", SourceKind::Field},
+        {"enumerator", SourceKind::Enumerator},
+        {"enumConstant", SourceKind::Enumerator},
+        {"constant", SourceKind::Constant},
+        {"const", SourceKind::Constant},
+        {"define", SourceKind::Constant},
+        {"variable", SourceKind::Variable},
+        {"var", SourceKind::Variable},
+        {"externvar", SourceKind::Variable},
+        {"globalVar", SourceKind::Variable},
+        {"macro", SourceKind::Macro},
+        {"object", SourceKind::Class},
         {"protocol", SourceKind::Interface},
     }};
     const auto at =
@@ -400,7 +451,9 @@ SourceKind CommonKind(std::string_view kind) {
     return at == pairs.end() ? SourceKind::Other : at->kind;
 }
 
-SourceKind PlainRefiner::KindOf(const CtagsTag& tag) const { return CommonKind(tag.Kind); }
+SourceKind PlainRefiner::KindOf(const CtagsTag& tag) const {
+    return CommonKind(tag.Kind);
+}
 
 const LanguageRefiner& LanguageRefiner::For(SourceLanguage language) {
     static const CFamilyRefiner cFamily;

@@ -59,10 +59,9 @@ std::vector<std::string_view> Words(std::string_view text) {
         }
         const std::size_t start = i;
         if (IsNameCharacter(text[i])) {
-            while (i < text.size() &&
-                   (IsNameCharacter(text[i]) || text.substr(i, 2) == "::" ||
-                    (text[i] == ':' && text[i - 1] == ':') ||
-                    (text[i] == '.' && text.substr(i, 3) != "..."))) {
+            while (i < text.size() && (IsNameCharacter(text[i]) || text.substr(i, 2) == "::" ||
+                                       (text[i] == ':' && text[i - 1] == ':') ||
+                                       (text[i] == '.' && text.substr(i, 3) != "..."))) {
                 ++i;
             }
         } else if (text.substr(i, 2) == "::") {
@@ -234,7 +233,8 @@ void ParameterList::SplitTypeFirst(SourceParameter& parameter, std::string_view 
             ++end;
         }
         parameter.Name = text.substr(inner + 2, end - inner - 2);
-        parameter.Type = std::string(Trimmed(text.substr(0, inner + 2))) + std::string(text.substr(end));
+        parameter.Type =
+            std::string(Trimmed(text.substr(0, inner + 2))) + std::string(text.substr(end));
         return;
     }
     std::string arrays;
@@ -249,8 +249,11 @@ void ParameterList::SplitTypeFirst(SourceParameter& parameter, std::string_view 
     std::vector<std::string_view> words = Words(text);
     while (!words.empty() && mLanguage != SourceLanguage::C &&
            (IsParameterModifier(words[0]) || words[0].starts_with("[[") ||
-            (mLanguage == SourceLanguage::CSharp && words[0].starts_with("[")) || words[0] == "@")) {
-        words.erase(words.begin(), words.begin() + (words[0] == "@" ? std::min<std::ptrdiff_t>(2, std::ssize(words)) : 1));
+            (mLanguage == SourceLanguage::CSharp && words[0].starts_with("[")) ||
+            words[0] == "@")) {
+        words.erase(words.begin(),
+                    words.begin() +
+                        (words[0] == "@" ? std::min<std::ptrdiff_t>(2, std::ssize(words)) : 1));
     }
     if (words.empty()) {
         parameter.Type = text;
@@ -317,6 +320,8 @@ std::string ParameterList::TypesText() const {
     return result + ")" + mQualifiers;
 }
 
-std::string ParameterList::BareTypesText() const { return WithoutQualifiers(TypesText()); }
+std::string ParameterList::BareTypesText() const {
+    return WithoutQualifiers(TypesText());
+}
 
 } // namespace paperkite

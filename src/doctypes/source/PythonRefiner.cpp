@@ -37,14 +37,15 @@ SourceKind PythonRefiner::KindOf(const CtagsTag& tag) const {
                        name.ends_with("abstractproperty") || name.ends_with(".setter") ||
                        name.ends_with(".deleter") || name.ends_with(".getter");
             });
-        return isProperty                ? SourceKind::Property
+        return isProperty               ? SourceKind::Property
                : tag.Name == "__init__" ? SourceKind::Constructor
-                                         : SourceKind::Method;
+                                        : SourceKind::Method;
     }
     if (tag.Kind == "variable") {
-        const bool isConstant =
-            std::any_of(tag.Name.begin(), tag.Name.end(), [](char c) { return c >= 'A' && c <= 'Z'; }) &&
-            std::none_of(tag.Name.begin(), tag.Name.end(), [](char c) { return c >= 'a' && c <= 'z'; });
+        const bool isConstant = std::any_of(tag.Name.begin(), tag.Name.end(),
+                                            [](char c) { return c >= 'A' && c <= 'Z'; }) &&
+                                std::none_of(tag.Name.begin(), tag.Name.end(),
+                                             [](char c) { return c >= 'a' && c <= 'z'; });
         return isConstant                 ? SourceKind::Constant
                : tag.ScopeKind == "class" ? SourceKind::Field
                                           : SourceKind::Variable;

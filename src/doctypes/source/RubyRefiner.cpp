@@ -71,7 +71,9 @@ SourceAccess VisibilityAt(const SourceText& text, const CtagsTag& tag) {
 
 } // namespace
 
-std::vector<ScopeStep> RubyRefiner::GroupOf(Work&) const { return {}; }
+std::vector<ScopeStep> RubyRefiner::GroupOf(Work&) const {
+    return {};
+}
 
 bool RubyRefiner::IsWanted(const CtagsTag& tag, const Work& work) const {
     return LanguageRefiner::IsWanted(tag, work) && tag.Kind != "library";

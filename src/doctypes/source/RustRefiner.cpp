@@ -68,13 +68,17 @@ bool RustRefiner::Mend(Draft& draft, Work& work) const {
         declaration.Trait = work.Trait;
     }
     const std::string_view head = OwnPart(draft.Head);
-    const bool isSeen = isOfTrait || !declaration.Trait.empty() ||
-                        declaration.Kind == SourceKind::Enumerator;
+    const bool isSeen =
+        isOfTrait || !declaration.Trait.empty() || declaration.Kind == SourceKind::Enumerator;
     declaration.Access = isSeen                                             ? SourceAccess::Public
                          : head.find("pub(") != none || tag.Kind == "macro" ? SourceAccess::Friend
                          : HasWord(head, "pub")                             ? SourceAccess::Public
                                                                             : SourceAccess::Private;
     if (!IsCallable(declaration.Kind)) {
+        const bool hasType = declaration.Kind == SourceKind::Field ||
+                             declaration.Kind == SourceKind::Constant ||
+                             declaration.Kind == SourceKind::Variable;
+        declaration.Type = hasType ? TypeBehind(work, Behind(draft)) : "";
         return true;
     }
     // "<T: X>(x: &T) -> Result<(), ()> where T: Y"

@@ -32,10 +32,10 @@ struct SourceDeclaration {
     std::uint32_t File = 0;       ///< as given by SourceIndexBuilder::AddFile
     std::uint32_t Line = 0;
     std::uint32_t EndLine = 0;
-    bool IsForward = false;     ///< declares what is defined elsewhere: a prototype, an extern
-    bool IsFileLocal = false;   ///< another file may have another one of this name
-    bool IsMember = false;      ///< out-of-line: Scope says to which type it belongs
-    bool HasAccess = false;     ///< the place itself says the access
+    bool IsForward = false;   ///< declares what is defined elsewhere: a prototype, an extern
+    bool IsFileLocal = false; ///< another file may have another one of this name
+    bool IsMember = false;    ///< out-of-line: Scope says to which type it belongs
+    bool HasAccess = false;   ///< the place itself says the access
 };
 
 } // namespace paperkite

@@ -24,8 +24,8 @@ struct SourceFileFinder::Walk {
 namespace {
 
 constexpr std::array<std::string_view, 12> skippedFolders = {
-    ".git",   ".hg",         ".svn",  "CVS",   ".bzr",        "node_modules",
-    ".cache", "__pycache__", ".tox",  ".venv", ".mypy_cache", "CMakeFiles"};
+    ".git",   ".hg",         ".svn", "CVS",   ".bzr",        "node_modules",
+    ".cache", "__pycache__", ".tox", ".venv", ".mypy_cache", "CMakeFiles"};
 
 bool IsSkippedFolder(const fs::path& folder, std::string_view name) {
     if (std::find(skippedFolders.begin(), skippedFolders.end(), name) != skippedFolders.end()) {
@@ -36,9 +36,8 @@ bool IsSkippedFolder(const fs::path& folder, std::string_view name) {
 }
 
 bool IsUsableName(std::string_view name) {
-    return IsValidUtf8(name) && std::none_of(name.begin(), name.end(), [](unsigned char c) {
-               return c < 0x20 || c == 0x7F;
-           });
+    return IsValidUtf8(name) && std::none_of(name.begin(), name.end(),
+                                             [](unsigned char c) { return c < 0x20 || c == 0x7F; });
 }
 
 } // namespace
@@ -64,8 +63,9 @@ ScanOutcome SourceFileFinder::CheckFolder() const {
                                     " does not exist. Choose a folder that does.");
     }
     if (error) {
-        return ScanOutcome::Failure("The source folder " + shown + " cannot be reached: " +
-                                    error.message() + ". Check the permissions of the folders above it.");
+        return ScanOutcome::Failure("The source folder " + shown +
+                                    " cannot be reached: " + error.message() +
+                                    ". Check the permissions of the folders above it.");
     }
     if (status.type() != fs::file_type::directory) {
         return ScanOutcome::Failure(shown + " is not a folder. Choose the folder that holds the "
@@ -87,7 +87,8 @@ FoundFiles SourceFileFinder::Find(const Progress& progress) const {
     }
     WalkFolder(walk, mFolder, "");
     if (walk.isCancelled) {
-        walk.found.Outcome = ScanOutcome::Cancellation("The search for source files was cancelled.");
+        walk.found.Outcome =
+            ScanOutcome::Cancellation("The search for source files was cancelled.");
     }
     return std::move(walk.found);
 }
@@ -106,7 +107,8 @@ void SourceFileFinder::WalkFolder(Walk& walk, const fs::path& folder,
     }
     if (error) {
         walk.found.Warnings.push_back("The folder \"" + PrintableUtf8(folder.string()) +
-                                      "\" cannot be read and was left out: " + error.message() + ".");
+                                      "\" cannot be read and was left out: " + error.message() +
+                                      ".");
     }
     std::sort(entries.begin(), entries.end(), [](const auto& a, const auto& b) {
         return a.path().filename().native() < b.path().filename().native();

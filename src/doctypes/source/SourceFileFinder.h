@@ -47,7 +47,8 @@ private:
     struct Walk;
 
     ScanOutcome CheckFolder() const;
-    void WalkFolder(Walk& walk, const std::filesystem::path& folder, const std::string& prefix) const;
+    void WalkFolder(Walk& walk, const std::filesystem::path& folder,
+                    const std::string& prefix) const;
     void VisitEntry(Walk& walk, const std::filesystem::directory_entry& entry,
                     const std::string& relative) const;
     bool IsExcluded(const std::string& relative) const;

@@ -142,7 +142,8 @@ void SourceIndexBuilder::Add(const SourceDeclaration& declaration) {
     const Text name = strings.Intern(declaration.Name);
     Text types = 0;
     if (IsCallable(declaration.Kind)) {
-        types = strings.Intern(ParameterList(declaration.Signature, declaration.Language).TypesText());
+        types =
+            strings.Intern(ParameterList(declaration.Signature, declaration.Language).TypesText());
     }
     Id id = FindSame(parent, name, declaration, types);
     const bool isNew = id == SourceIndex::Nothing;
@@ -178,11 +179,10 @@ void SourceIndexBuilder::TakeFacts(Id id, const SourceDeclaration& declaration) 
     entity.type = strings.Intern(declaration.Type);
     entity.trait = strings.Intern(declaration.Trait);
     mDrafts[id].isImplied = false;
-    mDrafts[id].types = IsCallable(declaration.Kind)
-                            ? strings.Intern(ParameterList(declaration.Signature,
-                                                           declaration.Language)
-                                                 .TypesText())
-                            : 0;
+    mDrafts[id].types =
+        IsCallable(declaration.Kind)
+            ? strings.Intern(ParameterList(declaration.Signature, declaration.Language).TypesText())
+            : 0;
 }
 
 void SourceIndexBuilder::AddPlace(Id id, const SourceDeclaration& declaration) {

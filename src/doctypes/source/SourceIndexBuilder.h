@@ -40,7 +40,7 @@ private:
         Text types = 0;                       ///< of a callable: its normalised parameter types
         std::uint32_t localFile = SourceIndex::Nothing; ///< when others may have one of this name
         std::uint32_t lastPlace = SourceIndex::Nothing;
-        bool isImplied = false;                         ///< known from scopes only
+        bool isImplied = false; ///< known from scopes only
         bool hasForward = false;
         bool hasDefinition = false;
         bool isGone = false; ///< merged into another

@@ -13,13 +13,13 @@ namespace {
 
 /// Of several things of one name, the one of the lowest rank bears it plainly.
 int Rank(SourceKind kind) {
-    return IsGroup(kind)                       ? 0
-           : IsType(kind)                      ? 1
-           : kind == SourceKind::Typedef       ? 2
-           : IsCallable(kind)                  ? 3
-           : kind == SourceKind::Macro         ? 5
-           : kind == SourceKind::Other         ? 6
-                                               : 4;
+    return IsGroup(kind)                 ? 0
+           : IsType(kind)                ? 1
+           : kind == SourceKind::Typedef ? 2
+           : IsCallable(kind)            ? 3
+           : kind == SourceKind::Macro   ? 5
+           : kind == SourceKind::Other   ? 6
+                                         : 4;
 }
 
 } // namespace
@@ -29,7 +29,8 @@ std::string EncodedStep(std::string_view name) {
     std::string step;
     for (const char c : name) {
         const unsigned char byte = static_cast<unsigned char>(c);
-        if (byte < 0x20 || byte == 0x7F || std::string_view("~:%/\\").find(c) != std::string_view::npos) {
+        if (byte < 0x20 || byte == 0x7F ||
+            std::string_view("~:%/\\").find(c) != std::string_view::npos) {
             step += '%';
             step += digits[byte >> 4];
             step += digits[byte & 15];
@@ -82,7 +83,8 @@ void SourceIndexBuilder::MatchDefinitionsOf(Id first) {
     const auto matchBy = [&](auto&& feature) {
         for (Id& definition : definitions) {
             const auto isMatch = [&](Id declaration) {
-                return definition != SourceIndex::Nothing && feature(declaration) == feature(definition);
+                return definition != SourceIndex::Nothing &&
+                       feature(declaration) == feature(definition);
             };
             const auto isRival = [&](Id other) {
                 return other != SourceIndex::Nothing && other != definition && isMatch(other);
@@ -159,7 +161,8 @@ void SourceIndexBuilder::Compact() {
     for (Id id = 0; id < moved.size(); ++id) {
         if (moved[id] != SourceIndex::Nothing) {
             SourceIndex::Entity& entity = mIndex.mEntities[moved[id]] = mIndex.mEntities[id];
-            entity.parent = entity.parent == SourceIndex::Nothing ? entity.parent : moved[entity.parent];
+            entity.parent =
+                entity.parent == SourceIndex::Nothing ? entity.parent : moved[entity.parent];
             mDrafts[moved[id]] = mDrafts[id];
             mDrafts[moved[id]].nextOfName = following[id];
         }
@@ -196,14 +199,14 @@ void SourceIndexBuilder::NameStepsOf(Id first) {
     std::stable_sort(ids.begin(), ids.end(), [&](Id a, Id b) {
         return std::pair(rank(a), mIndex.Kind(a)) < std::pair(rank(b), mIndex.Kind(b));
     });
-    const auto callables = std::count_if(ids.begin(), ids.end(),
-                                         [&](Id id) { return IsCallable(mIndex.Kind(id)); });
+    const auto callables =
+        std::count_if(ids.begin(), ids.end(), [&](Id id) { return IsCallable(mIndex.Kind(id)); });
     std::vector<std::string> names;
     for (const Id id : ids) {
         std::string name(mIndex.Name(id));
         name += callables > 1 && IsCallable(mIndex.Kind(id)) ? Discriminator(id) : "";
-        const bool isSameSort = rank(id) == rank(ids[0]) &&
-                                (rank(id) == 3 || mIndex.Kind(id) == mIndex.Kind(ids[0]));
+        const bool isSameSort =
+            rank(id) == rank(ids[0]) && (rank(id) == 3 || mIndex.Kind(id) == mIndex.Kind(ids[0]));
         if (!isSameSort) {
             name.append("[").append(mIndex.KindText(id)).append("]");
         }

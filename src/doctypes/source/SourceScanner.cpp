@@ -62,9 +62,8 @@ private:
             finder.Exclude(pattern);
         }
         finder.SetFilter(IsSourceFileName);
-        FoundFiles found = finder.Find([&](std::size_t count) {
-            return Report(ScanPhase::FindingFiles, count, "");
-        });
+        FoundFiles found = finder.Find(
+            [&](std::size_t count) { return Report(ScanPhase::FindingFiles, count, ""); });
         mFiles = std::move(found.Files);
         mResult.Warnings = std::move(found.Warnings);
         if (!found.Outcome.IsDone()) {
@@ -92,17 +91,17 @@ private:
 
     ScanOutcome ReadTags(CtagsProcess& ctags) {
         bool goesOn = Report(ScanPhase::ReadingFiles, 0, "");
-        ctags.SetKeepGoing([&] {
-            return goesOn = goesOn && Report(ScanPhase::ReadingFiles, mDone, mFile.Path);
-        });
+        ctags.SetKeepGoing(
+            [&] { return goesOn = goesOn && Report(ScanPhase::ReadingFiles, mDone, mFile.Path); });
         std::vector<std::string> names;
         for (const std::string& file : mFiles) {
             names.push_back("./" + file);
         }
-        ScanOutcome outcome =
-            goesOn ? ctags.Run(mFolder, CtagsOptions(mSurvey), names,
-                               [&](std::string_view line) { return goesOn = TakeLine(line) && goesOn; })
-                   : Cancelled();
+        ScanOutcome outcome = goesOn ? ctags.Run(mFolder, CtagsOptions(mSurvey), names,
+                                                 [&](std::string_view line) {
+                                                     return goesOn = TakeLine(line) && goesOn;
+                                                 })
+                                     : Cancelled();
         if (outcome.Status == ScanStatus::Cancelled) {
             return Cancelled();
         }

@@ -14,7 +14,8 @@ constexpr std::uintmax_t largestFile = 64u << 20;
 SourceText::SourceText(std::string text) : mText(std::move(text)) {
     mStarts.push_back(0);
     for (std::size_t i = 0; i < mText.size(); ++i) {
-        const bool isLoneReturn = mText[i] == '\r' && (i + 1 == mText.size() || mText[i + 1] != '\n');
+        const bool isLoneReturn =
+            mText[i] == '\r' && (i + 1 == mText.size() || mText[i + 1] != '\n');
         if ((mText[i] == '\n' || isLoneReturn) && i + 1 < mText.size()) {
             mStarts.push_back(i + 1);
         }

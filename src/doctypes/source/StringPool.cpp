@@ -12,19 +12,23 @@ constexpr std::size_t blockSize = 256 * 1024;
 
 } // namespace
 
-StringPool::StringPool() : mSlots(1024, NotThere) { Intern({}); }
+StringPool::StringPool() : mSlots(1024, NotThere) {
+    Intern({});
+}
 
 // The slots are a power of two and at most two thirds full.
 std::size_t StringPool::SlotOf(std::string_view text) const {
     const std::size_t mask = mSlots.size() - 1;
-    std::size_t slot = std::hash<std::string_view>{}(text) & mask;
+    std::size_t slot = std::hash<std::string_view>{}(text)&mask;
     while (mSlots[slot] != NotThere && mTexts[mSlots[slot]] != text) {
         slot = (slot + 1) & mask;
     }
     return slot;
 }
 
-StringPool::Id StringPool::Find(std::string_view text) const { return mSlots[SlotOf(text)]; }
+StringPool::Id StringPool::Find(std::string_view text) const {
+    return mSlots[SlotOf(text)];
+}
 
 StringPool::Id StringPool::Intern(std::string_view text) {
     std::size_t slot = SlotOf(text);

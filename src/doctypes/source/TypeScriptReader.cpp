@@ -181,7 +181,8 @@ void TypeScriptReader::Member(const std::string& scope) {
         const std::size_t behind = mAt;
         SkipBlanks();
         const char next = mAt < mCode.size() ? mCode[mAt] : '}';
-        const bool goesOn = IsNameCharacter(next) || next == '#' || next == '[' || next == '*' || next == '"' || next == '\'';
+        const bool goesOn = IsNameCharacter(next) || next == '#' || next == '[' || next == '*' ||
+                            next == '"' || next == '\'';
         mAt = behind;
         if (!goesOn || name.empty()) {
             break;
@@ -190,8 +191,9 @@ void TypeScriptReader::Member(const std::string& scope) {
             access = name;
         } else if (name == "get" || name == "set") {
             kind = name == "get" ? "getter" : "setter";
-        } else if (name != "static" && name != "readonly" && name != "abstract" && name != "async" &&
-                   name != "declare" && name != "override" && name != "accessor") {
+        } else if (name != "static" && name != "readonly" && name != "abstract" &&
+                   name != "async" && name != "declare" && name != "override" &&
+                   name != "accessor") {
             break;
         }
     }
