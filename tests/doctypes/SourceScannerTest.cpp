@@ -1,4 +1,5 @@
 #include "doctypes/SourceTree.h"
+#include "doctypes/source/Utf8.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -68,6 +69,19 @@ TEST(SourceScanner, BadSourceDoesNotHinderGoodSource) {
     EXPECT_TRUE(result.Index->Find("p~fine").has_value());
     EXPECT_TRUE(result.Index->Find("p~dash").has_value());
     EXPECT_TRUE(result.Index->Find("p~odd").has_value());
+}
+
+TEST(SourceScanner, TextsOfTheIndexAreUtf8WhateverTheFileIs) {
+    SourceTree tree;
+    tree.Write("a.ts", "class A {\n  caf\xE9(): T\xE9 { }\n}\n");
+    tree.Write("b.cs", "class B { T\xE9 plain(int caf\xE9) { } }\n");
+    const SourceIndex index = tree.Scan();
+    EXPECT_TRUE(index.Find("p~a~A").has_value());
+    for (SourceIndex::Id id = 0; id < index.Size(); ++id) {
+        for (const std::string_view text : {index.Name(id), index.Type(id), index.Signature(id)}) {
+            EXPECT_EQ(PrintableUtf8(text), text);
+        }
+    }
 }
 
 TEST(SourceScanner, ExcludedFilesAreNotScanned) {

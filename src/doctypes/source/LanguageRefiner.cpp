@@ -11,6 +11,7 @@
 #include "doctypes/source/RubyRefiner.h"
 #include "doctypes/source/RustRefiner.h"
 #include "doctypes/source/ScriptRefiner.h"
+#include "doctypes/source/Utf8.h"
 
 #include <algorithm>
 #include <array>
@@ -208,6 +209,11 @@ std::optional<SourceDeclaration> LanguageRefiner::RefineTag(const CtagsTag& tag,
         declaration.EndLine = work.Code.EndOfBody(place + tag.Name.size());
     }
     declaration.EndLine = std::max(declaration.EndLine, declaration.Line);
+    // texts that were read from the source may be in another encoding
+    for (std::string* text : {&declaration.Name, &declaration.Signature, &declaration.Type,
+                              &declaration.Inherits, &declaration.Template, &declaration.Trait}) {
+        *text = IsValidUtf8(*text) ? std::move(*text) : PrintableUtf8(*text);
+    }
     return std::move(declaration);
 }
 
