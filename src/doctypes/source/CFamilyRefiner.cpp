@@ -35,7 +35,7 @@ std::vector<ScopeStep> CFamilyRefiner::GroupOf(Work&) const {
 void CFamilyRefiner::Prepare(Work& work) const {
     for (const CtagsTag& tag : work.File.Tags) {
         if (tag.Name.starts_with(anonymous)) {
-            work.Unnamed[tag.Name] = &tag;
+            work.Types[tag.Name] = &tag;
         }
         if (!tag.Specialization.empty() && tag.Kind != "function" && tag.Kind != "prototype") {
             work.Specialised.push_back(&tag);
@@ -94,8 +94,8 @@ std::vector<ScopeStep> CFamilyRefiner::ScopeOf(const CtagsTag& tag, const Work& 
         path += (path.empty() ? "" : "::") + step.Name;
         const auto namer = work.Namers.find(step.Name);
         if (namer != work.Namers.end()) {
-            const auto unnamed = work.Unnamed.find(step.Name);
-            const bool isType = namer->second->Kind == "typedef" && unnamed != work.Unnamed.end();
+            const auto unnamed = work.Types.find(step.Name);
+            const bool isType = namer->second->Kind == "typedef" && unnamed != work.Types.end();
             step.Kind = KindOf(isType ? *unnamed->second : *namer->second);
             step.Name = namer->second->Name;
         } else if (step.Name.starts_with(anonymous)) {
@@ -133,8 +133,8 @@ bool CFamilyRefiner::Mend(Draft& draft, Work& work) const {
         declaration.Name.erase(8, 1); // "operator ==" is written "operator=="
     }
     const std::string type(LastStep(declaration.Type));
-    const auto unnamed = work.Unnamed.find(type.substr(0, type.find_first_of(" *[&")));
-    if (unnamed != work.Unnamed.end()) {
+    const auto unnamed = work.Types.find(type.substr(0, type.find_first_of(" *[&")));
+    if (unnamed != work.Types.end()) {
         declaration.Line = std::min(tag.Line, unnamed->second->Line);
         declaration.EndLine = std::max(tag.Line, unnamed->second->End);
         declaration.Type = unnamed->second->Kind;
@@ -148,6 +148,14 @@ bool CFamilyRefiner::Mend(Draft& draft, Work& work) const {
         declaration.Kind = SourceKind::Constant;
     }
     const bool isInType = tag.ScopeKind == "class" || tag.ScopeKind == "struct";
+    // "DECLARE_SOMETHING(Type);" looks like a prototype without a type
+    const bool isCall =
+        tag.Kind == "prototype" && tag.TypeRef.empty() && tag.Name.size() > 3 &&
+        tag.Name.find('_') != std::string::npos &&
+        std::none_of(tag.Name.begin(), tag.Name.end(), [](char c) { return c >= 'a' && c <= 'z'; });
+    if (isCall && (declaration.Scope.empty() || declaration.Scope.back().Name != tag.Name)) {
+        return false;
+    }
     // what ctags could not read as a function leaves its locals behind as members
     const bool isData = tag.Kind == "member" || tag.Kind == "typedef" || tag.Kind == "variable";
     if (isData && draft.Place != std::string::npos && work.Code.IsInFunctionBody(draft.Place)) {

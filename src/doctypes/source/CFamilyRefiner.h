@@ -8,6 +8,7 @@ namespace paperkite {
 class CFamilyRefiner : public LanguageRefiner {
 protected:
     std::string_view ScopeSeparator() const override { return "::"; }
+
     std::vector<ScopeStep> GroupOf(Work& work) const override;
     std::vector<ScopeStep> ScopeOf(const CtagsTag& tag, const Work& work) const override;
     bool IsWanted(const CtagsTag& tag, const Work& work) const override;

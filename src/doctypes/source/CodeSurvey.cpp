@@ -50,6 +50,12 @@ std::string_view Word(std::string_view text) {
 
 /// A body that says nothing about what is declared.
 bool IsEmptyOrAttribute(std::string_view body) {
+    for (const std::string_view word :
+         {"extern", "inline", "__inline__", "__inline", "__forceinline"}) {
+        if (body.starts_with(word)) {
+            return IsEmptyOrAttribute(Trimmed(body.substr(word.size())));
+        }
+    }
     return body.empty() || body.starts_with("__attribute__") || body.starts_with("__declspec") ||
            body.starts_with("[[") || body.starts_with("__attribute(") ||
            body.starts_with("_Pragma") || body.ends_with("_EXPORT") || body.ends_with("_IMPORT");
@@ -102,14 +108,21 @@ void CodeSurvey::LookAtDirective(std::string_view line) {
     line = Trimmed(line.substr(6));
     const std::string_view name = Word(line);
     line.remove_prefix(name.size());
-    if (!LooksLikeMacro(name) || line.starts_with("(")) {
+    if (!LooksLikeMacro(name)) {
+        return;
+    }
+    if (line.starts_with("(")) {
+        const std::size_t close = ClosingBracket(line, 0);
+        const std::string_view body = close == none ? line : Trimmed(line.substr(close + 1));
+        const bool isNotice = name.find("DEPRECATED") != none && LooksLikeMacro(Word(body));
+        if (isNotice || (!body.empty() && IsEmptyOrAttribute(body))) {
+            mAttributes.insert(std::string(name) + "(x)");
+        }
         return;
     }
     // a header guard is defined as nothing, too; to make it vanish does no harm
     if (IsEmptyOrAttribute(Trimmed(line))) {
         mAttributes.emplace(name);
-    } else {
-        mWithMeaning.emplace(name);
     }
 }
 
@@ -122,12 +135,8 @@ void CodeSurvey::LookAtLine(std::string_view line, std::string_view next) {
         return;
     }
     const std::string_view behind = Trimmed(line.substr(first.size()));
-    if (behind.empty()) {
-        // alone in its line: Q_OBJECT. A type on a line of its own has a name below
-        if (!next.starts_with("(")) {
-            mStatements.emplace(first);
-        }
-    } else if (behind[0] == '(') {
+    // a word alone in its line may be an enumerator: without brackets, the definition has to tell
+    if (behind.starts_with("(")) {
         const std::size_t close = ClosingBracket(behind, 0);
         const bool isAlone = close != none && Trimmed(behind.substr(close + 1)).empty();
         if (!isAlone || next.starts_with("{")) {
@@ -167,6 +176,8 @@ std::set<std::string> CodeSurvey::Definitions() const {
                                          "Q_DECL_FINAL=final",
                                          "Q_DECL_NOEXCEPT=noexcept",
                                          "Q_DECL_NOTHROW=noexcept",
+                                         "QT_BEGIN_NAMESPACE=",
+                                         "QT_END_NAMESPACE=",
                                          "Q_WEAK_OVERLOAD=",
                                          "Q_REQUIRED_RESULT="};
     for (const std::string& name : mAttributes) {
@@ -175,8 +186,7 @@ std::set<std::string> CodeSurvey::Definitions() const {
         }
     }
     for (const std::string& name : mStatements) {
-        if (!mBlocks.contains(name) && !IsForMoc(name) &&
-            (name.ends_with(")") || !mWithMeaning.contains(name))) {
+        if (!mBlocks.contains(name) && !IsForMoc(name)) {
             definitions.insert(name + "=");
         }
     }

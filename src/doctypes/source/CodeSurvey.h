@@ -34,7 +34,6 @@ private:
     std::set<std::string, std::less<>> mAttributes;
     std::set<std::string, std::less<>> mStatements;
     std::set<std::string, std::less<>> mBlocks; ///< macros that are seen with a body behind them
-    std::set<std::string, std::less<>> mWithMeaning; ///< macros with a body of code
 };
 
 } // namespace paperkite

@@ -59,7 +59,11 @@ public:
                     return std::nullopt;
                 }
             }
-            open = std::max(0, open + Closers(code));
+            const bool wasOpen = open > 0;
+            open = std::max(0, open + Closers(code) + Angles(code));
+            if (wasOpen && open == 0 && !MayBegin(code)) {
+                return std::nullopt;
+            }
         }
         return std::nullopt;
     }
@@ -88,6 +92,22 @@ private:
         return 0;
     }
 
+    // template <class T,
+    //           class U>
+    int Angles(std::string_view code) const {
+        const bool counts = mLanguage == SourceLanguage::Cpp &&
+                            (code.ends_with(">") || code.starts_with("template"));
+        return counts ? static_cast<int>(std::count(code.begin(), code.end(), '>') -
+                                         std::count(code.begin(), code.end(), '<'))
+                      : 0;
+    }
+
+    // whether what began in this line, several lines above, may belong to the declaration
+    bool MayBegin(std::string_view code) const {
+        return mLanguage <= SourceLanguage::CSharp || code.starts_with("@") ||
+               code.starts_with("#[");
+    }
+
     static bool IsShared(std::string_view code) { return code.find("*/") != none; }
 
     // whether the line above belongs to the declaration below it
@@ -99,7 +119,7 @@ private:
             code.starts_with(")") || code.starts_with("]") || code.starts_with("}");
         switch (mLanguage) {
         case SourceLanguage::Python:
-            return code.starts_with("@") || (isClosing && !code.starts_with("}"));
+            return code.starts_with("@") || Closers(code) > 0;
         case SourceLanguage::Rust:
         case SourceLanguage::Php:
             return code.starts_with("#[") || code.starts_with("@") || code.ends_with(")]");
@@ -319,9 +339,11 @@ std::vector<std::string> CommentExtractor::CleanedLines(std::string_view raw) {
         "////", "///", "//!", "//", "/**", "/*!",    "/*",   "--[[", "---",
         "--",   "{-|", "{-",  "##", "#",   "=begin", "=end", "!"};
     std::vector<std::string> lines;
-    bool isInBlock = false;
-    while (true) {
+    bool isInBlock = false, hasStars = false, isTight = false;
+    std::string opening; // blanks as wide as what stands before the text of the first line
+    for (bool isLast = false; !isLast;) {
         const std::size_t end = std::min(raw.find('\n'), raw.size());
+<<<<<<< HEAD
         std::string_view line = raw.substr(0, end);
         std::string_view text = Trimmed(line);
         bool hadMark = false;
@@ -333,25 +355,41 @@ std::vector<std::string> CommentExtractor::CleanedLines(std::string_view raw) {
                 hadMark = true;
                 break;
             }
+=======
+        std::string line(raw.substr(0, end));
+        isLast = end == raw.size();
+        raw.remove_prefix(isLast ? end : end + 1);
+        const std::string_view code = Trimmed(line);
+        const auto mark = isInBlock ? marks.end()
+                                    : std::find_if(marks.begin(), marks.end(),
+                                                   [&](auto m) { return code.starts_with(m); });
+        const bool isStar = mark == marks.end() && code.starts_with("*") &&
+                            !code.starts_with("*/") && !code.starts_with("**/");
+        if (mark != marks.end()) {
+            isInBlock = mark->starts_with("/*") || mark->starts_with("{-") || *mark == "--[[" ||
+                        *mark == "=begin";
+            const std::size_t start = line.find(*mark);
+            opening = lines.empty() && isInBlock ? std::string(start + mark->size(), ' ') : opening;
+            line.erase(0, start + mark->size());
+            isTight = lines.empty() && !line.empty() && line[0] != ' ' && line[0] != '\t';
+        } else if (isStar) {
+            hasStars = true;
+            line.erase(0, line.find('*') + 1);
+>>>>>>> source
         }
         for (const std::string_view close : {"**/", "*/", "-}", "]]", "=end"}) {
             if (isInBlock && Trimmed(line).ends_with(close)) {
-                line = line.substr(0, line.rfind(close));
+                line.resize(line.rfind(close));
                 isInBlock = false;
                 break;
             }
         }
-        text = Trimmed(line);
-        if (!hadMark && text.starts_with("*") && !text.starts_with("**/")) {
-            line = text.substr(1);
-        }
-        const bool isOrnament = text.size() > 2 && text.find_first_not_of("*-=/#~_") == none;
-        lines.emplace_back(isOrnament ? std::string_view() : line);
-        if (end == raw.size()) {
-            break;
-        }
-        raw.remove_prefix(end + 1);
+        const std::string_view text = Trimmed(line);
+        const bool isOrnament =
+            text.size() > 2 && text.find_first_not_of("*-=/#~_") == std::string_view::npos;
+        lines.push_back(isOrnament ? std::string() : std::move(line));
     }
+<<<<<<< HEAD
     // a first line right behind its mark says nothing about the indentation of the others
     const bool isLoose =
         lines.size() > 1 && !lines[0].empty() && lines[0].find_first_not_of(" \t") != none;
@@ -359,7 +397,13 @@ std::vector<std::string> CommentExtractor::CleanedLines(std::string_view raw) {
         RemoveCommonIndentation(lines);
     } else {
         RemoveCommonIndentation(lines, lines.size() > 1 ? 1 : 0);
+=======
+    // in "/* one", with "   two" below it, both texts stand in the same column
+    if (!hasStars && !Trimmed(lines[0]).empty()) {
+        lines[0].insert(0, opening);
+>>>>>>> source
     }
+    RemoveCommonIndentation(lines, isTight && hasStars ? 1 : 0);
     lines[0] = Trimmed(lines[0]);
     Tidy(lines);
     return lines;

@@ -58,8 +58,10 @@ std::vector<std::string> CtagsOptions(const CodeSurvey& survey) {
         "--map-C++=+.tpp",
         "--map-C++=+.ipp",
     };
-    options.push_back(survey.HeadersAreCpp() ? "--map-C=-.h" : "--map-C++=-.h");
-    options.push_back(survey.HeadersAreCpp() ? "--map-C++=+.h" : "--map-C=+.h");
+    // ".h" is mapped to three languages; only without the others C gets it
+    if (!survey.HeadersAreCpp()) {
+        options.insert(options.end(), {"--map-C++=-.h", "--map-ObjectiveC=-.h", "--map-C=+.h"});
+    }
     for (const std::string& definition : survey.Definitions()) {
         options.push_back("-D");
         options.push_back(definition);

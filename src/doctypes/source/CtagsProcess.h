@@ -42,6 +42,7 @@ public:
 
 private:
     std::string Program() const { return mProgram.empty() ? "ctags" : mProgram; }
+
     std::string InstallHint() const;
 
     std::string mProgram;

@@ -25,6 +25,7 @@ public:
     TaggedCode(const SourceText& text, SourceLanguage language, std::string_view languageName);
 
     const SourceText& Text() const { return mText; }
+
     const std::string& Masked() const { return mMasked; }
 
     /// Where the name of a tag stands, or npos. Several tags of one name in one line get one place
@@ -66,9 +67,15 @@ protected:
         std::vector<ScopeStep> Group; ///< the package or module of the file
         std::set<std::string> Locals; ///< scopes inside of callables
         std::map<std::string, const CtagsTag*>
+<<<<<<< HEAD
             Namers; ///< what names a type that ctags calls __anon
         std::map<std::string, const CtagsTag*> Unnamed; ///< the tags of these types
         std::vector<const CtagsTag*> Specialised;       ///< template specialisations of the file
+=======
+            Namers;                                   ///< what names a type that ctags calls __anon
+        std::map<std::string, const CtagsTag*> Types; ///< what others of the file need to find
+        std::vector<const CtagsTag*> Specialised;     ///< template specialisations of the file
+>>>>>>> source
         std::set<std::pair<std::uint32_t, std::string>> Signals; ///< of Qt: line and name
         std::string Trait; ///< of the Rust implementation at hand
     };
@@ -82,14 +89,20 @@ protected:
     };
 
     virtual std::string_view ScopeSeparator() const { return "."; }
+
     virtual std::vector<ScopeStep> GroupOf(Work& work) const;
+
     virtual void Prepare(Work&) const {}
+
     /// Tags in the place of those of ctags; nothing where those are good.
     virtual std::optional<std::vector<CtagsTag>> BetterTags(const Work&) const { return {}; }
+
     virtual bool IsWanted(const CtagsTag& tag, const Work& work) const;
     virtual SourceKind KindOf(const CtagsTag& tag) const = 0;
+
     /// The last touch; false leaves the declaration out.
     virtual bool Mend(Draft&, Work&) const { return true; }
+
     /// Whether the tag stands in a body and is a local of it.
     virtual bool IsLocal(const CtagsTag& tag, Work& work) const;
     virtual std::vector<ScopeStep> ScopeOf(const CtagsTag& tag, const Work& work) const;
@@ -104,6 +117,8 @@ protected:
     static std::vector<ScopeStep> ModulePath(std::string_view path);
     /// The text at the place when it opens with `open`, up to its closing bracket, on one line.
     static std::string BracketedText(const Work& work, std::size_t place, char open);
+    /// The type behind "name:", up to where it ends; empty when there is no colon at the place.
+    static std::string TypeBehind(const Work& work, std::size_t place);
     /// The code behind the name of the tag.
     static std::size_t Behind(const Draft& draft);
 

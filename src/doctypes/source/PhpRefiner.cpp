@@ -14,7 +14,7 @@ std::vector<ScopeStep> PhpRefiner::GroupOf(Work&) const {
 void PhpRefiner::Prepare(Work& work) const {
     for (const CtagsTag& tag : work.File.Tags) {
         if (tag.Kind == "enum") {
-            work.Unnamed[tag.Name] = &tag;
+            work.Types[tag.Name] = &tag;
         }
     }
 }
@@ -31,7 +31,7 @@ std::vector<ScopeStep> PhpRefiner::ScopeOf(const CtagsTag& tag, const Work& work
         }
     }
     std::vector<ScopeStep> steps = LanguageRefiner::ScopeOf(own, work);
-    for (const auto& [name, enumeration] : work.Unnamed) {
+    for (const auto& [name, enumeration] : work.Types) {
         const std::size_t place = work.Code.Text().Offset(enumeration->Line);
         if (tag.Line > enumeration->Line && tag.Line <= work.Code.EndOfBody(place)) {
             steps.push_back({name, SourceKind::Enumeration});
@@ -42,7 +42,7 @@ std::vector<ScopeStep> PhpRefiner::ScopeOf(const CtagsTag& tag, const Work& work
 
 bool PhpRefiner::IsWanted(const CtagsTag& tag, const Work& work) const {
     if (tag.Kind == "case") {
-        return std::any_of(work.Unnamed.begin(), work.Unnamed.end(), [&](const auto& pair) {
+        return std::any_of(work.Types.begin(), work.Types.end(), [&](const auto& pair) {
             const std::size_t place = work.Code.Text().Offset(pair.second->Line);
             return tag.Line > pair.second->Line && tag.Line <= work.Code.EndOfBody(place);
         });

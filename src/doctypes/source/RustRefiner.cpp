@@ -75,6 +75,10 @@ bool RustRefiner::Mend(Draft& draft, Work& work) const {
                          : HasWord(head, "pub")                             ? SourceAccess::Public
                                                                             : SourceAccess::Private;
     if (!IsCallable(declaration.Kind)) {
+        const bool hasType = declaration.Kind == SourceKind::Field ||
+                             declaration.Kind == SourceKind::Constant ||
+                             declaration.Kind == SourceKind::Variable;
+        declaration.Type = hasType ? TypeBehind(work, Behind(draft)) : "";
         return true;
     }
     // "<T: X>(x: &T) -> Result<(), ()> where T: Y"

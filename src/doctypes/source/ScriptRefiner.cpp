@@ -16,32 +16,15 @@ bool IsExports(std::string_view scope) {
     return scope == "exports" || scope == "module.exports" || scope == "module";
 }
 
-/// The type behind a colon at the place, up to where it ends; empty when there is no colon.
-std::string TypeBehind(const std::string& masked, std::size_t place) {
-    std::size_t at = masked.find_first_not_of(" \t\r\n?!", place);
-    if (at == none || masked[at] != ':') {
-        return {};
-    }
-    const std::size_t start = masked.find_first_not_of(" \t\r\n", at + 1);
-    for (at = start; at < masked.size() && at < start + 2000; ++at) {
-        const char c = masked[at];
-        if (c == '(' || c == '[' || c == '<' || (c == '{' && at == start)) {
-            const std::size_t close = ClosingBracket(masked, at);
-            if (close == none) {
-                break;
-            }
-            at = close;
-        } else if (masked.compare(at, 2, "=>") == 0) {
-            ++at;
-        } else if (std::string_view(";={,)}\n\r").find(c) != none) {
-            break;
+} // namespace
+
+void ScriptRefiner::Prepare(Work& work) const {
+    for (const CtagsTag& tag : work.File.Tags) {
+        if (tag.Kind == "class") {
+            work.Types[tag.Scope + "." + tag.Name] = &tag;
         }
     }
-    return start == none ? std::string()
-                         : NormalisedType(std::string_view(masked).substr(start, at - start));
 }
-
-} // namespace
 
 std::optional<std::vector<CtagsTag>> ScriptRefiner::BetterTags(const Work& work) const {
     if (work.File.Tags[0].Language != "TypeScript") {
@@ -106,6 +89,11 @@ bool ScriptRefiner::Mend(Draft& draft, Work& work) const {
     if (draft.Place == none) {
         return true;
     }
+    // "function Old() {}" with "Old.prototype.run = ..." is a class, reported as both
+    if (declaration.Kind == SourceKind::Function &&
+        work.Types.contains(draft.Tag.Scope + "." + draft.Tag.Name)) {
+        declaration.Kind = SourceKind::Class;
+    }
     if (draft.Place > 0 && masked[draft.Place - 1] == '#') {
         declaration.Name = std::string(1, '#').append(draft.Tag.Name);
         declaration.Access = SourceAccess::Private;
@@ -130,7 +118,7 @@ bool ScriptRefiner::Mend(Draft& draft, Work& work) const {
         }
     }
     if (!IsType(declaration.Kind) && !IsGroup(declaration.Kind)) {
-        declaration.Type = TypeBehind(masked, behind);
+        declaration.Type = TypeBehind(work, behind);
     }
     return true;
 }

@@ -7,6 +7,7 @@ namespace paperkite {
 /// JavaScript and TypeScript: a module for each file.
 class ScriptRefiner : public LanguageRefiner {
 protected:
+    void Prepare(Work& work) const override;
     std::optional<std::vector<CtagsTag>> BetterTags(const Work& work) const override;
     bool IsLocal(const CtagsTag& tag, Work& work) const override;
     bool IsWanted(const CtagsTag& tag, const Work& work) const override;

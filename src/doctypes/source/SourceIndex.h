@@ -49,23 +49,37 @@ public:
     std::optional<Id> Find(std::string_view qualifiedName) const;
 
     std::string QualifiedName(Id entity) const;
+
     std::string_view Name(Id entity) const { return mStrings.View(At(entity).name); }
+
     std::string_view Step(Id entity) const { return mStrings.View(At(entity).step); }
+
     SourceKind Kind(Id entity) const { return At(entity).kind; }
+
     std::string_view KindText(Id entity) const; ///< for Other the word that ctags has
+
     SourceLanguage Language(Id entity) const { return At(entity).language; }
+
     std::string_view LanguageName(Id entity) const {
         return mStrings.View(At(entity).languageName);
     }
+
     SourceAccess Access(Id entity) const { return At(entity).access; }
+
     std::string_view Signature(Id entity) const { return mStrings.View(At(entity).signature); }
+
     std::string_view Type(Id entity) const { return mStrings.View(At(entity).type); }
+
     std::string_view Inherits(Id entity) const { return mStrings.View(At(entity).inherits); }
+
     std::string_view Template(Id entity) const { return mStrings.View(At(entity).templateText); }
+
     std::string_view Trait(Id entity) const { return mStrings.View(At(entity).trait); }
+
     std::vector<SourceParameter> Parameters(Id entity) const;
 
     Id Parent(Id entity) const { return At(entity).parent; } ///< Nothing for the project
+
     /// In the order of the source.
     std::span<const Id> Children(Id entity) const;
 
@@ -104,6 +118,7 @@ private:
     static std::uint64_t HashOf(std::string_view qualifiedName);
 
     const Entity& At(Id entity) const { return mEntities[entity]; }
+
     bool IsNamed(Id entity, std::string_view qualifiedName) const;
     SourcePlace PlaceOf(const StoredPlace& stored) const;
 

@@ -18,7 +18,9 @@ public:
 
     Id Intern(std::string_view text);
     Id Find(std::string_view text) const; ///< NotThere when the pool does not hold it
+
     std::string_view View(Id id) const { return mTexts[id]; }
+
     std::size_t Size() const { return mTexts.size(); }
 
 private:

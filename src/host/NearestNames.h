@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace paperkite {
+
+/// Finds the names that look most like one that does not exist, by edit distance, letter case
+/// ignored. With a separator the last steps of the names count, as many as the wanted one has.
+class NearestNames {
+public:
+    explicit NearestNames(const std::string& wanted, std::string separator = {});
+
+    void Offer(const std::string& candidate);
+    /// At most that many, best first; names that have little in common with the wanted are left
+    /// out.
+    std::vector<std::string> Best(std::size_t count) const;
+
+private:
+    std::string Tail(const std::string& candidate) const;
+
+    std::string mWanted;
+    std::string mSeparator;
+    std::size_t mSteps = 0;
+    std::vector<std::pair<std::size_t, std::string>> mFound;
+};
+
+/// How many letters must be inserted, removed or replaced to make one text of the other; `limit`
+/// + 1 stands for anything above the limit.
+std::size_t EditDistance(const std::string& left, const std::string& right, std::size_t limit);
+
+} // namespace paperkite

@@ -1,0 +1,64 @@
+#include "host/Workspace.h"
+
+namespace paperkite {
+
+namespace {
+
+bool IsUndocumentedItem(const TreeNode& node) {
+    return !IsGroupNode(node) && !IsPlaceholderKey(node.GetKey()) && !node.GetBold() &&
+           node.GetParent();
+}
+
+} // namespace
+
+Workspace::Workspace(std::unique_ptr<ProjectSession> session) : mSession(std::move(session)) {
+    mEditor.SetAppName("Paperkite");
+    mEditor.SetUserMode(true);
+    mEditor.SetKiteProject(mSession->GetProject());
+    // What is deleted stays in the collection until it was saved without it.
+    mEditor.SetKeepTombstones(true);
+    mEditor.BindToWrapper(mWrapper);
+    Load();
+}
+
+Workspace::~Workspace() {
+    mEditor.Terminate();
+}
+
+void Workspace::Load() {
+    mEditor.CommitEdit();
+    mEditor.Project.SetImageList(mSession->GetImages());
+    mEditor.cEditor.SetCurrentCodeElement(nullptr);
+    mEditor.LoadFromNamespaceDefs(mSession->GetDefinitions(), kSourceMoniker);
+}
+
+bool Workspace::Select(const std::string& qualifiedName) {
+    if (!mEditor.SelectItem(qualifiedName)) return false;
+    const auto node = mEditor.Project.GetSelectedItem();
+    if (!node || node->GetKey() != qualifiedName) return false;
+    node->EnsureVisible();
+    return true;
+}
+
+Ref<TreeNode> Workspace::NextUndocumented(const Ref<TreeNode>& after) {
+    ProjectView& tree = mEditor.Project;
+    Ref<TreeNode> node = after ? tree.NextNode(after) : tree.GetNodes().GetFirst();
+    while (node && !IsUndocumentedItem(*node))
+        node = tree.NextNode(node);
+    return node;
+}
+
+Ref<TreeNode> Workspace::PreviousUndocumented(const Ref<TreeNode>& before) {
+    ProjectView& tree = mEditor.Project;
+    Ref<TreeNode> node = before ? tree.PreviousNode(before) : Ref<TreeNode>();
+    while (node && !IsUndocumentedItem(*node))
+        node = tree.PreviousNode(node);
+    return node;
+}
+
+std::optional<FileProblem> Workspace::Save() {
+    mEditor.CommitEdit();
+    return mSession->GetProject()->Save();
+}
+
+} // namespace paperkite

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "authoring/ProjectEditor.h"
+#include "host/CommandWrapper.h"
+#include "host/ProjectSession.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace paperkite {
+
+/// An open project on the authoring components, with or without a window around them: what the
+/// command line and the desktop program share.
+class Workspace {
+public:
+    explicit Workspace(std::unique_ptr<ProjectSession> session);
+    ~Workspace();
+
+    ProjectSession& GetSession() { return *mSession; }
+    ProjectEditor& GetEditor() { return mEditor; }
+    const Ref<CommandWrapper>& GetWrapper() const { return mWrapper; }
+
+    /// Loads the tree. Once at the beginning, and again after a rescan.
+    void Load();
+    /// Opens the way to an item and selects it, grouped or not; false when the tree does not show
+    /// it.
+    bool Select(const std::string& qualifiedName);
+    /// The next item in the tree without comments, behind a node (nothing: from the top), or
+    /// nothing. Opens what must be loaded for it.
+    Ref<TreeNode> NextUndocumented(const Ref<TreeNode>& after);
+    Ref<TreeNode> PreviousUndocumented(const Ref<TreeNode>& before);
+
+    /// Commits what is being edited, then saves.
+    std::optional<FileProblem> Save();
+
+private:
+    std::unique_ptr<ProjectSession> mSession;
+    Ref<CommandWrapper> mWrapper = MakeRef<CommandWrapper>();
+    ProjectEditor mEditor;
+};
+
+} // namespace paperkite

@@ -1,0 +1,111 @@
+#include "doctypes/source/SourceFileFinder.h"
+#include "doctypes/SourceTree.h"
+
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+namespace paperkite::test {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string Joined(const std::vector<std::string>& texts) {
+    std::string result;
+    for (const std::string& text : texts) {
+        result += (result.empty() ? "" : " ") + text;
+    }
+    return result;
+}
+
+} // namespace
+
+TEST(SourceFileFinder, ListsFilesByNameWhateverTheOrderOnDisk) {
+    SourceTree tree;
+    tree.Write("z.c", "").Write("b/y.c", "").Write("b/a.c", "").Write("a.c", "");
+    EXPECT_EQ(Joined(SourceFileFinder(tree.Folder()).Find().Files), "a.c b/a.c b/y.c z.c");
+}
+
+TEST(SourceFileFinder, LeavesOutWhatIsExcluded) {
+    SourceTree tree;
+    tree.Write("a.c", "").Write("gen/b.c", "").Write("x/gen/c.c", "").Write("x/d_test.c", "");
+    SourceFileFinder finder(tree.Folder());
+    finder.Exclude("gen");
+    finder.Exclude("x/*_test.c");
+    EXPECT_EQ(Joined(finder.Find().Files), "a.c");
+}
+
+TEST(SourceFileFinder, SkipsVersionControlPackagesAndBuildOutputs) {
+    SourceTree tree;
+    tree.Write("a.c", "").Write(".git/b.c", "").Write("node_modules/c.js", "");
+    tree.Write("out/CMakeCache.txt", "").Write("out/d.c", "").Write("p/__pycache__/e.py", "");
+    EXPECT_EQ(Joined(SourceFileFinder(tree.Folder()).Find().Files), "a.c");
+}
+
+TEST(SourceFileFinder, SkipsBinaryFiles) {
+    SourceTree tree;
+    tree.Write("a.c", "int a;")
+        .Write("b.c", std::string_view("\x7F"
+                                       "ELF\0\0",
+                                       6));
+    EXPECT_EQ(Joined(SourceFileFinder(tree.Folder()).Find().Files), "a.c");
+}
+
+TEST(SourceFileFinder, EntersAFolderThatLinksToItselfOnce) {
+    SourceTree tree;
+    tree.Write("sub/a.c", "");
+    fs::create_directory_symlink(tree.Folder(), tree.Folder() + "/sub/loop");
+    fs::create_directory_symlink(tree.Folder() + "/sub", tree.Folder() + "/twin");
+    fs::create_symlink("nowhere", tree.Folder() + "/dangling.c");
+    EXPECT_EQ(Joined(SourceFileFinder(tree.Folder()).Find().Files), "sub/a.c");
+}
+
+TEST(SourceFileFinder, NamesThatAreNotTextAreLeftOutWithAWarning) {
+    SourceTree tree;
+    tree.Write("a.c", "").Write("b\xFF.c", "").Write("c\nd.c", "").Write("\xC3\xA9.c", "");
+    const FoundFiles found = SourceFileFinder(tree.Folder()).Find();
+    EXPECT_EQ(Joined(found.Files), "a.c \xC3\xA9.c");
+    ASSERT_EQ(found.Warnings.size(), 2u);
+    EXPECT_NE(found.Warnings[0].find("\"b\xEF\xBF\xBD.c\" was left out because its name"),
+              std::string::npos);
+}
+
+TEST(SourceFileFinder, SaysWhatIsWrongWithTheFolder) {
+    SourceTree tree;
+    tree.Write("file.c", "");
+    const std::string missing = tree.Folder() + "/none";
+    EXPECT_EQ(SourceFileFinder(missing).Find().Outcome.Message,
+              "The source folder \"" + missing + "\" does not exist. Choose a folder that does.");
+    const std::string file = tree.Folder() + "/file.c";
+    EXPECT_EQ(SourceFileFinder(file).Find().Outcome.Message,
+              "\"" + file + "\" is not a folder. Choose the folder that holds the source code.");
+    EXPECT_EQ(SourceFileFinder("").Find().Outcome.Message,
+              "No source folder is given. Choose the folder that holds the source code.");
+    EXPECT_EQ(SourceFileFinder("").Find().Outcome.Status, ScanStatus::Failed);
+}
+
+TEST(SourceFileFinder, UnreadableFoldersAndFilesAreToldOf) {
+    if (::geteuid() == 0) {
+        GTEST_SKIP() << "the superuser can read everything";
+    }
+    SourceTree tree;
+    tree.Write("a.c", "").Write("closed/b.c", "").Write("c.c", "");
+    fs::permissions(tree.Folder() + "/closed", fs::perms::none);
+    fs::permissions(tree.Folder() + "/c.c", fs::perms::none);
+    const FoundFiles found = SourceFileFinder(tree.Folder()).Find();
+    fs::permissions(tree.Folder() + "/closed", fs::perms::owner_all);
+    EXPECT_EQ(Joined(found.Files), "a.c");
+    EXPECT_EQ(found.Warnings.size(), 2u);
+}
+
+TEST(SourceFileFinder, StopsWhenTold) {
+    SourceTree tree;
+    tree.Write("a.c", "").Write("b.c", "");
+    const FoundFiles found =
+        SourceFileFinder(tree.Folder()).Find([](std::size_t) { return false; });
+    EXPECT_EQ(found.Outcome.Status, ScanStatus::Cancelled);
+    EXPECT_EQ(found.Files.size(), 1u);
+}
+
+} // namespace paperkite::test
