@@ -246,7 +246,8 @@ std::vector<ScopeStep> LanguageRefiner::ScopeOf(const CtagsTag& tag, const Work&
     std::string_view rest = tag.Scope;
     std::size_t depth = 0, start = 0;
     const auto add = [&](std::string_view name) {
-        if (!name.empty()) {
+        // what an unnamed function of a script holds belongs to what is around it
+        if (!name.empty() && !name.starts_with("AnonymousFunction")) {
             steps.push_back({std::string(name), SourceKind::Namespace});
         }
     };
