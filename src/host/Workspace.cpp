@@ -13,7 +13,6 @@ bool IsUndocumentedItem(const TreeNode& node) {
 
 Workspace::Workspace(std::unique_ptr<ProjectSession> session) : mSession(std::move(session)) {
     mEditor.SetAppName("Paperkite");
-    mEditor.SetUserMode(true);
     mEditor.SetKiteProject(mSession->GetProject());
     // What is deleted stays in the collection until it was saved without it.
     mEditor.SetKeepTombstones(true);

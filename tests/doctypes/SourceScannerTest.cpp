@@ -134,6 +134,35 @@ public slots:
 )");
 }
 
+TEST(SourceScanner, UnknownMacrosAreNoPartOfAReturnType) {
+    SourceTree tree;
+    tree.Write("a.h", R"(
+SOME_CALL const char *name(void);
+LIST_ENTRY entry(void);
+const LIST_ENTRY *constant(void);
+class A {
+public:
+    SOME_INLINE A(int a);
+    SOME_INLINE bool is() const;
+};
+)");
+    EXPECT_EQ(Dump(tree.Scan()), R"(
++Function name (void) : const char *
++Function entry (void) : LIST_ENTRY
++Function constant (void) : const LIST_ENTRY *
++Class A
+  +Constructor A (int a)
+  +Method is () const : bool
+)");
+}
+
+TEST(SourceScanner, UnnamedFunctionsAndMinifiedFilesLeaveNoTraceInScripts) {
+    SourceTree tree;
+    tree.Write("a.js", "(function () {\n  class A { m() {} }\n})();\n");
+    tree.Write("a.min.js", "class B {}\n");
+    EXPECT_EQ(Dump(tree.Scan()), "\n+Module a\n  +Class A\n    +Method m ()\n");
+}
+
 // a larger tree of real code: names are unique, found again, and every beginning is one, too
 void CheckNamesOf(const std::string& folder) {
     if (!std::filesystem::is_directory(folder)) {

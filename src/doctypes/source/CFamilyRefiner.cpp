@@ -21,6 +21,36 @@ std::string_view LastStep(std::string_view scoped) {
     return at == std::string_view::npos ? scoped : scoped.substr(at + 2);
 }
 
+bool LooksLikeMacro(std::string_view word) {
+    return word.size() > 4 && word.find('_') != std::string_view::npos &&
+           std::none_of(word.begin(), word.end(),
+                        [](char c) { return (c >= 'a' && c <= 'z') || c == ':' || c == '<'; });
+}
+
+/// "bool" of "SOME_INLINE bool SOME_CALL": without macros where something else says the type.
+std::string WithoutMacros(std::string_view type) {
+    const auto isNoType = [](std::string_view word) {
+        return LooksLikeMacro(word) || word == "const" || word == "volatile" || word == "struct" ||
+               word == "union" || word == "enum" || word == "class" || word == "typename" ||
+               word.find_first_not_of("*&") == std::string_view::npos;
+    };
+    std::vector<std::string_view> words = SplitTopLevel(type, ' ');
+    if (std::all_of(words.begin(), words.end(), isNoType)) {
+        return std::string(type);
+    }
+    while (LooksLikeMacro(words.front())) {
+        words.erase(words.begin());
+    }
+    while (LooksLikeMacro(words.back())) {
+        words.pop_back();
+    }
+    std::string result;
+    for (const std::string_view word : words) {
+        result.append(result.empty() ? "" : " ").append(word);
+    }
+    return result;
+}
+
 bool HasProperty(const CtagsTag& tag, std::string_view property) {
     const auto parts = SplitTopLevel(tag.Properties, ',');
     return std::find(parts.begin(), parts.end(), property) != parts.end();
@@ -146,6 +176,15 @@ bool CFamilyRefiner::Mend(Draft& draft, Work& work) const {
     if ((declaration.Kind == SourceKind::Variable || declaration.Kind == SourceKind::Field) &&
         HasWord(draft.Head, "constexpr")) {
         declaration.Kind = SourceKind::Constant;
+    }
+    if (IsCallable(declaration.Kind)) {
+        declaration.Type = WithoutMacros(declaration.Type);
+        const bool isOfType =
+            !declaration.Scope.empty() && tag.Name == declaration.Scope.back().Name;
+        if ((isOfType || declaration.Kind == SourceKind::Destructor) &&
+            LooksLikeMacro(declaration.Type)) {
+            declaration.Type.clear();
+        }
     }
     const bool isInType = tag.ScopeKind == "class" || tag.ScopeKind == "struct";
     // "DECLARE_SOMETHING(Type);" looks like a prototype without a type

@@ -31,7 +31,7 @@ bool IsNameCharacter(char c) {
 }
 
 bool LooksLikeMacro(std::string_view word) {
-    return word.size() > 2 && word[0] >= 'A' && word[0] <= 'Z' &&
+    return word.size() > 2 && (word[0] < '0' || word[0] > '9') &&
            std::all_of(word.begin(), word.end(), IsMacroCharacter);
 }
 

@@ -24,6 +24,9 @@ constexpr std::string_view extensions[] = {
 
 bool IsSourceFileName(std::string_view path) {
     const std::string_view name = path.substr(path.rfind('/') + 1);
+    if (name.ends_with(".min.js")) { // made from a source, not written
+        return false;
+    }
     const std::size_t dot = name.rfind('.');
     return dot != std::string_view::npos && std::find(std::begin(extensions), std::end(extensions),
                                                       name.substr(dot)) != std::end(extensions);

@@ -53,7 +53,10 @@ bool ScriptRefiner::IsLocal(const CtagsTag& tag, Work& work) const {
 }
 
 bool ScriptRefiner::IsWanted(const CtagsTag& tag, const Work& work) const {
-    if (tag.Kind == "local" || tag.Kind == "parameter") {
+    const char first = tag.Name[0]; // keys like "&" are data
+    const bool isName = std::isalpha(static_cast<unsigned char>(first)) || first == '_' ||
+                        first == '$' || first == '#' || static_cast<unsigned char>(first) >= 0x80;
+    if (!isName || tag.Kind == "local" || tag.Kind == "parameter") {
         return false;
     }
     if (IsExports(tag.Scope) || tag.Name == "exports") { // "module.exports = { f }" for a known f

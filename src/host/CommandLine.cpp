@@ -1,0 +1,167 @@
+#include "host/CommandLine.h"
+
+#include "foundation/Version.h"
+#include "host/Commands.h"
+
+#include <CLI/CLI.hpp>
+
+#include <ostream>
+
+namespace paperkite {
+
+namespace {
+
+constexpr const char* kAbout =
+    "Paperkite: writes the documentation of source code, in files of its own beside the source.";
+constexpr const char* kItemHelp =
+    "An item by its qualified name, \"root~Class~Member\"; the root may be left out, and \"::\" or "
+    "\".\" may stand for \"~\"";
+
+/// All options, filled while the command line is read.
+struct Arguments {
+    std::string Project;
+    std::string Item;
+    NewCommand New;
+    TreeCommand Tree;
+    CommentCommand Comment;
+    CoverageCommand Coverage;
+    ScreenshotRequest Screenshot;
+    std::string Size = "1280x800";
+    bool Json = false;
+};
+
+CLI::App* AddCommand(CLI::App& app, Arguments& arguments, const char* name, const char* about) {
+    CLI::App* command = app.add_subcommand(name, about);
+    command->add_option("PROJECT", arguments.Project, "The project file (.kiteproject)")
+        ->required();
+    return command;
+}
+
+void AddItem(CLI::App* command, Arguments& arguments, bool required) {
+    command->add_option("ITEM", arguments.Item, kItemHelp)->required(required);
+}
+
+void AddNew(CLI::App& app, Arguments& arguments) {
+    CLI::App* command = AddCommand(app, arguments, "new", "Make a project for a folder of source");
+    command->add_option("--source", arguments.New.Source, "The folder of the source code")
+        ->required();
+    command->add_option("--title", arguments.New.Title,
+                        "The title of the documentation (otherwise the folder's name)");
+    command->add_option("--exclude", arguments.New.Excludes,
+                        "Leave out files and folders that match a pattern with *, ** and ?; may be "
+                        "given many times");
+}
+
+void AddTree(CLI::App& app, Arguments& arguments) {
+    CLI::App* command = AddCommand(app, arguments, "tree", "Show the items of the code");
+    AddItem(command, arguments, false);
+    command->add_option("--depth", arguments.Tree.Depth, "How many levels below the item")
+        ->check(CLI::Range(0, 1000))
+        ->capture_default_str();
+    command->add_flag("--json", arguments.Json, "Print JSON");
+}
+
+void AddComments(CLI::App& app, Arguments& arguments) {
+    CLI::App* command = AddCommand(app, arguments, "comments", "Show the comments of an item");
+    AddItem(command, arguments, true);
+    command->add_flag("--json", arguments.Json, "Print JSON");
+}
+
+void AddComment(CLI::App& app, Arguments& arguments) {
+    CLI::App* command =
+        AddCommand(app, arguments, "comment", "Write or delete a comment of an item, and save");
+    AddItem(command, arguments, true);
+    CommentCommand& comment = arguments.Comment;
+    command->add_option("--tag", comment.Tag, "The tag, such as \"##remarks\" or \"Remarks\"")
+        ->required();
+    auto* text = command->add_option(
+        "--text", comment.Text, "The text; it replaces the one that the item has under the tag");
+    auto* add = command->add_flag("--add", comment.Add, "Add another comment of the same tag");
+    auto* remove = command->add_flag("--delete", comment.Delete, "Delete the tag's comments");
+    remove->excludes(text)->excludes(add);
+    command->callback([&comment, text] {
+        if (!comment.Delete && text->count() == 0)
+            throw CLI::ValidationError("comment", "Say what to write with --text, or --delete.");
+    });
+}
+
+void AddCoverage(CLI::App& app, Arguments& arguments) {
+    CLI::App* command =
+        AddCommand(app, arguments, "coverage", "Count how much of the code is documented");
+    command->add_option("--by", arguments.Coverage.By, "Count by kind or by file")
+        ->check(CLI::IsMember({"kind", "file"}))
+        ->capture_default_str();
+    command
+        ->add_option("--fail-under", arguments.Coverage.FailUnder,
+                     "End with exit code 1 when less than this many per cent are documented")
+        ->check(CLI::Range(0.0, 100.0));
+    command->add_flag("--json", arguments.Json, "Print JSON");
+}
+
+void AddScreenshot(CLI::App& app, Arguments& arguments) {
+    CLI::App* command = AddCommand(app, arguments, "screenshot", "Write a picture of the window");
+    command->add_option("--out", arguments.Screenshot.Out, "The file to write (.png)")->required();
+    command->add_option("--item", arguments.Screenshot.Item, kItemHelp);
+    command->add_option("--size", arguments.Size, "Width and height in pixels")
+        ->capture_default_str()
+        ->check([](const std::string& text) {
+            return ParseSize(text) ? std::string()
+                                   : "Give the size as WIDTHxHEIGHT, such as 1280x800.";
+        });
+    command->add_flag("--dark", arguments.Screenshot.Dark, "Use the dark colours");
+    command->add_option("--text-size", arguments.Screenshot.TextSize, "Text size in per cent")
+        ->check(CLI::Range(50, 400))
+        ->capture_default_str();
+}
+
+int RunChosen(const CLI::App& app, Arguments& arguments, const WindowCommands& windows,
+              Output& output) {
+    const auto chosen = app.get_subcommands();
+    if (chosen.empty()) return windows.Open(arguments.Project);
+    const std::string name = chosen.front()->get_name();
+    output.Json = arguments.Json;
+    if (name == "new") return arguments.New.Run(arguments.Project, output);
+    if (name == "open") return windows.Open(arguments.Project);
+    if (name == "screenshot") {
+        ScreenshotRequest& request = arguments.Screenshot;
+        request.Project = arguments.Project;
+        const auto size = ParseSize(arguments.Size);
+        request.Width = size->first;
+        request.Height = size->second;
+        return windows.Screenshot(request);
+    }
+    CommandTarget target{arguments.Project, arguments.Item};
+    if (name == "tree") return arguments.Tree.Run(target, output);
+    if (name == "comments") return RunComments(target, output);
+    if (name == "comment") return arguments.Comment.Run(target, output);
+    if (name == "coverage") return arguments.Coverage.Run(target, output);
+    return RunNext(target, output);
+}
+
+} // namespace
+
+int RunCommandLine(int argc, const char* const* argv, const WindowCommands& windows,
+                   std::ostream& out, std::ostream& err) {
+    CLI::App app(kAbout, "paperkite");
+    app.set_version_flag("--version", kVersion);
+    app.require_subcommand(0, 1);
+    Arguments arguments;
+    AddCommand(app, arguments, "open", "Open a project in the window");
+    AddNew(app, arguments);
+    AddTree(app, arguments);
+    AddComments(app, arguments);
+    AddComment(app, arguments);
+    AddCoverage(app, arguments);
+    AddItem(AddCommand(app, arguments, "next", "Show the next item without comments"), arguments,
+            false);
+    AddScreenshot(app, arguments);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error, out, err) == 0 ? kExitDone : kExitBadInput;
+    }
+    Output output{out, err};
+    return RunChosen(app, arguments, windows, output);
+}
+
+} // namespace paperkite

@@ -1,0 +1,155 @@
+#include "host/Commands.h"
+
+#include "foundation/GlobalConfig.h"
+#include "foundation/Text.h"
+
+#include <unistd.h>
+
+#include <charconv>
+#include <chrono>
+#include <ostream>
+
+namespace paperkite {
+
+namespace {
+
+const char* PhaseText(ScanPhase phase) {
+    switch (phase) {
+    case ScanPhase::FindingFiles:
+        return "Finding files";
+    case ScanPhase::SurveyingFiles:
+        return "Surveying files";
+    case ScanPhase::ReadingFiles:
+        return "Reading files";
+    case ScanPhase::BuildingIndex:
+        return "Building the index";
+    }
+    return "";
+}
+
+/// Shows how far a scan is, in one line that is written over and over.
+class TerminalProgress {
+public:
+    explicit TerminalProgress(std::ostream& stream)
+        : mStream(stream), mShown(isatty(STDERR_FILENO) != 0) {}
+    ~TerminalProgress() {
+        if (mAny) mStream << "\r\033[K" << std::flush;
+    }
+    bool operator()(const ScanProgress& progress) {
+        const auto now = std::chrono::steady_clock::now();
+        if (!mShown || now - mLast < std::chrono::milliseconds(100)) return true;
+        mLast = now;
+        mAny = true;
+        mStream << '\r' << "\033[K" << PhaseText(progress.Phase);
+        if (progress.FilesTotal > 0)
+            mStream << ' ' << progress.FilesDone << " of " << progress.FilesTotal;
+        mStream << std::flush;
+        return true;
+    }
+
+private:
+    std::ostream& mStream;
+    bool mShown;
+    bool mAny = false;
+    std::chrono::steady_clock::time_point mLast;
+};
+
+void ShowEverything() {
+    ProjectViewOptions& options = GlobalConfig().ProjectViewOptions;
+    options.Grouped = false;
+    options.ShowPrivate = true;
+    options.ShowFriend = true;
+    options.ShowProtected = true;
+    options.AutoExpandChildren = false;
+}
+
+} // namespace
+
+int Output::Fail(const std::string& message) {
+    Err << message << '\n';
+    return 2;
+}
+
+std::unique_ptr<Workspace> OpenWorkspace(const std::string& project, Output& output) {
+    TerminalProgress progress(output.Err);
+    auto opened = ProjectSession::Open(project, std::ref(progress));
+    if (!opened.Session) {
+        output.Fail(opened.Problem);
+        return nullptr;
+    }
+    ShowEverything();
+    return std::make_unique<Workspace>(std::move(opened.Session));
+}
+
+std::optional<std::string> FindTarget(Workspace& workspace, const CommandTarget& target,
+                                      Output& output) {
+    ProjectSession& session = workspace.GetSession();
+    if (target.Item.empty()) return session.GetProvider()->GetIndex(0).QualifiedName(0);
+    const std::string name = session.Resolve(target.Item);
+    if (!name.empty()) return name;
+    std::string message = "There is no item \"" + target.Item + "\" in this project.";
+    const auto nearest = session.Nearest(target.Item);
+    if (!nearest.empty())
+        message += " Did you mean " + Join(nearest, " or ") + "?";
+    else
+        message += " The command \"tree\" shows the items that there are.";
+    output.Fail(message);
+    return std::nullopt;
+}
+
+std::optional<std::pair<int, int>> ParseSize(const std::string& text) {
+    const auto number = [](const std::string& digits) {
+        int value = 0;
+        const auto end = digits.data() + digits.size();
+        const auto parsed = std::from_chars(digits.data(), end, value);
+        return parsed.ec == std::errc() && parsed.ptr == end && value >= 1 && value <= 16384 ? value
+                                                                                             : 0;
+    };
+    const int width = number(Token(text, "x", 1));
+    const int height = number(Token(text, "x", 2));
+    if (width == 0 || height == 0 || Split(text, "x").size() != 2) return std::nullopt;
+    return std::pair(width, height);
+}
+
+int NewCommand::Run(const std::string& project, Output& output) const {
+    TerminalProgress progress(output.Err);
+    const auto made =
+        ProjectSession::Create({project, Source, Title, Excludes}, std::ref(progress));
+    if (!made.Session) return output.Fail(made.Problem);
+    const auto& session = *made.Session;
+    for (const std::string& warning : session.GetWarnings())
+        output.Err << warning << '\n';
+    output.Out << "Made " << session.GetProject()->GetPath() << " with "
+               << session.GetProvider()->GetIndex(0).Size() - 1 << " items from "
+               << session.GetFileCount() << " files.\n";
+    return 0;
+}
+
+int RunNext(const CommandTarget& target, Output& output) {
+    const auto workspace = OpenWorkspace(target.Project, output);
+    if (!workspace) return 2;
+    // Private items count as little here as in the coverage.
+    GlobalConfig().ProjectViewOptions.ShowPrivate = false;
+    const auto name = FindTarget(*workspace, target, output);
+    if (!name) return 2;
+    workspace->Load();
+    Ref<TreeNode> from;
+    if (!target.Item.empty()) {
+        if (!workspace->Select(*name))
+            return output.Fail("\"" + *name + "\" is private: next walks the other items only.");
+        from = workspace->GetEditor().Project.GetSelectedItem();
+    }
+    const auto next = workspace->NextUndocumented(from);
+    if (!next) {
+        output.Out << "Every item" << (from ? " behind this one" : "") << " is documented.\n";
+        return 0;
+    }
+    const auto item = workspace->GetSession().GetProvider()->GetItem(next->GetKey());
+    output.Out << next->GetKey() << "  " << item->Get("Kind").ToText();
+    const std::string file = item->Get("File").ToText();
+    if (!file.empty()) output.Out << "  " << file << ':' << item->Get("Line").ToText();
+    output.Out << '\n';
+    return 0;
+}
+
+} // namespace paperkite

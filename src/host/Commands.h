@@ -1,0 +1,75 @@
+#pragma once
+
+#include "host/Workspace.h"
+
+#include <iosfwd>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace paperkite {
+
+/// Where a command writes, and how.
+struct Output {
+    std::ostream& Out;
+    std::ostream& Err;
+    bool Json = false;
+
+    /// Writes the message and gives the exit code of bad input.
+    int Fail(const std::string& message);
+};
+
+/// The project that a command works on, and the item as the user wrote it (may be empty).
+struct CommandTarget {
+    std::string Project;
+    std::string Item;
+};
+
+/// Opens the project on the components, every access shown and nothing grouped; on a problem it
+/// says so and gives nothing. The scan shows its progress where the error stream is a terminal.
+std::unique_ptr<Workspace> OpenWorkspace(const std::string& project, Output& output);
+
+/// The qualified name of the target's item (of the root where none was named); on an unknown name
+/// it says so with the nearest ones and gives nothing.
+std::optional<std::string> FindTarget(Workspace& workspace, const CommandTarget& target,
+                                      Output& output);
+
+/// "1280x800"
+std::optional<std::pair<int, int>> ParseSize(const std::string& text);
+
+struct NewCommand {
+    std::string Source;
+    std::string Title;
+    std::vector<std::string> Excludes;
+
+    int Run(const std::string& project, Output& output) const;
+};
+
+struct TreeCommand {
+    int Depth = 2;
+
+    int Run(const CommandTarget& target, Output& output) const;
+};
+
+struct CommentCommand {
+    std::string Tag;
+    std::string Text;
+    bool Add = false;
+    bool Delete = false;
+
+    int Run(const CommandTarget& target, Output& output) const;
+};
+
+struct CoverageCommand {
+    std::string By = "kind";
+    double FailUnder = 0;
+
+    int Run(const CommandTarget& target, Output& output) const;
+};
+
+int RunComments(const CommandTarget& target, Output& output);
+int RunNext(const CommandTarget& target, Output& output);
+
+} // namespace paperkite
