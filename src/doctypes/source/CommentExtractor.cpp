@@ -343,19 +343,6 @@ std::vector<std::string> CommentExtractor::CleanedLines(std::string_view raw) {
     std::string opening; // blanks as wide as what stands before the text of the first line
     for (bool isLast = false; !isLast;) {
         const std::size_t end = std::min(raw.find('\n'), raw.size());
-<<<<<<< HEAD
-        std::string_view line = raw.substr(0, end);
-        std::string_view text = Trimmed(line);
-        bool hadMark = false;
-        for (const std::string_view mark : marks) {
-            if (!isInBlock && text.starts_with(mark)) {
-                isInBlock = mark.starts_with("/*") || mark.starts_with("{-") || mark == "--[[" ||
-                            mark == "=begin";
-                line = text.substr(mark.size());
-                hadMark = true;
-                break;
-            }
-=======
         std::string line(raw.substr(0, end));
         isLast = end == raw.size();
         raw.remove_prefix(isLast ? end : end + 1);
@@ -375,7 +362,6 @@ std::vector<std::string> CommentExtractor::CleanedLines(std::string_view raw) {
         } else if (isStar) {
             hasStars = true;
             line.erase(0, line.find('*') + 1);
->>>>>>> source
         }
         for (const std::string_view close : {"**/", "*/", "-}", "]]", "=end"}) {
             if (isInBlock && Trimmed(line).ends_with(close)) {
@@ -389,19 +375,9 @@ std::vector<std::string> CommentExtractor::CleanedLines(std::string_view raw) {
             text.size() > 2 && text.find_first_not_of("*-=/#~_") == std::string_view::npos;
         lines.push_back(isOrnament ? std::string() : std::move(line));
     }
-<<<<<<< HEAD
-    // a first line right behind its mark says nothing about the indentation of the others
-    const bool isLoose =
-        lines.size() > 1 && !lines[0].empty() && lines[0].find_first_not_of(" \t") != none;
-    if (isLoose && lines[0].starts_with(" ")) {
-        RemoveCommonIndentation(lines);
-    } else {
-        RemoveCommonIndentation(lines, lines.size() > 1 ? 1 : 0);
-=======
     // in "/* one", with "   two" below it, both texts stand in the same column
     if (!hasStars && !Trimmed(lines[0]).empty()) {
         lines[0].insert(0, opening);
->>>>>>> source
     }
     RemoveCommonIndentation(lines, isTight && hasStars ? 1 : 0);
     lines[0] = Trimmed(lines[0]);

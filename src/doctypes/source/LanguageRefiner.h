@@ -67,15 +67,9 @@ protected:
         std::vector<ScopeStep> Group; ///< the package or module of the file
         std::set<std::string> Locals; ///< scopes inside of callables
         std::map<std::string, const CtagsTag*>
-<<<<<<< HEAD
-            Namers; ///< what names a type that ctags calls __anon
-        std::map<std::string, const CtagsTag*> Unnamed; ///< the tags of these types
-        std::vector<const CtagsTag*> Specialised;       ///< template specialisations of the file
-=======
             Namers;                                   ///< what names a type that ctags calls __anon
         std::map<std::string, const CtagsTag*> Types; ///< what others of the file need to find
         std::vector<const CtagsTag*> Specialised;     ///< template specialisations of the file
->>>>>>> source
         std::set<std::pair<std::uint32_t, std::string>> Signals; ///< of Qt: line and name
         std::string Trait; ///< of the Rust implementation at hand
     };
