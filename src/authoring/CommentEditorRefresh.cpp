@@ -141,10 +141,11 @@ std::size_t CommentEditor::PLCaptionToIndex(const std::string& Caption) const {
 
 void CommentEditor::zListExistingComments() {
     TaggedCommentCount = 0;
-    const auto comments = GetTaggedComments();
-    if (!comments) return;
+    const auto all = GetTaggedComments();
+    if (!all) return;
+    const auto comments = all->UnDeletedTaggedComments();
     const bool needsXMLTags = mCommentType == CommentType::XMLCommentTags;
-    for (const auto& comment : *comments->UnDeletedTaggedComments()) {
+    for (const auto& comment : *comments) {
         if (comment->GetItem() != mCurrentCodeElement) continue;
         const auto definition = comment->GetTaggedCommentDef();
         if (!definition || IsFlag(*definition) || !definition->TabName.empty()) continue;
@@ -207,7 +208,8 @@ void CommentEditor::SetCommonProperties(const Ref<PropertyItem>& row) {
 
 void CommentEditor::zTickFlags() {
     if (prpFlags->Count() == 0) return;
-    for (const auto& comment : *GetTaggedComments()->UnDeletedTaggedComments()) {
+    const auto comments = GetTaggedComments()->UnDeletedTaggedComments();
+    for (const auto& comment : *comments) {
         const auto definition = comment->GetTaggedCommentDef();
         if (!definition || !IsFlag(*definition)) continue;
         // A flag that does not apply to this element has no row.

@@ -106,7 +106,8 @@ std::string SourceItem::GetOverload() const {
     for (const SourceParameter& parameter : GetIndex().Parameters(mEntity))
         types += (types.empty() ? "" : ", ") +
                  (parameter.Type.empty() ? parameter.Name : parameter.Type);
-    return "(" + types + ")";
+    // What stands behind the parameters tells overloads apart too: "const", "&&".
+    return "(" + types + ")" + std::string(step.substr(step.rfind(')') + 1));
 }
 
 } // namespace paperkite
