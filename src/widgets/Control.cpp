@@ -19,6 +19,7 @@ Control*& FocusedControl() {
 Control::Control(std::string name) : mName(std::move(name)) {}
 
 Control::~Control() {
+    Tell<ControlObserver>([&](ControlObserver& observer) { observer.ControlGone(*this); });
     if (FocusedControl() == this) FocusedControl() = nullptr;
 }
 

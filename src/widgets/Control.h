@@ -31,6 +31,9 @@ public:
 
     /// The control is to lie above its neighbours.
     virtual void BroughtToFront(Control& /*control*/) {}
+
+    /// The control ends; only its address may be used any more.
+    virtual void ControlGone(Control& /*control*/) {}
 };
 
 /// A rectangle in pixels, relative to the control's container.

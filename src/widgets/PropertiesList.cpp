@@ -138,11 +138,11 @@ void PropertiesList::SetColumnCaption(const std::string& column, const std::stri
 }
 
 int PropertiesList::AddButton(const std::string& key, const std::string& toolTipText,
-                              const std::string& image) {
+                              const std::string& image, const std::string& caption) {
     for (const auto& button : mButtons)
         if (button.Key == key)
             RaiseError(ErrorNumber::KeyAlreadyThere, "The button \"" + key + "\" is already there");
-    mButtons.push_back(PropertyButton{key, toolTipText, image, true});
+    mButtons.push_back(PropertyButton{key, toolTipText, image, caption, true});
     Tell<PropertiesListObserver>([](auto& view) { view.ButtonsChanged(); });
     return GetButtonCount();
 }

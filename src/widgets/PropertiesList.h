@@ -20,10 +20,8 @@ public:
 
     virtual void SelectionChanged() {}
 
-    /// An edit of the selected row began, or its text was changed by code: read EditText.
+    /// An edit of the selected row began: read EditText.
     virtual void EditBegan() {}
-
-    virtual void EditTextChanged() {}
 
     virtual void EditEnded() {}
 
@@ -37,6 +35,8 @@ struct PropertyButton {
     std::string ToolTipText;
     /// Key into the list's image list.
     std::string Image;
+    /// What the button says; the tool tip when empty.
+    std::string Caption;
     bool Visible = true;
 };
 
@@ -124,7 +124,7 @@ public:
 
     /// Adds a row button and gives its position from 1; a key that is there raises error 457.
     int AddButton(const std::string& key, const std::string& toolTipText,
-                  const std::string& image = {});
+                  const std::string& image = {}, const std::string& caption = {});
 
     int GetButtonCount() const { return static_cast<int>(mButtons.size()); }
 

@@ -1,0 +1,253 @@
+#include "platform/qt/ExplorerBarView.h"
+
+#include "platform/qt/ControlView.h"
+#include "platform/qt/Conversions.h"
+#include "platform/qt/Icons.h"
+
+#include <QLabel>
+#include <QPainter>
+#include <QPainterPath>
+#include <QRadioButton>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace paperkite {
+
+namespace {
+
+constexpr int kRadius = 4;
+constexpr int kSide = 10;
+
+// A card: caption ground on top, base below, a line around both.
+class Card : public QWidget {
+public:
+    using QWidget::QWidget;
+
+    int CaptionHeight = 0;
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        QPainterPath outline;
+        outline.addRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kRadius, kRadius);
+        painter.fillPath(outline, palette().base());
+        painter.setClipPath(outline);
+        painter.fillRect(0, 0, width(), CaptionHeight, palette().color(QPalette::AlternateBase));
+        painter.setClipping(false);
+        painter.setPen(palette().color(QPalette::Mid));
+        painter.drawPath(outline);
+    }
+};
+
+// One line to choose: a radio button that looks like a row of a list.
+class Line : public QRadioButton {
+public:
+    Line(const GroupItem& item, const QIcon& icon, int height, QWidget* parent)
+        : QRadioButton(ToQString(item.GetCaption()), parent) {
+        setAutoExclusive(false);
+        setIcon(icon);
+        setToolTip(ToQString(item.GetToolTipText()));
+        setEnabled(item.GetEnabled());
+        setMinimumHeight(std::max(height, fontMetrics().height() + 8));
+        setMinimumWidth(64);
+        setMouseTracking(true);
+        QFont bold = font();
+        bold.setBold(item.GetBold());
+        setFont(bold);
+        setChecked(item.GetSelected());
+        if (item.GetBold()) setAccessibleDescription(tr("in use"));
+    }
+
+protected:
+    bool hitButton(const QPoint& position) const override { return rect().contains(position); }
+
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        if (isChecked())
+            painter.fillRect(rect(), palette().highlight());
+        else if (underMouse() && isEnabled())
+            painter.fillRect(rect(), palette().color(QPalette::Midlight));
+        const int size = std::max(16, fontMetrics().height());
+        int left = kSide;
+        if (!icon().isNull()) {
+            icon().paint(&painter, left, (height() - size) / 2, size, size);
+            left += size + 8;
+        }
+        const QRect room = rect().adjusted(left, 0, -8, 0);
+        const auto group = isEnabled() ? QPalette::Active : QPalette::Disabled;
+        painter.setPen(
+            palette().color(group, isChecked() ? QPalette::HighlightedText : QPalette::Text));
+        painter.drawText(room, Qt::AlignVCenter | Qt::AlignLeft,
+                         fontMetrics().elidedText(text(), Qt::ElideRight, room.width()));
+        if (!hasFocus()) return;
+        painter.setPen(QPen(isChecked() ? palette().color(QPalette::HighlightedText)
+                                        : palette().color(QPalette::Highlight),
+                            1));
+        painter.drawRect(rect().adjusted(1, 1, -2, -2));
+    }
+
+    void enterEvent(QEnterEvent* event) override {
+        QRadioButton::enterEvent(event);
+        update();
+    }
+
+    void leaveEvent(QEvent* event) override {
+        QRadioButton::leaveEvent(event);
+        update();
+    }
+};
+
+} // namespace
+
+ExplorerBarView::ExplorerBarView(ViewFactory& factory, const Ref<ExplorerBar>& bar, QWidget* parent)
+    : QScrollArea(parent), mFactory(factory), mBar(bar) {
+    setWidgetResizable(true);
+    setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setMinimumWidth(120);
+    ControlView::Attach(bar, this);
+    mTie = bar->Observe(*this);
+    Rebuild();
+}
+
+QWidget* ExplorerBarView::LineOf(const std::string& group, const std::string& item) const {
+    const auto found = mBar->FindGroup(group);
+    const auto line = found ? found->Find(item) : Ref<GroupItem>();
+    return mLines.value(line.get());
+}
+
+void ExplorerBarView::ControlChanged(Control&) {
+    RebuildSoon();
+}
+
+void ExplorerBarView::GroupsChanged() {
+    RebuildSoon();
+}
+
+void ExplorerBarView::SelectionChanged() {
+    for (auto line = mLines.begin(); line != mLines.end(); ++line)
+        if (auto* button = dynamic_cast<Line*>(line.value()))
+            button->setChecked(line.key() == mBar->GetSelectedItem().get());
+}
+
+// Later, since the change may come out of a line that is being pressed, and one of many.
+void ExplorerBarView::RebuildSoon() {
+    if (std::exchange(mRebuildPending, true)) return;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (mRebuildPending) Rebuild();
+        },
+        Qt::QueuedConnection);
+}
+
+void ExplorerBarView::Rebuild() {
+    mRebuildPending = false;
+    const auto focused =
+        std::find_if(mLines.begin(), mLines.end(), [](QWidget* line) { return line->hasFocus(); });
+    const GroupItem* focusedItem = focused == mLines.end() ? nullptr : focused.key();
+    mLines.clear();
+    mLineOrder.clear();
+    if (QWidget* before = takeWidget()) before->deleteLater();
+    mContent = new QWidget;
+    auto* column = new QVBoxLayout(mContent);
+    column->setContentsMargins(8, 8, 8, 8);
+    column->setSpacing(8);
+    for (const auto& group : mBar->GetGroups())
+        if (group->GetVisible()) AddCard(*column, group);
+    column->addStretch(1);
+    setWidget(mContent);
+    if (QWidget* line = mLines.value(focusedItem)) line->setFocus();
+}
+
+void ExplorerBarView::AddCard(QVBoxLayout& column, const Ref<ExplorerBarGroup>& group) {
+    auto* card = new Card(mContent);
+    auto* lines = new QVBoxLayout(card);
+    lines->setContentsMargins(1, 1, 1, 1);
+    lines->setSpacing(0);
+    auto* caption = new QToolButton(card);
+    QFont bold = font();
+    bold.setBold(true);
+    caption->setFont(bold);
+    caption->setText(ToQString(group->GetCaption()));
+    caption->setIcon(Icons::InList(mBar->GetImageList(), group->GetIcon()));
+    caption->setToolButtonStyle(caption->icon().isNull() ? Qt::ToolButtonTextOnly
+                                                         : Qt::ToolButtonTextBesideIcon);
+    caption->setAutoRaise(true);
+    caption->setFocusPolicy(Qt::TabFocus);
+    caption->setToolTip(group->GetCollapsed() ? tr("Show the lines of this group")
+                                              : tr("Hide the lines of this group"));
+    caption->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+    connect(caption, &QToolButton::clicked, this, [this, group] { mBar->UserToggle(group); });
+    auto* captionRow = new QHBoxLayout;
+    captionRow->setContentsMargins(4, 2, 4, 2);
+    captionRow->addWidget(caption);
+    captionRow->addStretch(1);
+    lines->addLayout(captionRow);
+    card->CaptionHeight = caption->sizeHint().height() + 5;
+    column.addWidget(card);
+    if (group->GetCollapsed()) return;
+    for (const auto& item : *group)
+        if (item->GetVisible()) AddLine(*lines, item);
+    if (group->Count() > 0 || group->GetEmptyText().empty()) return;
+    auto* empty = new QLabel(ToQString(group->GetEmptyText()), card);
+    empty->setWordWrap(true);
+    empty->setMargin(8);
+    empty->setForegroundRole(QPalette::PlaceholderText);
+    lines->addWidget(empty);
+}
+
+void ExplorerBarView::AddLine(QVBoxLayout& card, const Ref<GroupItem>& item) {
+    if (item->GetControl()) {
+        QWidget* hosted = mFactory.MakeView(item->GetControl(), card.parentWidget());
+        auto* room = new QVBoxLayout;
+        room->setContentsMargins(kSide, 4, 4, 4);
+        room->addWidget(hosted);
+        card.addLayout(room);
+        return;
+    }
+    const QIcon icon = Icons::InList(mBar->GetImageList(), item->GetIcon());
+    const int height = static_cast<int>(mBar->GetRowHeight() * item->GetHeight());
+    auto* line = new Line(*item, icon, height, card.parentWidget());
+    connect(line, &QRadioButton::clicked, this, [this, item] {
+        mBar->UserClick(item);
+        SelectionChanged();
+    });
+    line->installEventFilter(this);
+    mLines[item.get()] = line;
+    mLineOrder.append(line);
+    card.addWidget(line);
+}
+
+bool ExplorerBarView::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress && mLineOrder.contains(watched)) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        auto* line = static_cast<QAbstractButton*>(watched);
+        if (key == Qt::Key_Up || key == Qt::Key_Down) {
+            MoveFocus(line, key == Qt::Key_Up ? -1 : 1);
+            return true;
+        }
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            line->click();
+            return true;
+        }
+    }
+    return QScrollArea::eventFilter(watched, event);
+}
+
+void ExplorerBarView::MoveFocus(QWidget* from, int step) {
+    const auto at = mLineOrder.indexOf(from) + step;
+    if (at < 0 || at >= mLineOrder.size()) return;
+    mLineOrder[at]->setFocus(Qt::TabFocusReason);
+    ensureWidgetVisible(mLineOrder[at], 0, 8);
+}
+
+void ExplorerBarView::changeEvent(QEvent* event) {
+    QScrollArea::changeEvent(event);
+    if (event->type() == QEvent::FontChange) RebuildSoon();
+}
+
+} // namespace paperkite

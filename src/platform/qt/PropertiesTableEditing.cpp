@@ -1,0 +1,124 @@
+#include "platform/qt/Conversions.h"
+#include "platform/qt/PropertiesTable.h"
+#include "widgets/Keys.h"
+
+#include <QComboBox>
+#include <QFocusEvent>
+#include <QPlainTextEdit>
+#include <QTextBlock>
+
+#include <algorithm>
+
+// The editor that stands in the selected row while the list is in edit.
+
+namespace paperkite {
+
+namespace {
+
+constexpr int kMostLines = 12;
+
+// As high as its lines, as they are wrapped.
+int WantedHeight(const QPlainTextEdit& editor) {
+    int lines = 0;
+    for (auto block = editor.document()->begin(); block.isValid(); block = block.next())
+        lines += std::max(1, block.layout()->lineCount());
+    lines = std::clamp(lines, 1, kMostLines);
+    return lines * editor.fontMetrics().lineSpacing() + 12;
+}
+
+} // namespace
+
+void PropertiesTable::EditBegan() {
+    if (mEditor) EditEnded();
+    mEditor = MakeEditor();
+    mEditor->installEventFilter(this);
+    mEditor->setAccessibleName(
+        mItems->data(mItems->index(SelectedRow(), 0), Qt::DisplayRole).toString());
+    PlaceEditor();
+    PlaceButtons();
+    mEditor->show();
+    mEditor->setFocus(Qt::OtherFocusReason);
+    PlaceEditor();
+}
+
+QWidget* PropertiesTable::MakeEditor() {
+    const Ref<PropertyItem> row = mList->GetSelectedItem();
+    return row->GetChoices().empty() ? MakeTextEditor() : MakeChoiceEditor(*row);
+}
+
+QWidget* PropertiesTable::MakeTextEditor() {
+    auto* editor = new QPlainTextEdit(ToQString(mList->GetEditText()), viewport());
+    editor->setTabChangesFocus(true);
+    editor->document()->setDocumentMargin(3);
+    editor->selectAll();
+    connect(editor, &QPlainTextEdit::textChanged, this, [this, editor] {
+        mList->UserType(FromQString(editor->toPlainText()));
+        PlaceEditor();
+    });
+    return editor;
+}
+
+QWidget* PropertiesTable::MakeChoiceEditor(const PropertyItem& row) {
+    auto* editor = new QComboBox(viewport());
+    for (const auto& choice : row.GetChoices())
+        editor->addItem(ToQString(choice));
+    editor->setCurrentText(ToQString(mList->GetEditText()));
+    connect(editor, &QComboBox::textActivated, this, [this](const QString& text) {
+        mList->UserType(FromQString(text));
+        mList->EndEdit();
+    });
+    return editor;
+}
+
+void PropertiesTable::PlaceEditor() {
+    const int row = SelectedRow();
+    if (!mEditor || row < 0) return;
+    int height = mRowHeight;
+    if (auto* text = qobject_cast<QPlainTextEdit*>(mEditor.data()))
+        height = std::max(mRowHeight, WantedHeight(*text));
+    if (rowHeight(row) != height) setRowHeight(row, height);
+    mEditor->setGeometry(ValueRect().adjusted(1, 0, 0, -1));
+}
+
+void PropertiesTable::EditEnded() {
+    if (!mEditor) return;
+    QWidget* editor = mEditor;
+    mEditor = nullptr;
+    editor->removeEventFilter(this);
+    if (editor->hasFocus()) setFocus(Qt::OtherFocusReason);
+    editor->hide();
+    editor->deleteLater();
+    for (int row = 0; row < mItems->rowCount(); ++row)
+        if (rowHeight(row) > mRowHeight) setRowHeight(row, mRowHeight);
+    PlaceButtons();
+}
+
+bool PropertiesTable::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != mEditor) return QTableView::eventFilter(watched, event);
+    if (event->type() == QEvent::KeyPress) return EditorKey(static_cast<QKeyEvent&>(*event));
+    if (event->type() == QEvent::FocusOut) {
+        const auto reason = static_cast<QFocusEvent*>(event)->reason();
+        const bool elsewhere =
+            reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason;
+        if (elsewhere) mList->EndEdit();
+    }
+    return false;
+}
+
+// Enter ends the edit and Escape drops it, unless the list's own handlers do so first; a line break
+// is typed with Shift or Ctrl.
+bool PropertiesTable::EditorKey(QKeyEvent& event) {
+    const int code = KeyCodeOf(event);
+    const int shift = ShiftOf(event.modifiers());
+    const bool lineBreak = code == KeyReturn && (shift & (ShiftShift | ShiftControl));
+    if (lineBreak) {
+        if (auto* text = qobject_cast<QPlainTextEdit*>(mEditor.data())) text->insertPlainText("\n");
+        return true;
+    }
+    if (code != KeyReturn && code != KeyEscape) return false;
+    if (mList->UserKeyDown(code, shift) == 0) return true;
+    if (code == KeyReturn) mList->EndEdit();
+    return true;
+}
+
+} // namespace paperkite

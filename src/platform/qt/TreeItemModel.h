@@ -1,0 +1,82 @@
+#pragma once
+
+#include "foundation/Ref.h"
+#include "widgets/TreeControl.h"
+
+#include <QAbstractItemModel>
+
+#include <functional>
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+namespace paperkite {
+
+/// Follows a TreeControl for Qt's views. A row is made when a view first asks for its parent's
+/// children, so that a large tree costs what is seen of it. A row holds its node, which may be
+/// detached while the tree's redraw is off; such a row is empty until the tree tells the change.
+class TreeItemModel : public QAbstractItemModel, private TreeControlObserver {
+public:
+    explicit TreeItemModel(const Ref<TreeControl>& tree, QObject* parent = nullptr);
+    ~TreeItemModel() override;
+
+    /// Says a node's state for screen readers ("documented", "private"); may be empty.
+    using StateText = std::function<std::string(const TreeNode&)>;
+
+    static void SetStateText(StateText stateText);
+
+    /// The node of an index, or nothing for an invalid one.
+    Ref<TreeNode> NodeOf(const QModelIndex& index) const;
+    /// The index of a node whose parents' rows have been made; invalid otherwise.
+    QModelIndex IndexOf(const TreeNode* node) const;
+    /// As IndexOf, and makes the rows that are missing.
+    QModelIndex MakeIndexOf(const Ref<TreeNode>& node);
+
+    /// Called after the rows below a parent were brought up to date.
+    std::function<void(const QModelIndex&)> RowsUpdated;
+
+    QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
+    QModelIndex parent(const QModelIndex& index) const override;
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    bool hasChildren(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    bool setData(const QModelIndex& index, const QVariant& value, int role) override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+private:
+    struct Row {
+        Ref<TreeNode> Node;
+        Row* Parent = nullptr;
+        int Position = 0;
+        bool Populated = false;
+        std::vector<std::unique_ptr<Row>> Children;
+    };
+
+    void NodeCame(const Ref<TreeNode>& node) override;
+    void NodeAboutToGo(const Ref<TreeNode>& node) override;
+    void NodeChanged(const Ref<TreeNode>& node) override;
+    void ChildrenChanged(const Ref<TreeNode>& parent) override;
+
+    Row& RowOf(const QModelIndex& index) const;
+    Row* FindRow(const TreeNode* node) const;
+    QModelIndex IndexOf(const Row& row) const;
+    TreeChildren ChildrenOf(const Row& row) const;
+    void Populate(Row& row) const;
+    std::unique_ptr<Row> MakeRow(Row& parent, const Ref<TreeNode>& node) const;
+    void Insert(Row& parent, int at, const std::vector<Ref<TreeNode>>& nodes);
+    void Remove(Row& parent, int first, int last);
+    void RemoveVanished(Row& parent);
+    void InsertNewcomers(Row& parent);
+    void Forget(const Row& row);
+    static void Renumber(Row& parent, std::size_t from);
+    QString AccessibleText(const TreeNode& node) const;
+    QVariant Decoration(const TreeNode& node) const;
+
+    Ref<TreeControl> mTree;
+    mutable Row mRoot;
+    mutable std::unordered_map<const TreeNode*, Row*> mRows;
+    Connection mTie;
+};
+
+} // namespace paperkite
