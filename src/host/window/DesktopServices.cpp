@@ -1,0 +1,88 @@
+#include "host/window/DesktopServices.h"
+
+#include "foundation/Services.h"
+#include "model/ModelControlHelper.h"
+#include "platform/qt/MessageBoxService.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDesktopServices>
+#include <QFileDialog>
+#include <QUrl>
+
+namespace paperkite {
+
+namespace {
+
+class DesktopScreen : public Screen {
+public:
+    ~DesktopScreen() override { SetMousePointer(MousePointer::Default); }
+    void SetMousePointer(MousePointer pointer) override {
+        if (pointer == mPointer) return;
+        mPointer = pointer;
+        if (pointer == MousePointer::Hourglass)
+            QApplication::setOverrideCursor(Qt::WaitCursor);
+        else
+            QApplication::restoreOverrideCursor();
+    }
+    MousePointer GetMousePointer() const override { return mPointer; }
+
+private:
+    MousePointer mPointer = MousePointer::Default;
+};
+
+class DesktopShell : public Shell {
+public:
+    void ShellExecute(std::intptr_t, const std::string&, const std::string& file,
+                      const std::string&, const std::string&, int) override {
+        const QUrl address = QUrl::fromUserInput(QString::fromStdString(file));
+        // What a comment links to may come from anybody: only what a browser or a mail program
+        // opens by itself is handed on.
+        static const QStringList schemes{"http", "https", "ftp", "mailto"};
+        if (!schemes.contains(address.scheme().toLower()))
+            RaiseError(ErrorNumber::InvalidCall,
+                       "The link \"" + file + "\" leads to nothing that can be opened safely");
+        if (!QDesktopServices::openUrl(address))
+            RaiseError(ErrorNumber::FileNotFound, "No program opens the link \"" + file + "\"");
+    }
+};
+
+class DesktopFolderBrowser : public FolderBrowser {
+public:
+    void SetFolderMode(bool value) override { mFolders = value; }
+    void SetOwner(std::intptr_t) override {}
+    void SetStartFolder(const std::string& folder) override { mStart = folder; }
+    void SetTitle(const std::string& title) override { mTitle = title; }
+    void SetNewFolder(bool value) override { mNewFolder = value; }
+    std::string Run() override {
+        QFileDialog dialog(QApplication::activeWindow(), QString::fromStdString(mTitle),
+                           QString::fromStdString(mStart));
+        dialog.setFileMode(mFolders ? QFileDialog::Directory : QFileDialog::ExistingFile);
+        dialog.setOption(QFileDialog::ShowDirsOnly, mFolders);
+        dialog.setOption(QFileDialog::ReadOnly, !mNewFolder);
+        if (dialog.exec() != QDialog::Accepted) return {};
+        return dialog.selectedFiles().value(0).toStdString();
+    }
+
+private:
+    bool mFolders = true;
+    bool mNewFolder = true;
+    std::string mStart;
+    std::string mTitle;
+};
+
+} // namespace
+
+void InstallDesktopServices(ModelControlHelper& helper) {
+    Services& services = CurrentServices();
+    services.MessageBox = std::make_shared<MessageBoxService>();
+    services.Screen = std::make_shared<DesktopScreen>();
+    services.Shell = std::make_shared<DesktopShell>();
+    services.CreateFolderBrowser = [] { return std::make_shared<DesktopFolderBrowser>(); };
+    services.RunPendingEvents = [] { QApplication::processEvents(); };
+    helper.SetSystemClipboard = [](const std::string& text) {
+        QApplication::clipboard()->setText(QString::fromStdString(text));
+    };
+}
+
+} // namespace paperkite

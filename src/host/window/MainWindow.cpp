@@ -1,0 +1,166 @@
+#include "host/window/MainWindow.h"
+
+#include "host/window/CoverageStatus.h"
+
+#include "foundation/Services.h"
+#include "foundation/Settings.h"
+#include "foundation/Text.h"
+#include "foundation/Version.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QVBoxLayout>
+
+namespace paperkite {
+
+namespace {
+
+constexpr const char* kWindowPath = "Window";
+constexpr int kFirstWidth = 1280;
+constexpr int kFirstHeight = 800;
+
+QString DroppedPath(const QMimeData& data) {
+    for (const QUrl& url : data.urls())
+        if (url.isLocalFile()) return url.toLocalFile();
+    return {};
+}
+
+} // namespace
+
+MainWindow::MainWindow(Theme& theme) : mTheme(theme) {
+    setObjectName("MainWindow");
+    setAcceptDrops(true);
+    resize(kFirstWidth, kFirstHeight);
+    SourcePane::RegisterView(mFactory);
+    mFactory.SetShortcut("Next", QKeySequence("Ctrl+Shift+N"));
+    mFactory.SetShortcut("Previous", QKeySequence("Ctrl+Shift+P"));
+    mPages = new QStackedWidget(this);
+    mPages->addWidget(MakeStartPage());
+    setCentralWidget(mPages);
+    mPath = new QLabel(this);
+    mPath->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    mModified = new QLabel(this);
+    mCoverage = new CoverageStatus(this);
+    for (QLabel* label : {mPath, mModified})
+        label->setForegroundRole(QPalette::PlaceholderText);
+    mPath->setContentsMargins(8, 0, 0, 0);
+    mModified->setContentsMargins(0, 0, 8, 0);
+    // A long name must not widen the window.
+    mPath->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    statusBar()->addWidget(mPath, 1);
+    statusBar()->addPermanentWidget(mCoverage);
+    statusBar()->addPermanentWidget(mModified);
+    MakeActions();
+    RestoreAppearance();
+    ShowTitle();
+    UpdateActions();
+}
+
+MainWindow::~MainWindow() {
+    KeepAppearance();
+    HideProject();
+}
+
+QWidget* MainWindow::MakeStartPage() {
+    auto* page = new QWidget(this);
+    auto* column = new QVBoxLayout(page);
+    column->setSpacing(12);
+    column->addStretch(2);
+    auto* text = new QLabel(tr("<h2>Write documentation beside the source</h2>"
+                               "<p>Choose a folder of source code to begin a project, or drop one "
+                               "here. Comments are kept in files of their own.</p>"),
+                            page);
+    text->setAlignment(Qt::AlignCenter);
+    text->setWordWrap(true);
+    column->addWidget(text);
+    const auto addButton = [&](const QString& caption, void (MainWindow::*slot)()) {
+        auto* button = new QPushButton(caption, page);
+        button->setMinimumWidth(220);
+        connect(button, &QPushButton::clicked, this, slot);
+        column->addWidget(button, 0, Qt::AlignCenter);
+        return button;
+    };
+    addButton(tr("&New Project … (Ctrl+N)"), &MainWindow::New)->setDefault(true);
+    addButton(tr("&Open Project … (Ctrl+O)"), &MainWindow::Open);
+    column->addStretch(3);
+    return page;
+}
+
+void MainWindow::ShowTitle() {
+    if (!mWorkspace) {
+        setWindowTitle("Paperkite");
+        setWindowModified(false);
+        mModified->clear();
+        return;
+    }
+    const auto& project = mWorkspace->GetSession().GetProject();
+    setWindowTitle(QString::fromStdString(project->GetTitle()) + "[*] — Paperkite");
+    setWindowModified(project->GetDirty());
+    mModified->setText(project->GetDirty() ? tr("Modified") : QString());
+}
+
+void MainWindow::ScaleText(int change) {
+    mTheme.SetTextScale(mTheme.GetTextScale() + change);
+}
+
+void MainWindow::SetScheme(ColourScheme scheme) {
+    mTheme.SetScheme(scheme);
+}
+
+void MainWindow::RestoreAppearance() {
+    const auto number = [](const char* name, int byDefault) {
+        return GetAppValue(name, byDefault, kConvertToNumber, kWindowPath).ToInteger();
+    };
+    Ignoring([&] {
+        resize(std::max(number("Width", kFirstWidth), 400),
+               std::max(number("Height", kFirstHeight), 300));
+        if (number("Maximised", 0) != 0) setWindowState(Qt::WindowMaximized);
+        mTheme.SetTextScale(number("TextScale", mTheme.GetTextScale()));
+    });
+}
+
+void MainWindow::KeepAppearance() {
+    Ignoring([&] {
+        if (!isMaximized()) {
+            SetAppValue("Width", width(), kWindowPath);
+            SetAppValue("Height", height(), kWindowPath);
+        }
+        SetAppValue("Maximised", isMaximized(), kWindowPath);
+        SetAppValue("TextScale", mTheme.GetTextScale(), kWindowPath);
+    });
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    if (SavedOrGivenUp())
+        event->accept();
+    else
+        event->ignore();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    const QFileInfo dropped(DroppedPath(*event->mimeData()));
+    if (dropped.isDir() || dropped.fileName().endsWith(kProjectEnding))
+        event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+    event->acceptProposedAction();
+    OpenPath(DroppedPath(*event->mimeData()));
+}
+
+void MainWindow::About() {
+    QMessageBox::about(this, tr("About Paperkite"),
+                       tr("<b>Paperkite %1</b><p>Writes the documentation of source code, in files "
+                          "of its own beside the source.</p>")
+                           .arg(kVersion));
+}
+
+} // namespace paperkite

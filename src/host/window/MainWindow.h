@@ -1,0 +1,126 @@
+#pragma once
+
+#include "host/Workspace.h"
+#include "host/window/RecentProjects.h"
+#include "host/window/SourcePane.h"
+#include "platform/qt/Theme.h"
+#include "platform/qt/ViewFactory.h"
+#include "widgets/Label.h"
+
+#include <QMainWindow>
+
+#include <memory>
+#include <vector>
+
+class QAction;
+class QActionGroup;
+class QLabel;
+class QMenu;
+class QStackedWidget;
+
+namespace paperkite {
+
+class CoverageStatus;
+
+/// The window of the desktop program: menus, the authoring components, the item's details and the
+/// status bar. It owns the open project.
+class MainWindow : public QMainWindow {
+public:
+    explicit MainWindow(Theme& theme);
+    ~MainWindow() override;
+
+    /// Opens a project, or asks what a new one is made of when the path is a folder without one.
+    /// Tells the author what is wrong; the project that was open stays then.
+    bool OpenPath(const QString& path);
+    bool OpenProject(const QString& path);
+    /// Makes a project and opens it.
+    bool CreateProject(const ProjectSession::NewProject& wanted);
+    /// Shows a project that is open already.
+    void Present(std::unique_ptr<ProjectSession> session) { ShowProject(std::move(session)); }
+    bool Save();
+    bool SaveAs();
+    /// Asks about unsaved work; false when the author wants to go on with it.
+    bool CloseProject();
+
+    /// Nothing when no project is open.
+    Workspace* GetWorkspace() const { return mWorkspace.get(); }
+    /// The action of a menu entry by its name ("Save", "NextUndocumented" …), or nullptr.
+    QAction* GetAction(const QString& name) const;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    // Menus
+    void MakeActions();
+    void MakeFileMenu();
+    void MakeEditMenu();
+    void MakeViewMenu();
+    void MakeGoMenu();
+    void MakeHelpMenu();
+    void MakeToolbar();
+    QAction* AddAction(QMenu& menu, const char* name, const QString& text, const char* icon,
+                       const QKeySequence& key, void (MainWindow::*slot)());
+    void AddTreeOption(QMenu& menu, const char* command, const QString& text);
+    void AddScheme(QMenu& menu, QActionGroup& group, const QString& text, ColourScheme scheme);
+    void FillRecentMenu();
+    void UpdateActions();
+
+    // Projects
+    void New();
+    void Open();
+    void SaveFromMenu() { Save(); }
+    void SaveAsFromMenu() { SaveAs(); }
+    void CloseFromMenu() { CloseProject(); }
+    void Rescan();
+    void ShowProject(std::unique_ptr<ProjectSession> session);
+    void HideProject();
+    void ConnectEditor();
+    void NoteScope();
+    void ShowTitle();
+    bool SavedOrGivenUp();
+    bool StoreOrAsk(bool asNew, const QString& path);
+
+    // Items
+    void ShowItem(const Ref<TreeNode>& node);
+    void ShowSource(const Ref<Object>& item);
+    void CommentsChanged(const Ref<Object>& item);
+    void NextSibling();
+    void PreviousSibling();
+    void NextUndocumented();
+    void PreviousUndocumented();
+    void MoveTo(const Ref<TreeNode>& node);
+    void CopyComments();
+    void PasteComments();
+    void ClickTreeCommand(const char* name);
+    void ShowProperties();
+
+    // Appearance
+    void LargerText() { ScaleText(10); }
+    void SmallerText() { ScaleText(-10); }
+    void ScaleText(int change);
+    void SetScheme(ColourScheme scheme);
+    void RestoreAppearance();
+    void KeepAppearance();
+    void About();
+    QWidget* MakeStartPage();
+
+    Theme& mTheme;
+    ViewFactory mFactory;
+    RecentProjects mRecent;
+    std::unique_ptr<Workspace> mWorkspace;
+    Ref<SourcePane> mSourcePane;
+    Ref<Label> mNoItem;
+    QStackedWidget* mPages;
+    QWidget* mAuthoring = nullptr;
+    QMenu* mRecentMenu = nullptr;
+    QLabel* mPath;
+    QLabel* mModified;
+    CoverageStatus* mCoverage;
+    QHash<QString, QAction*> mActions;
+    std::vector<Connection> mConnections;
+};
+
+} // namespace paperkite

@@ -1,0 +1,93 @@
+#include "host/window/MainWindow.h"
+
+#include "foundation/Text.h"
+#include "host/window/CoverageStatus.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QStatusBar>
+
+namespace paperkite {
+
+void MainWindow::ShowItem(const Ref<TreeNode>& node) {
+    const Ref<Object> item = mWorkspace->GetEditor().cEditor.GetCurrentCodeElement();
+    mWorkspace->GetEditor().cEditor.splitMain->SetVisible(static_cast<bool>(item));
+    mNoItem->SetVisible(!item);
+    mSourcePane->SetVisible(static_cast<bool>(item));
+    if (item) ShowSource(item);
+    const std::string name = node->GetKey();
+    mPath->setText(item ? QString::fromStdString(ReplaceAll(name, "~", " ~ "))
+                        : QString::fromStdString(node->GetText()));
+    mPath->setToolTip(mPath->text());
+    mCoverage->SetItem(item ? name : std::string());
+    UpdateActions();
+}
+
+void MainWindow::ShowSource(const Ref<Object>& item) {
+    std::string place = item->Get("File").ToText();
+    if (!place.empty()) place += ":" + item->Get("Line").ToText();
+    std::string declaration;
+    const std::string signature = item->Get("Signature").ToText();
+    const std::string type = item->Get("Type").ToText();
+    if (!signature.empty())
+        declaration = (type.empty() ? "" : type + " ") + item->Get("Name").ToText() + signature;
+    else if (!type.empty())
+        declaration = type + " " + item->Get("Name").ToText();
+    mSourcePane->Show(place, declaration, item->Get("Description").ToText());
+}
+
+void MainWindow::CommentsChanged(const Ref<Object>& item) {
+    const auto& project = mWorkspace->GetSession().GetProject();
+    project->SetDirty(true);
+    const std::string name = item->Get("QualifiedName").ToText();
+    const bool documented = project->GetComments()->IsDocumented(name);
+    mCoverage->SetDocumented(name, documented);
+    ShowTitle();
+}
+
+void MainWindow::ClickTreeCommand(const char* name) {
+    mWorkspace->GetEditor().Project.Dock->UserClick(name);
+    UpdateActions();
+}
+
+void MainWindow::NextSibling() {
+    ClickTreeCommand("Next");
+}
+
+void MainWindow::PreviousSibling() {
+    ClickTreeCommand("Previous");
+}
+
+void MainWindow::CopyComments() {
+    ClickTreeCommand("Copy");
+}
+
+void MainWindow::PasteComments() {
+    ClickTreeCommand("Paste");
+}
+
+void MainWindow::NextUndocumented() {
+    const auto selected = mWorkspace->GetEditor().Project.GetSelectedItem();
+    const auto next = mWorkspace->NextUndocumented(selected);
+    if (next)
+        MoveTo(next);
+    else
+        statusBar()->showMessage(tr("Every item from here on is documented."), 5000);
+}
+
+void MainWindow::PreviousUndocumented() {
+    const auto selected = mWorkspace->GetEditor().Project.GetSelectedItem();
+    const auto previous = mWorkspace->PreviousUndocumented(selected);
+    if (previous)
+        MoveTo(previous);
+    else
+        statusBar()->showMessage(tr("Every item before this one is documented."), 5000);
+}
+
+void MainWindow::MoveTo(const Ref<TreeNode>& node) {
+    if (!node) return;
+    node->EnsureVisible();
+    mWorkspace->GetEditor().Project.SetSelectedItem(node);
+}
+
+} // namespace paperkite

@@ -1,0 +1,256 @@
+#include "host/window/MainWindow.h"
+
+#include "foundation/GlobalConfig.h"
+#include "host/window/CoverageStatus.h"
+#include "host/window/NewProjectDialog.h"
+#include "host/window/ScanDialog.h"
+#include "widgets/Container.h"
+
+#include <QAbstractButton>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QStackedWidget>
+
+namespace paperkite {
+
+namespace {
+
+constexpr const char* kNoItemText =
+    "Choose an item in the tree to write its comments, or press F8 to go to the next one without "
+    "comments.";
+
+void Warn(QWidget* parent, const QString& title, const std::string& message) {
+    QMessageBox::warning(parent, title, QString::fromStdString(message));
+}
+
+QStringList ProjectsIn(const QDir& folder) {
+    return folder.entryList({QString("*") + kProjectEnding}, QDir::Files);
+}
+
+} // namespace
+
+bool MainWindow::OpenPath(const QString& path) {
+    if (!QFileInfo(path).isDir() || ProjectsIn(QDir(path)).size() == 1) return OpenProject(path);
+    NewProjectDialog dialog(this);
+    dialog.SetSourceFolder(path);
+    return dialog.exec() == QDialog::Accepted && CreateProject(dialog.GetNewProject());
+}
+
+void MainWindow::New() {
+    NewProjectDialog dialog(this);
+    if (dialog.exec() == QDialog::Accepted) CreateProject(dialog.GetNewProject());
+}
+
+void MainWindow::Open() {
+    const QString path = QFileDialog::getOpenFileName(
+        this, tr("Open Project"), {}, tr("Projects (*%1);;All files (*)").arg(kProjectEnding));
+    if (!path.isEmpty()) OpenProject(path);
+}
+
+bool MainWindow::CreateProject(const ProjectSession::NewProject& wanted) {
+    if (!SavedOrGivenUp()) return false;
+    auto made = ScanDialog::Run(this, [&](const ProjectSession::Progress& progress) {
+        return ProjectSession::Create(wanted, progress);
+    });
+    if (!made.Problem.empty() && !made.Cancelled) Warn(this, tr("New Project"), made.Problem);
+    if (!made.Session) return false;
+    ShowProject(std::move(made.Session));
+    return true;
+}
+
+bool MainWindow::OpenProject(const QString& path) {
+    if (!SavedOrGivenUp()) return false;
+    auto opened = ScanDialog::Run(this, [&](const ProjectSession::Progress& progress) {
+        return ProjectSession::Open(path.toStdString(), progress);
+    });
+    if (!opened.Problem.empty() && !opened.Cancelled) {
+        Warn(this, tr("Open Project"), opened.Problem);
+        if (!QFileInfo::exists(path)) mRecent.Remove(path.toStdString());
+    }
+    if (!opened.Session) return false;
+    ShowProject(std::move(opened.Session));
+    return true;
+}
+
+void MainWindow::ShowProject(std::unique_ptr<ProjectSession> session) {
+    HideProject();
+    // The project says what is shown; changing that changes the project.
+    GlobalConfig().ProjectViewOptions.ShowPrivate = session->GetProject()->GetIncludePrivate();
+    GlobalConfig().ProjectViewOptions.ShowFriend = session->GetProject()->GetIncludeFriend();
+    GlobalConfig().ProjectViewOptions.ShowProtected = session->GetProject()->GetIncludeProtected();
+    mWorkspace = std::make_unique<Workspace>(std::move(session));
+    ProjectEditor& editor = mWorkspace->GetEditor();
+    editor.SetUserMode(true);
+    ConnectEditor();
+    mSourcePane = MakeRef<SourcePane>("sourcePane");
+    mNoItem = MakeRef<Label>("lblNoItem");
+    mNoItem->SetCaption(kNoItemText);
+    mNoItem->SetWordWrap(true);
+    const auto right = MakeRef<Container>("right");
+    for (const Ref<Control>& control :
+         std::initializer_list<Ref<Control>>{editor.cEditor.splitMain, mNoItem, mSourcePane})
+        right->Controls.Add(control);
+    right->SetLayout(
+        FormLayout::Column({FormLayout::Item(editor.cEditor.splitMain, 1),
+                            FormLayout::Item(mNoItem, 1), FormLayout::Item(mSourcePane)}));
+    editor.splitMain->SetSecondPane(right);
+    mAuthoring = mFactory.MakeView(editor.splitMain, mPages);
+    mPages->addWidget(mAuthoring);
+    mPages->setCurrentWidget(mAuthoring);
+    editor.cEditor.UserControl_Show();
+    mCoverage->SetSession(&mWorkspace->GetSession());
+    mRecent.Add(mWorkspace->GetSession().GetProject()->GetPath());
+    ShowTitle();
+    MoveTo(editor.Project.GetNodes().GetFirst());
+    UpdateActions();
+}
+
+void MainWindow::HideProject() {
+    if (!mWorkspace) return;
+    mConnections.clear();
+    mCoverage->SetSession(nullptr);
+    mPages->removeWidget(mAuthoring);
+    delete mAuthoring;
+    mAuthoring = nullptr;
+    mSourcePane = nullptr;
+    mNoItem = nullptr;
+    mWorkspace.reset();
+    mPath->clear();
+    ShowTitle();
+    UpdateActions();
+}
+
+void MainWindow::ConnectEditor() {
+    ProjectEditor& editor = mWorkspace->GetEditor();
+    const auto keep = [this](Connection connection) {
+        mConnections.push_back(std::move(connection));
+    };
+    keep(editor.Project.Events.NodeClick.Connect([this](const auto& node) { ShowItem(node); }));
+    keep(editor.Project.Events.AfterCommand.Connect([this] { NoteScope(); }));
+    keep(editor.Events.TaggedCommentAdded.Connect(
+        [this](const auto& item, const auto&) { CommentsChanged(item); }));
+    keep(editor.Events.TaggedCommentDeleted.Connect(
+        [this](const auto& item, const auto&, const auto&) { CommentsChanged(item); }));
+    keep(editor.Events.TaggedCommentChanged.Connect(
+        [this](const auto& item, const auto&, const auto&) { CommentsChanged(item); }));
+    keep(editor.Events.PropertiesRequested.Connect([this] { ShowProperties(); }));
+    keep(mWorkspace->GetSession().GetProject()->Document.DirtyStateChanged.Connect(
+        [this](bool) { ShowTitle(); }));
+}
+
+void MainWindow::NoteScope() {
+    // The tree writes its scope into the project; a scope that differs is a change to be saved.
+    UpdateActions();
+}
+
+bool MainWindow::SavedOrGivenUp() {
+    if (!mWorkspace) return true;
+    mWorkspace->GetEditor().CommitEdit();
+    const auto& project = mWorkspace->GetSession().GetProject();
+    if (!project->GetDirty()) return true;
+    QMessageBox box(
+        QMessageBox::Question, tr("Unsaved Comments"),
+        tr("Save the changes to “%1”?").arg(QString::fromStdString(project->GetTitle())),
+        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
+    box.setInformativeText(tr("Comments that are not saved are lost."));
+    box.setDefaultButton(QMessageBox::Save);
+    const int answer = box.exec();
+    if (answer == QMessageBox::Save) return Save();
+    return answer == QMessageBox::Discard;
+}
+
+bool MainWindow::CloseProject() {
+    if (!SavedOrGivenUp()) return false;
+    HideProject();
+    mPages->setCurrentIndex(0);
+    return true;
+}
+
+bool MainWindow::Save() {
+    if (!mWorkspace) return true;
+    return StoreOrAsk(false, {});
+}
+
+bool MainWindow::SaveAs() {
+    if (!mWorkspace) return true;
+    mWorkspace->GetEditor().CommitEdit();
+    const auto& project = mWorkspace->GetSession().GetProject();
+    QString path = QFileDialog::getSaveFileName(this, tr("Save Project As"),
+                                                QString::fromStdString(project->GetPath()),
+                                                tr("Projects (*%1)").arg(kProjectEnding));
+    if (path.isEmpty()) return false;
+    if (!path.endsWith(kProjectEnding)) path += kProjectEnding;
+    if (!StoreOrAsk(true, path)) return false;
+    mRecent.Add(project->GetPath());
+    return true;
+}
+
+bool MainWindow::StoreOrAsk(bool asNew, const QString& path) {
+    mWorkspace->GetEditor().CommitEdit();
+    const auto& project = mWorkspace->GetSession().GetProject();
+    const auto store = [&](ProjectDocument::Overwriting overwriting) {
+        return asNew ? project->SaveAs(path.toStdString(), overwriting)
+                     : project->Save(overwriting);
+    };
+    auto problem = store(ProjectDocument::Overwriting::Refused);
+    if (problem && (problem->Reason == FileProblem::ReasonCode::ChangedOnDisk ||
+                    problem->Reason == FileProblem::ReasonCode::AlreadyExists)) {
+        QMessageBox box(QMessageBox::Warning, tr("Save Project"),
+                        QString::fromStdString(problem->Message()), QMessageBox::Cancel, this);
+        QAbstractButton* overwrite = box.addButton(tr("&Overwrite"), QMessageBox::DestructiveRole);
+        box.setDefaultButton(QMessageBox::Cancel);
+        box.exec();
+        if (box.clickedButton() != overwrite) return false;
+        problem = store(ProjectDocument::Overwriting::Allowed);
+    }
+    if (problem) Warn(this, tr("Save Project"), problem->Message());
+    ShowTitle();
+    return !problem;
+}
+
+void MainWindow::Rescan() {
+    if (!mWorkspace) return;
+    ProjectEditor& editor = mWorkspace->GetEditor();
+    editor.CommitEdit();
+    const std::string treePath = editor.Project.GetTreePath();
+    ProjectSession& session = mWorkspace->GetSession();
+    const auto result = ScanDialog::Run(
+        this, [&](const ProjectSession::Progress& progress) { return session.Rescan(progress); });
+    if (result.Cancelled) return;
+    if (!result.Problem.empty()) {
+        Warn(this, tr("Read Source Code Again"), result.Problem);
+        return;
+    }
+    mWorkspace->Load();
+    mCoverage->SetSession(&session);
+    editor.Project.SetTreePath(treePath);
+    if (!editor.Project.GetSelectedItem()) MoveTo(editor.Project.GetNodes().GetFirst());
+    UpdateActions();
+}
+
+void MainWindow::ShowProperties() {
+    const ProjectSession& session = mWorkspace->GetSession();
+    const auto& project = session.GetProject();
+    QString sources;
+    for (const SourceSettings& source : project->GetSources())
+        sources += QString::fromStdString(source.Folder).toHtmlEscaped() + "<br>";
+    const auto row = [](const QString& name, const QString& value) {
+        return QString("<tr><td><b>%1</b>&nbsp;&nbsp;</td><td>%2</td></tr>").arg(name, value);
+    };
+    const auto count = [](std::size_t value) { return QString::number(qulonglong(value)); };
+    QMessageBox box(QMessageBox::NoIcon, tr("Project Properties"), {}, QMessageBox::Close, this);
+    box.setTextFormat(Qt::RichText);
+    box.setText(
+        "<table>" + row(tr("Title"), QString::fromStdString(project->GetTitle()).toHtmlEscaped()) +
+        row(tr("Project file"), QString::fromStdString(project->GetPath()).toHtmlEscaped()) +
+        row(tr("Source folders"), sources) +
+        row(tr("Source files"), count(session.GetFileCount())) +
+        row(tr("Comments"), count(project->GetComments()->Count())) + "</table>");
+    box.exec();
+}
+
+} // namespace paperkite

@@ -1,0 +1,71 @@
+#include "host/window/WindowProgram.h"
+
+#include "foundation/Text.h"
+#include "host/window/DesktopServices.h"
+#include "host/window/MainWindow.h"
+
+#include <QApplication>
+#include <QFileInfo>
+
+#include <iostream>
+
+namespace paperkite {
+
+namespace {
+
+void LetWindowSettle() {
+    // Sizes are reported back and forth until nothing changes any more.
+    for (int round = 0; round < 5; ++round)
+        QApplication::processEvents();
+}
+
+bool SelectForPicture(MainWindow& window, const std::string& item) {
+    Workspace& workspace = *window.GetWorkspace();
+    const std::string name = workspace.GetSession().Resolve(item);
+    if (!name.empty() && workspace.Select(name)) return true;
+    std::string message = "There is no item \"" + item + "\" in the tree of this project.";
+    const auto nearest = workspace.GetSession().Nearest(item);
+    if (!nearest.empty()) message += " Did you mean " + Join(nearest, " or ") + "?";
+    std::cerr << message << '\n';
+    return false;
+}
+
+} // namespace
+
+int RunWindow(QApplication& application, ModelControlHelper& helper, const std::string& project) {
+    InstallDesktopServices(helper);
+    Theme theme(application);
+    MainWindow window(theme);
+    window.show();
+    if (!project.empty()) window.OpenPath(QString::fromStdString(project));
+    return application.exec() == 0 ? kExitDone : kExitBadInput;
+}
+
+int WriteScreenshot(QApplication& application, ModelControlHelper& helper,
+                    const ScreenshotRequest& request) {
+    // A picture must not depend on, nor change, what an author chose for the window.
+    auto opened = ProjectSession::Open(request.Project);
+    if (!opened.Session) {
+        std::cerr << opened.Problem << '\n';
+        return kExitBadInput;
+    }
+    InstallDesktopServices(helper);
+    Theme theme(application);
+    theme.SetScheme(request.Dark ? ColourScheme::Dark : ColourScheme::Light);
+    MainWindow window(theme);
+    theme.SetTextScale(request.TextSize);
+    window.resize(request.Width, request.Height);
+    window.show();
+    window.Present(std::move(opened.Session));
+    LetWindowSettle();
+    if (!request.Item.empty() && !SelectForPicture(window, request.Item)) return kExitBadInput;
+    LetWindowSettle();
+    if (!window.grab().save(QString::fromStdString(request.Out), "PNG")) {
+        std::cerr << "The picture cannot be written to " << request.Out
+                  << ". Name a file in a folder that can be written to.\n";
+        return kExitBadInput;
+    }
+    return kExitDone;
+}
+
+} // namespace paperkite

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "host/CommandLine.h"
+
+class QApplication;
+
+namespace paperkite {
+
+class ModelControlHelper;
+
+/// Runs the desktop program until its window is closed.
+int RunWindow(QApplication& application, ModelControlHelper& helper, const std::string& project);
+
+/// Writes a picture of the main window on a project.
+int WriteScreenshot(QApplication& application, ModelControlHelper& helper,
+                    const ScreenshotRequest& request);
+
+} // namespace paperkite
