@@ -81,14 +81,21 @@ TEST(ContentFile, CommentsStandByNameThenTagThenInTheAuthorsOrder) {
     file.Add("a", "##remarks", "later tag", "2");
     file.Add("a", "##param", "first", "z");
     file.Add("a", "##param", "second", "a");
-    EXPECT_EQ(file.Saved(),
-              std::string(kHead) +
-                  "<contentfile version=\"1\">\n"
-                  "  <comment item=\"a\" tag=\"##param\" id=\"z\">first</comment>\n"
-                  "  <comment item=\"a\" tag=\"##param\" id=\"a\">second</comment>\n"
-                  "  <comment item=\"a\" tag=\"##remarks\" id=\"2\">later tag</comment>\n"
-                  "  <comment item=\"b\" tag=\"##\" id=\"1\">later name</comment>\n"
-                  "</contentfile>\n");
+    EXPECT_EQ(file.Saved(), std::string(kHead) +
+                                "<contentfile version=\"1\">\n"
+                                "  <comment item=\"a\" tag=\"##param\" id=\"z\"><![CDATA[\n"
+                                "first\n"
+                                "]]></comment>\n"
+                                "  <comment item=\"a\" tag=\"##param\" id=\"a\"><![CDATA[\n"
+                                "second\n"
+                                "]]></comment>\n"
+                                "  <comment item=\"a\" tag=\"##remarks\" id=\"2\"><![CDATA[\n"
+                                "later tag\n"
+                                "]]></comment>\n"
+                                "  <comment item=\"b\" tag=\"##\" id=\"1\"><![CDATA[\n"
+                                "later name\n"
+                                "]]></comment>\n"
+                                "</contentfile>\n");
 }
 
 TEST(ContentFile, HtmlIsReadableAndOneSentenceALine) {
@@ -141,9 +148,12 @@ TEST(ContentFile, WhatIsNotUnderstoodIsWrittenBack) {
                   "<!-- licence -->\n"
                   "<contentfile version=\"1\" editor=\"other\">\n"
                   "  <!-- about a -->\n"
-                  "  <comment item=\"a\" tag=\"##\" id=\"1\" reviewed=\"yes &amp; no\">changed"
+                  "  <comment item=\"a\" tag=\"##\" id=\"1\" reviewed=\"yes &amp; no\"><![CDATA[\n"
+                  "changed\n]]>"
                   "<history by=\"me\"><entry>one <b>two</b> three</entry></history></comment>\n"
-                  "  <comment item=\"b\" tag=\"##\" id=\"2\">new</comment>\n"
+                  "  <comment item=\"b\" tag=\"##\" id=\"2\"><![CDATA[\n"
+                  "new\n"
+                  "]]></comment>\n"
                   "  <extension>\n    <entry/>\n  </extension>\n"
                   "  <!-- the end -->\n"
                   "</contentfile>\n<!-- after -->\n");

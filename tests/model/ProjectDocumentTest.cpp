@@ -154,10 +154,11 @@ TEST(ProjectDocument, ACommentChangesItsContentFileOnly) {
     EXPECT_EQ(folder.Read("p.kiteproject"), "<kiteproject version='1'><contentfile path='a.ktc'/>"
                                             "<contentfile path='b.ktc'/></kiteproject>");
     EXPECT_EQ(folder.Read("a.ktc"), "<contentfile version='1'/>");
-    EXPECT_EQ(folder.Read("b.ktc"), std::string(kHead) +
-                                        "<contentfile version=\"1\">\n"
-                                        "  <comment item=\"b\" tag=\"##\" id=\"1\">y</comment>\n"
-                                        "</contentfile>\n");
+    EXPECT_EQ(folder.Read("b.ktc"),
+              std::string(kHead) +
+                  "<contentfile version=\"1\">\n"
+                  "  <comment item=\"b\" tag=\"##\" id=\"1\"><![CDATA[\ny\n]]></comment>\n"
+                  "</contentfile>\n");
 }
 
 TEST(ProjectDocument, NewCommentsGoIntoTheFirstContentFile) {
