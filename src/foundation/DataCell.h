@@ -8,18 +8,15 @@ namespace paperkite {
 class DataCell : public Object {
 public:
     DataCell() = default;
-    explicit DataCell(paperkite::Value value) : mValue(std::move(value)) {}
+    explicit DataCell(const paperkite::Value& value);
     std::string TypeName() const override { return "DataCell"; }
 
     const paperkite::Value& GetValue() const { return mValue; }
-    void SetValue(paperkite::Value value) { mValue = std::move(value); }
+    void SetValue(const paperkite::Value& value);
 
     /// Nothing when the cell holds a plain value.
-    Ref<Object> GetObjectValue() const {
-        return mValue.IsObject() ? mValue.ToObject() : Ref<Object>();
-    }
-
-    void SetObjectValue(const Ref<Object>& value) { mValue = paperkite::Value(value); }
+    Ref<Object> GetObjectValue() const;
+    void SetObjectValue(const Ref<Object>& value);
 
 private:
     paperkite::Value mValue;

@@ -34,7 +34,8 @@ bool StandsOnce(const std::string& tag) {
 void CommentClipboard::Copy(const Ref<Object>& item) {
     if (!item) return;
     std::vector<Entry> entries;
-    for (const auto& comment : *CommentsOf(*item)) {
+    const Ref<TaggedCommentCollection> comments = CommentsOf(*item);
+    for (const auto& comment : *comments) {
         if (comment->GetState() == kTaggedCommentTombstone) continue;
         entries.push_back({comment->GetTagIdentifier(), comment->GetQualifier(), comment->GetText(),
                            comment->GetXMLCommentType()});

@@ -64,9 +64,13 @@ std::optional<FileProblem> ReadRoot(const XmlReader& reader, ContentFile& file, 
     for (XmlElement& child : root.Children) {
         const bool isText =
             child.Kind == XmlElement::NodeKind::Text || child.Kind == XmlElement::NodeKind::CData;
-        if (isText && child.Text.find_first_not_of(" \t\r\n") != std::string::npos)
+        const std::size_t textStart =
+            isText ? child.Text.find_first_not_of(" \t\r\n") : std::string::npos;
+        if (textStart != std::string::npos) {
+            child.Offset += textStart;
             return reader.ProblemAt(child, "Text stands here that belongs to no comment.",
                                     "Move it into a <comment>, or remove it.");
+        }
         if (isText) continue;
         if (child.Kind == XmlElement::NodeKind::Markup) {
             before.push_back(std::move(child));

@@ -25,7 +25,7 @@ XmlElement ElementOf(const std::string& item, const TaggedComment& comment,
     element.With("item", item).With("tag", comment.GetTagIdentifier()).With("id", comment.GetId());
     if (!comment.GetQualifier().empty()) element.With("qualifier", comment.GetQualifier());
     if (!comment.GetXMLCommentType().empty()) element.With("xmltag", comment.GetXMLCommentType());
-    element.SetContent(comment.GetText());
+    element.SetContentLines(comment.GetText());
     if (!kept) return element;
     for (const auto& attribute : kept->Attributes)
         element.Attributes.push_back(attribute);

@@ -106,6 +106,7 @@ private:
     bool IsHome(const ContentFile& file, const CommentStore::Origin& origin) const;
     std::optional<FileProblem> StoreContentFile(const Ref<ContentFile>& file,
                                                 Overwriting overwriting);
+    void MarkStored(const Ref<ContentFile>& file);
     std::optional<FileProblem> StoreProjectFile(Overwriting overwriting);
     void MoveTo(const std::string& path);
 

@@ -159,12 +159,18 @@ std::optional<FileProblem> ProjectDocument::StoreContentFile(const Ref<ContentFi
         file->CanonicalBytes = canonical;
         file->ExistsOnDisk = true;
     }
-    for (const std::string& item : mComments->QualifiedNames())
-        for (const auto& comment : *mComments->Find(item))
-            if (IsHome(*file, mComments->OriginOf(item, *comment)) &&
-                comment->GetState() != kTaggedCommentTombstone)
-                mComments->MarkStored(item, *comment, file);
+    MarkStored(file);
     return {};
+}
+
+void ProjectDocument::MarkStored(const Ref<ContentFile>& file) {
+    for (const std::string& item : mComments->QualifiedNames()) {
+        const Ref<TaggedCommentCollection> comments = mComments->Find(item);
+        for (const auto& comment : *comments)
+            if (comment->GetState() != kTaggedCommentTombstone &&
+                IsHome(*file, mComments->OriginOf(item, *comment)))
+                mComments->MarkStored(item, *comment, file);
+    }
 }
 
 std::optional<FileProblem> ProjectDocument::StoreProjectFile(Overwriting overwriting) {

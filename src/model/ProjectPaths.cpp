@@ -27,7 +27,8 @@ std::string ToStored(const std::string& projectFile, const std::string& path) {
     const fs::path relative = whole.lexically_relative(folder);
     if (relative.empty()) return whole.generic_string();
     // As many steps up as the folder is deep: only the root of the disk is common.
-    const auto depth = std::distance(folder.relative_path().begin(), folder.relative_path().end());
+    const fs::path steps = folder.relative_path();
+    const std::ptrdiff_t depth = std::distance(steps.begin(), steps.end());
     std::ptrdiff_t up = 0;
     for (const fs::path& step : relative)
         if (step == "..") ++up;

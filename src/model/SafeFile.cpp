@@ -156,7 +156,7 @@ int Store(const std::string& target, std::string_view bytes) {
     const bool exists = ::stat(target.c_str(), &old) == 0;
     if (exists && S_ISDIR(old.st_mode)) return EISDIR;
     // Renaming would replace a write-protected file without a word.
-    if (exists && ::access(target.c_str(), W_OK) != 0) return errno;
+    if (exists && ::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0) return errno;
 
     const std::string name = target + "." + KeyGenerator().Generate().substr(0, 8) + ".tmp";
     Descriptor descriptor(::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));

@@ -81,6 +81,15 @@ std::string XmlElement::ContentText() const {
     return StoredText::DecodeContent(content);
 }
 
+void XmlElement::SetContentLines(std::string_view text) {
+    if (text.empty()) return;
+    XmlElement content;
+    content.Kind = NodeKind::CData;
+    content.Text = StoredText::EncodeContent(text);
+    if (!content.Text.starts_with('\n')) content.Text = "\n" + content.Text + "\n";
+    Children.push_back(std::move(content));
+}
+
 bool XmlElement::HasText() const {
     return std::any_of(Children.begin(), Children.end(), [](const XmlElement& child) {
         return child.Kind == NodeKind::CData ||

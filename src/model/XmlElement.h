@@ -23,6 +23,8 @@ struct XmlElement {
     XmlElement& Add(XmlElement child);
     /// Puts the text in, in the readable form of StoredText; an empty one leaves nothing.
     void SetContent(std::string_view text);
+    /// The same, always on lines of its own, so that changes of neighbours merge.
+    void SetContentLines(std::string_view text);
 
     bool IsElement() const { return Kind == NodeKind::Element; }
     /// The value of an attribute as it stands in the file, or nullptr.

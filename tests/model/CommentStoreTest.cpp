@@ -1,0 +1,91 @@
+#include "model/CommentStore.h"
+
+#include "model/CodeItem.h"
+
+#include <gtest/gtest.h>
+
+namespace paperkite {
+
+namespace {
+
+Ref<TaggedComment> CommentOf(const std::string& id, const std::string& text = "text") {
+    auto comment = MakeRef<TaggedComment>(id);
+    comment->SetTagIdentifier("##");
+    comment->SetText(text);
+    return comment;
+}
+
+} // namespace
+
+TEST(CommentStore, AnItemGetsItsCommentsAndBecomesTheirOwner) {
+    auto store = MakeRef<CommentStore>();
+    store->Load("a~b", CommentOf("1"), {});
+    auto item = MakeRef<CodeItem>("MemberElement", "a~b", store);
+    const auto comments = item->GetTaggedComments();
+    ASSERT_EQ(comments->Count(), 1u);
+    EXPECT_EQ(comments->Item(1)->GetItem(), item);
+    EXPECT_EQ(item->GetTaggedComments(), comments);
+}
+
+TEST(CommentStore, CountsNeedNoItemAndLeaveTombstonesOut) {
+    auto store = MakeRef<CommentStore>();
+    store->Load("a", CommentOf("1"), {});
+    store->Load("a", CommentOf("2"), {});
+    store->Load("b", CommentOf("3"), {});
+    store->Find("b")->Item("3")->SetState(kTaggedCommentTombstone);
+    EXPECT_EQ(store->CountOf("a"), 2u);
+    EXPECT_TRUE(store->IsDocumented("a"));
+    EXPECT_FALSE(store->IsDocumented("b"));
+    EXPECT_FALSE(store->IsDocumented("c"));
+    EXPECT_EQ(store->Count(), 2u);
+    EXPECT_EQ(store->QualifiedNames(), std::vector<std::string>{"a"});
+}
+
+TEST(CommentStore, AskingForCommentsThatAreNotThereMakesNone) {
+    auto store = MakeRef<CommentStore>();
+    MakeRef<CodeItem>("MemberElement", "a", store)->GetTaggedComments();
+    EXPECT_EQ(store->Count(), 0u);
+    EXPECT_TRUE(store->QualifiedNames().empty());
+}
+
+TEST(CommentStore, WhatIsAddedToACollectionIsInTheStore) {
+    auto store = MakeRef<CommentStore>();
+    auto item = MakeRef<CodeItem>("MemberElement", "a", store);
+    item->GetTaggedComments()->Add(CommentOf("1"), "1");
+    EXPECT_EQ(store->CountOf("a"), 1u);
+    item->GetTaggedComments()->Remove("1");
+    EXPECT_EQ(store->CountOf("a"), 0u);
+}
+
+TEST(CommentStore, ACollectionThatIsHeldOutlivesAnyNumberOfEmptyOnes) {
+    auto store = MakeRef<CommentStore>();
+    const auto held = MakeRef<CodeItem>("MemberElement", "held", store)->GetTaggedComments();
+    for (int index = 0; index < 20000; ++index)
+        MakeRef<CodeItem>("MemberElement", std::to_string(index), store)->GetTaggedComments();
+    held->Add(CommentOf("1"), "1");
+    EXPECT_EQ(store->CountOf("held"), 1u);
+}
+
+TEST(CommentStore, AnotherCollectionTakesThePlace) {
+    auto store = MakeRef<CommentStore>();
+    store->Load("a", CommentOf("1"), {});
+    auto item = MakeRef<CodeItem>("MemberElement", "a", store);
+    auto other = MakeRef<TaggedCommentCollection>();
+    item->Set("TaggedComments", Value(other));
+    EXPECT_EQ(item->Get("TaggedComments").ToObject(), other);
+    EXPECT_EQ(store->CountOf("a"), 0u);
+}
+
+TEST(CommentStore, ACommentRemembersItsFileThroughAnotherCollection) {
+    auto store = MakeRef<CommentStore>();
+    auto file = MakeRef<ContentFile>();
+    store->Load("a", CommentOf("1"), {file, {}});
+    auto other = MakeRef<TaggedCommentCollection>();
+    other->Add(store->Find("a")->Item("1"), "1");
+    store->SetComments("a", other);
+    EXPECT_EQ(store->OriginOf("a", *other->Item("1")).File, file);
+    store->DropFile(file);
+    EXPECT_EQ(store->Count(), 0u);
+}
+
+} // namespace paperkite

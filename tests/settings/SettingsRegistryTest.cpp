@@ -1,0 +1,141 @@
+#include "platform/settings/SettingsRegistry.h"
+
+#include "support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace paperkite {
+
+namespace {
+
+using test::TemporaryFolder;
+
+constexpr const char* kKey = "Software\\Brindlewick\\Paperkite";
+
+std::string TextOf(SettingsRegistry& registry, const std::string& key, const std::string& name) {
+    const Value value = registry.ReadValue(HKEY_CURRENT_USER, key, name);
+    return value.IsEmpty() ? "(empty)" : value.ToText();
+}
+
+class SettingsRegistryTest : public testing::Test {
+protected:
+    void Write(const std::string& key, const std::string& name, const std::string& value) {
+        mRegistry.WriteValue(HKEY_CURRENT_USER, key, name, kRegistryString, value);
+    }
+
+    std::string Read(const std::string& key, const std::string& name) {
+        return TextOf(mRegistry, key, name);
+    }
+
+    TemporaryFolder mFolder;
+    SettingsRegistry mRegistry{mFolder / "user.ini", mFolder / "machine.ini"};
+};
+
+/// Another process that writes a hundred values of its own.
+pid_t WriterProcess(const TemporaryFolder& folder, const std::string& name) {
+    const pid_t process = ::fork();
+    if (process != 0) return process;
+    int status = 0;
+    try {
+        SettingsRegistry registry(folder / "user.ini", folder / "machine.ini");
+        for (int index = 0; index < 100; ++index)
+            registry.WriteValue(HKEY_CURRENT_USER, kKey, name + std::to_string(index),
+                                kRegistryString, name);
+    } catch (...) {
+        status = 1;
+    }
+    ::_exit(status);
+}
+
+int StatusOf(pid_t process) {
+    int status = -1;
+    ::waitpid(process, &status, 0);
+    return status;
+}
+
+} // namespace
+
+TEST_F(SettingsRegistryTest, AValueIsReadBackByAnotherRegistry) {
+    Write(kKey, "ViewSplitterPercentage", "40");
+    SettingsRegistry other(mFolder / "user.ini", mFolder / "machine.ini");
+    EXPECT_EQ(TextOf(other, kKey, "ViewSplitterPercentage"), "40");
+}
+
+TEST_F(SettingsRegistryTest, AMissingValueIsEmptyAndAnEmptyTextIsText) {
+    Write(kKey, "Empty", "");
+    EXPECT_EQ(Read(kKey, "Missing"), "(empty)");
+    EXPECT_EQ(Read("Software\\None", "Empty"), "(empty)");
+    EXPECT_EQ(Read(kKey, "Empty"), "");
+}
+
+TEST_F(SettingsRegistryTest, KeysAndHivesAreKeptApart) {
+    Write(kKey, "Value", "top");
+    Write(std::string(kKey) + "\\Layout", "Value", "layout");
+    mRegistry.WriteValue(HKEY_LOCAL_MACHINE, kKey, "Value", kRegistryString, "machine");
+    EXPECT_EQ(Read(kKey, "Value"), "top");
+    EXPECT_EQ(Read(std::string(kKey) + "\\Layout", "Value"), "layout");
+    EXPECT_EQ(mRegistry.ReadValue(HKEY_LOCAL_MACHINE, kKey, "Value").ToText(), "machine");
+}
+
+TEST_F(SettingsRegistryTest, EmptyStepsOfAKeyCountForNothing) {
+    Write("Software\\Brindlewick\\\\Spelling", "Value", "1");
+    EXPECT_EQ(Read("Software\\Brindlewick\\Spelling\\", "Value"), "1");
+}
+
+TEST_F(SettingsRegistryTest, AnyNameAndAnyTextSurvive) {
+    const std::vector<std::string> odd{
+        "with blank", "a/b",      "a\\b",       "a%2Fb",       "100%",   "=;#[x]",     "\"q\"",
+        "a,b, c",     "umläut",   "漢字🪁", "line\nbreak", "tab\t.", "@Invalid()", "%",
+        "",           " blanks ", "a=b",        "[General]",   "@"};
+    for (const std::string& name : odd)
+        Write("Software\\Odd", name, name);
+    for (const std::string& name : odd)
+        Write("Software\\Odd\\x" + name, "value", name);
+    SettingsRegistry other(mFolder / "user.ini", mFolder / "machine.ini");
+    for (const std::string& name : odd)
+        EXPECT_EQ(TextOf(other, "Software\\Odd", name), name);
+    for (const std::string& name : odd)
+        EXPECT_EQ(TextOf(other, "Software\\Odd\\x" + name, "value"), name);
+}
+
+TEST_F(SettingsRegistryTest, TwoProcessesLoseNothingOfEachOther) {
+    const pid_t first = WriterProcess(mFolder, "first");
+    const pid_t second = WriterProcess(mFolder, "second");
+    EXPECT_EQ(StatusOf(first), 0);
+    EXPECT_EQ(StatusOf(second), 0);
+    int found = 0;
+    for (const char* name : {"first", "second"})
+        for (int index = 0; index < 100; ++index)
+            if (Read(kKey, name + std::to_string(index)) == name) ++found;
+    EXPECT_EQ(found, 200);
+}
+
+TEST_F(SettingsRegistryTest, WhatAnotherProcessWritesIsSeen) {
+    Write(kKey, "Mine", "1");
+    EXPECT_EQ(StatusOf(WriterProcess(mFolder, "other")), 0);
+    EXPECT_EQ(Read(kKey, "other99"), "other");
+    EXPECT_EQ(Read(kKey, "Mine"), "1");
+}
+
+TEST_F(SettingsRegistryTest, APlaceThatCannotBeWrittenToIsAnError) {
+    mFolder.Write("file", "no folder");
+    SettingsRegistry registry(mFolder / "file/user.ini", mFolder / "machine.ini");
+    try {
+        registry.WriteValue(HKEY_CURRENT_USER, kKey, "Value", kRegistryString, "1");
+        ADD_FAILURE() << "nothing was raised";
+    } catch (const Error& error) {
+        EXPECT_EQ(error.GetNumber(), static_cast<int>(ErrorNumber::PermissionDenied));
+    }
+}
+
+TEST_F(SettingsRegistryTest, CreatingAKeyMakesAWriteNoDifferent) {
+    mRegistry.CreateKey(HKEY_CURRENT_USER, kKey);
+    EXPECT_EQ(Read(kKey, "Value"), "(empty)");
+    Write(kKey, "Value", "1");
+    EXPECT_EQ(Read(kKey, "Value"), "1");
+}
+
+} // namespace paperkite
