@@ -182,6 +182,11 @@ Qt::ItemFlags TreeItemModel::flags(const QModelIndex& index) const {
     return flags;
 }
 
+QVariant TreeItemModel::headerData(int, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
+    return ToQString(mTree->GetAccessibleName());
+}
+
 void TreeItemModel::NodeCame(const Ref<TreeNode>& node) {
     const Ref<TreeNode> above = node->GetParent();
     Row* parentRow = FindRow(above.get());

@@ -43,6 +43,8 @@ public:
     QVariant data(const QModelIndex& index, int role) const override;
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
+    /// What a screen reader says for the column: the tree's own name.
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 private:
     struct Row {
