@@ -1,5 +1,6 @@
 #include "SampleControls.h"
 #include "ViewTest.h"
+#include "platform/qt/PropertiesListView.h"
 #include "widgets/frmFilterProperties.h"
 
 #include <QAbstractButton>
@@ -50,6 +51,19 @@ TEST_P(PicturesTest, TheAuthoringWindowIsDrawn) {
     EXPECT_EQ(base.lightness() < 128, mTheme.IsDark());
     EXPECT_GT(ColoursIn(image), 8);
     EXPECT_EQ(QColor(image.pixel(image.width() - 40, image.height() - 150)), base);
+}
+
+TEST_P(PicturesTest, AnEditInPlaceIsDrawnOverItsRow) {
+    Prepare();
+    auto list = SampleList();
+    auto* view = Show<PropertiesListView>(list, QSize(900, 480));
+    list->SetSelectedItem(list->Item("t1"));
+    const QImage before = Picture(Name("list"));
+    list->BeginEdit();
+    const QImage during = Picture(Name("editing"));
+    ASSERT_TRUE(view->GetTable().GetEditor());
+    EXPECT_GE(view->GetTable().GetEditor()->height(), 2 * view->fontMetrics().height());
+    EXPECT_NE(before, during);
 }
 
 TEST_P(PicturesTest, ADialogIsDrawnWithoutAClippedWord) {

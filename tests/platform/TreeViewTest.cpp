@@ -235,6 +235,44 @@ TEST_F(TreeViewTest, ARowSpeaksItsTextKindAndState) {
     EXPECT_EQ(IndexOf(mRoot).data(Qt::AccessibleTextRole).toString(), "root, class");
 }
 
+TEST_F(TreeViewTest, AnExpanderComesWithTheFirstChildAndGoesWithTheLast) {
+    mRoot->SetExpanded(true);
+    Open();
+    const auto expands = [&](const Ref<TreeNode>& node) {
+        QTest::qWait(0);
+        QTest::keyClick(mView, Qt::Key_Right);
+        const bool open = node->GetExpanded();
+        node->SetExpanded(false);
+        return open;
+    };
+    mView->setFocus();
+    mFirst->SetSelected(true);
+    EXPECT_FALSE(expands(mFirst));
+    auto child = Add(mFirst, "child");
+    EXPECT_TRUE(expands(mFirst));
+    child->Delete();
+    EXPECT_FALSE(expands(mFirst));
+    mTree->SetRedraw(false);
+    Add(mFirst, "child");
+    mTree->SetRedraw(true);
+    EXPECT_TRUE(expands(mFirst));
+}
+
+TEST_F(TreeViewTest, ANodeOpenedUnderTheLockIsShownOpen) {
+    mRoot->SetExpanded(true);
+    Open();
+    mTree->SetRedraw(false);
+    Add(mFirst, "child");
+    mFirst->SetExpanded(true);
+    mTree->SetRedraw(true);
+    EXPECT_EQ(Shown(), "root(alpha(child ) beta ) ");
+    mSecond->SetText("last");
+    Add(mSecond, "a");
+    mSecond->SetExpanded(true);
+    Add(mSecond, "b");
+    EXPECT_EQ(Shown(), "root(alpha(child ) last(a b ) ) ");
+}
+
 TEST_F(TreeViewTest, RowsAreMadeOnlyForWhatIsOpened) {
     for (int at = 0; at < 100; ++at)
         Add(mFirst, "child" + std::to_string(at));

@@ -80,6 +80,12 @@ void DrawSplitter(const QStyleOption& option, QPainter& painter) {
         painter.fillRect(QRect(room.left(), room.center().y(), room.width(), 1), line);
 }
 
+void DrawToolBar(const QStyleOption& option, QPainter& painter) {
+    painter.fillRect(option.rect, option.palette.color(QPalette::Window));
+    painter.setPen(option.palette.color(QPalette::Mid));
+    painter.drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
+}
+
 } // namespace
 
 ThemeStyle::ThemeStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
@@ -104,10 +110,16 @@ void ThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
 
 void ThemeStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                              const QWidget* widget) const {
-    if (element == CE_Splitter)
+    switch (element) {
+    case CE_Splitter:
         DrawSplitter(*option, *painter);
-    else
+        break;
+    case CE_ToolBar:
+        DrawToolBar(*option, *painter);
+        break;
+    default:
         QProxyStyle::drawControl(element, option, painter, widget);
+    }
 }
 
 int ThemeStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,

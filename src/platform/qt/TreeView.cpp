@@ -51,6 +51,7 @@ TreeView::TreeView(const Ref<TreeControl>& tree, QWidget* parent)
         FollowExpansion(above);
         ShowSelection();
     };
+    mItems->ExpandersChanged = [this] { scheduleDelayedItemsLayout(); };
     setModel(mItems);
     FitRows();
     connect(this, &QTreeView::expanded, [this](const auto& index) { UserExpanded(index, true); });
