@@ -1,6 +1,7 @@
 #include "platform/qt/ThemeStyle.h"
 
 #include <QPainter>
+#include <QPlainTextEdit>
 #include <QStyleOption>
 #include <QWidget>
 
@@ -80,6 +81,13 @@ void DrawSplitter(const QStyleOption& option, QPainter& painter) {
         painter.fillRect(QRect(room.left(), room.center().y(), room.width(), 1), line);
 }
 
+// Fusion shows the focus of a line of text this way, and not that of an area.
+void DrawFocusEdge(const QStyleOption& option, QPainter& painter) {
+    painter.setPen(option.palette.color(QPalette::Highlight));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
+}
+
 void DrawToolBar(const QStyleOption& option, QPainter& painter) {
     painter.fillRect(option.rect, option.palette.color(QPalette::Window));
     painter.setPen(option.palette.color(QPalette::Mid));
@@ -113,6 +121,11 @@ void ThemeStyle::drawControl(ControlElement element, const QStyleOption* option,
     switch (element) {
     case CE_Splitter:
         DrawSplitter(*option, *painter);
+        break;
+    case CE_ShapedFrame:
+        QProxyStyle::drawControl(element, option, painter, widget);
+        if (qobject_cast<const QPlainTextEdit*>(widget) && widget->hasFocus())
+            DrawFocusEdge(*option, *painter);
         break;
     case CE_ToolBar:
         DrawToolBar(*option, *painter);
