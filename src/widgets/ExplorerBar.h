@@ -97,7 +97,7 @@ private:
     Ref<GroupItem> mSelected;
     Ref<ImageList> mImageList;
     Colour mGroupBackColor;
-    int mRowHeight = 24;
+    int mRowHeight = 26;
     int mScaleMode = 0;
     int mSuspended = 0;
     bool mTouched = false;

@@ -94,7 +94,7 @@ void ContainerView::Rebuild() {
     } else if (mContainer.As<Frame>()) {
         auto* column = new QVBoxLayout(mContent);
         column->setContentsMargins(0, 0, 0, 0);
-        column->setSpacing(0);
+        column->setSpacing(4);
         for (const auto& control : mContainer->Controls)
             column->addWidget(MakeView(control, mContent));
     } else {

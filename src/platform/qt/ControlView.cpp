@@ -66,8 +66,11 @@ void ControlView::ReportBounds() {
 bool ControlView::eventFilter(QObject* watched, QEvent* event) {
     if (watched == mWidget && (event->type() == QEvent::Resize || event->type() == QEvent::Move))
         ReportBounds();
-    if (watched == mFocusTarget && event->type() == QEvent::FocusIn) mControl->UserFocus(true);
-    if (watched == mFocusTarget && event->type() == QEvent::FocusOut) mControl->UserFocus(false);
+    if (watched == mFocusTarget &&
+        (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)) {
+        mControl->UserFocus(event->type() == QEvent::FocusIn);
+        if (mFocusTarget) mFocusTarget->update();
+    }
     return QObject::eventFilter(watched, event);
 }
 

@@ -47,7 +47,6 @@ class Line : public QRadioButton {
 public:
     Line(const GroupItem& item, const QIcon& icon, int height, QWidget* parent)
         : QRadioButton(ToQString(item.GetCaption()), parent) {
-        setAutoExclusive(false);
         setIcon(icon);
         setToolTip(ToQString(item.GetToolTipText()));
         setEnabled(item.GetEnabled());
@@ -57,8 +56,15 @@ public:
         QFont bold = font();
         bold.setBold(item.GetBold());
         setFont(bold);
-        setChecked(item.GetSelected());
+        Choose(item.GetSelected());
         if (item.GetBold()) setAccessibleDescription(tr("in use"));
+    }
+
+    // Qt does not let the last choice of a card be taken away, the bar does.
+    void Choose(bool chosen) {
+        setAutoExclusive(false);
+        setChecked(chosen);
+        setAutoExclusive(true);
     }
 
 protected:
@@ -130,7 +136,7 @@ void ExplorerBarView::GroupsChanged() {
 void ExplorerBarView::SelectionChanged() {
     for (auto line = mLines.begin(); line != mLines.end(); ++line)
         if (auto* button = dynamic_cast<Line*>(line.value()))
-            button->setChecked(line.key() == mBar->GetSelectedItem().get());
+            button->Choose(line.key() == mBar->GetSelectedItem().get());
 }
 
 // Later, since the change may come out of a line that is being pressed, and one of many.
@@ -226,8 +232,9 @@ bool ExplorerBarView::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress && mLineOrder.contains(watched)) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         auto* line = static_cast<QAbstractButton*>(watched);
-        if (key == Qt::Key_Up || key == Qt::Key_Down) {
-            MoveFocus(line, key == Qt::Key_Up ? -1 : 1);
+        const bool back = key == Qt::Key_Up || key == Qt::Key_Left;
+        if (back || key == Qt::Key_Down || key == Qt::Key_Right) {
+            MoveFocus(line, back ? -1 : 1);
             return true;
         }
         if (key == Qt::Key_Return || key == Qt::Key_Enter) {

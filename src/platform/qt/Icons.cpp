@@ -2,6 +2,7 @@
 
 #include "foundation/Text.h"
 #include "platform/qt/Conversions.h"
+#include "platform/qt/ThemedIconEngine.h"
 
 #include <QHash>
 
@@ -46,7 +47,7 @@ const QHash<QString, Entry>& Table() {
         // comment types, row buttons and the rest
         {"addbutton", {"list-add", ""}},
         {"deletebutton", {"edit-delete", ""}},
-        {"tick", {"checkmark", "in use"}},
+        {"tick", {"dialog-ok", "in use"}},
         {"other", {"view-list-details", ""}},
         {"other_ticked", {"view-list-details", "in use"}},
         {"flags", {"flag", ""}},
@@ -80,7 +81,9 @@ void Icons::UseDark(bool dark) {
 QIcon Icons::ByName(const std::string& name) {
     if (name.empty()) return {};
     const Entry* entry = FindEntry(name);
-    return QIcon::fromTheme(entry ? QString::fromLatin1(entry->Theme) : ToQString(name));
+    const QString themeName = entry ? QString::fromLatin1(entry->Theme) : ToQString(name);
+    if (QIcon::fromTheme(themeName).isNull()) return {};
+    return QIcon(new ThemedIconEngine(themeName));
 }
 
 QIcon Icons::Of(const Picture& picture) {

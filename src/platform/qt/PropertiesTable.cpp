@@ -1,11 +1,11 @@
 #include "platform/qt/PropertiesTable.h"
 
+#include "platform/qt/ColumnHeader.h"
 #include "platform/qt/Conversions.h"
 #include "platform/qt/Icons.h"
 #include "platform/qt/PropertyDelegate.h"
 #include "widgets/Keys.h"
 
-#include <QHeaderView>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
@@ -29,11 +29,9 @@ PropertiesTable::PropertiesTable(const Ref<PropertiesList>& list, QWidget* paren
     setWordWrap(false);
     setVerticalScrollMode(ScrollPerPixel);
     verticalHeader()->hide();
-    horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    horizontalHeader()->setHighlightSections(false);
+    setHorizontalHeader(new ColumnHeader(this));
     horizontalHeader()->setStretchLastSection(true);
     horizontalHeader()->setMinimumSectionSize(80);
-    setColumnWidth(0, 210);
     FitRows();
     mTie = list->Observe(*this);
     RowsChanged();
@@ -50,6 +48,7 @@ void PropertiesTable::FitRows() {
     mRowHeight = std::max(26, fontMetrics().height() + 8);
     verticalHeader()->setMinimumSectionSize(mRowHeight);
     verticalHeader()->setDefaultSectionSize(mRowHeight);
+    setColumnWidth(0, std::max(210, fontMetrics().averageCharWidth() * 28));
 }
 
 void PropertiesTable::RowsChanged() {
@@ -134,7 +133,7 @@ void PropertiesTable::PlaceButtons() {
         button->setToolTip(ToQString(model.ToolTipText));
         button->setIcon(
             Icons::InList(mList->GetImageList(), model.Image.empty() ? model.Key : model.Image));
-        const QSize size = button->sizeHint();
+        const QSize size = button->sizeHint() + QSize(12, 0);
         const int height = mRowHeight - 4;
         button->setGeometry(right - size.width(), value.y() + 2, size.width(), height);
         const bool visible = shown && model.Visible;

@@ -23,7 +23,7 @@ int WantedHeight(const QPlainTextEdit& editor) {
     for (auto block = editor.document()->begin(); block.isValid(); block = block.next())
         lines += std::max(1, block.layout()->lineCount());
     lines = std::clamp(lines, 1, kMostLines);
-    return lines * editor.fontMetrics().lineSpacing() + 12;
+    return lines * editor.fontMetrics().lineSpacing() + 16;
 }
 
 } // namespace
@@ -49,8 +49,12 @@ QWidget* PropertiesTable::MakeEditor() {
 QWidget* PropertiesTable::MakeTextEditor() {
     auto* editor = new QPlainTextEdit(ToQString(mList->GetEditText()), viewport());
     editor->setTabChangesFocus(true);
-    editor->document()->setDocumentMargin(3);
-    editor->selectAll();
+    editor->document()->setDocumentMargin(6);
+    // Typing replaces a short value; a text of many lines is not lost by one key.
+    if (mList->GetEditText().find('\n') == std::string::npos)
+        editor->selectAll();
+    else
+        editor->moveCursor(QTextCursor::End);
     connect(editor, &QPlainTextEdit::textChanged, this, [this, editor] {
         mList->UserType(FromQString(editor->toPlainText()));
         PlaceEditor();

@@ -32,12 +32,12 @@ void SplitPanelView::ControlChanged(Control&) {
 void SplitPanelView::ShowPane(int index, const Ref<Control>& control) {
     if (mShown[index] == control) return;
     mShown[index] = control;
+    QWidget* before = widget(index);
     QWidget* view = control ? mFactory.MakeView(control, this) : new QWidget(this);
-    QWidget* before = replaceWidget(index, view);
-    if (before) {
-        before->hide();
-        before->deleteLater();
-    }
+    insertWidget(index, view);
+    before->hide();
+    before->setParent(nullptr);
+    before->deleteLater();
     view->setVisible(control && control->GetVisible());
     handle(1)->removeEventFilter(this);
     handle(1)->installEventFilter(this);

@@ -1,6 +1,7 @@
 #include "platform/qt/Theme.h"
 
 #include "platform/qt/Icons.h"
+#include "platform/qt/ThemeStyle.h"
 
 #include <QEvent>
 #include <QFont>
@@ -40,7 +41,7 @@ void Set(QPalette& palette, QPalette::ColorRole role, const char* colour) {
 
 Theme::Theme(QApplication& application)
     : mApplication(application), mSystemFont(application.font()) {
-    mApplication.setStyle(QStringLiteral("Fusion"));
+    mApplication.setStyle(new ThemeStyle);
     Icons::UseBreeze();
     mApplication.installEventFilter(this);
     Apply();

@@ -182,13 +182,17 @@ Qt::ItemFlags TreeItemModel::flags(const QModelIndex& index) const {
     return flags;
 }
 
+QVariant TreeItemModel::headerData(int, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
+    return ToQString(mTree->GetAccessibleName());
+}
+
 void TreeItemModel::NodeCame(const Ref<TreeNode>& node) {
     const Ref<TreeNode> above = node->GetParent();
     Row* parentRow = FindRow(above.get());
     if (!parentRow) return;
     if (!parentRow->Populated) {
-        // A view that knows of children asks for them when it opens the row.
-        if (ChildrenOf(*parentRow).Count() == 1) ChildrenChanged(above);
+        TellUnpopulated(*parentRow);
         return;
     }
     const Ref<TreeNode> previous = node->GetPrevious();
@@ -210,12 +214,27 @@ void TreeItemModel::NodeChanged(const Ref<TreeNode>& node) {
 void TreeItemModel::ChildrenChanged(const Ref<TreeNode>& above) {
     Row* row = FindRow(above.get());
     if (!row) return;
-    row->Populated = true;
+    if (!row->Populated) {
+        TellUnpopulated(*row);
+        return;
+    }
     RemoveVanished(*row);
     InsertNewcomers(*row);
     if (!row->Children.empty())
         emit dataChanged(IndexOf(*row->Children.front()), IndexOf(*row->Children.back()));
     if (RowsUpdated) RowsUpdated(IndexOf(*row));
+}
+
+void TreeItemModel::NodeWent(const Ref<TreeNode>& above) {
+    const Row* row = FindRow(above.get());
+    if (row && !row->Populated) TellUnpopulated(*row);
+}
+
+// A closed row's children stay unmade, however many there are.
+void TreeItemModel::TellUnpopulated(const Row& row) {
+    if (ExpandersChanged) ExpandersChanged();
+    const bool open = !row.Node || (row.Node->IsAttached() && row.Node->GetExpanded());
+    if (open && RowsUpdated) RowsUpdated(IndexOf(row));
 }
 
 void TreeItemModel::RemoveVanished(Row& parentRow) {

@@ -35,6 +35,10 @@ public:
     /// Called after the rows below a parent were brought up to date.
     std::function<void(const QModelIndex&)> RowsUpdated;
 
+    /// Called when a row whose children nobody has asked for may have gained its first child or
+    /// lost its last one: its expander is to be drawn anew.
+    std::function<void()> ExpandersChanged;
+
     QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
     QModelIndex parent(const QModelIndex& index) const override;
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -43,6 +47,8 @@ public:
     QVariant data(const QModelIndex& index, int role) const override;
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
+    /// What a screen reader says for the column: the tree's own name.
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 private:
     struct Row {
@@ -55,6 +61,7 @@ private:
 
     void NodeCame(const Ref<TreeNode>& node) override;
     void NodeAboutToGo(const Ref<TreeNode>& node) override;
+    void NodeWent(const Ref<TreeNode>& parent) override;
     void NodeChanged(const Ref<TreeNode>& node) override;
     void ChildrenChanged(const Ref<TreeNode>& parent) override;
 
@@ -66,6 +73,7 @@ private:
     std::unique_ptr<Row> MakeRow(Row& parent, const Ref<TreeNode>& node) const;
     void Insert(Row& parent, int at, const std::vector<Ref<TreeNode>>& nodes);
     void Remove(Row& parent, int first, int last);
+    void TellUnpopulated(const Row& row);
     void RemoveVanished(Row& parent);
     void InsertNewcomers(Row& parent);
     void Forget(const Row& row);

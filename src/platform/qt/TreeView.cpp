@@ -51,7 +51,9 @@ TreeView::TreeView(const Ref<TreeControl>& tree, QWidget* parent)
         FollowExpansion(above);
         ShowSelection();
     };
+    mItems->ExpandersChanged = [this] { scheduleDelayedItemsLayout(); };
     setModel(mItems);
+    FitRows();
     connect(this, &QTreeView::expanded, [this](const auto& index) { UserExpanded(index, true); });
     connect(this, &QTreeView::collapsed, [this](const auto& index) { UserExpanded(index, false); });
     ControlView::Attach(tree, this);
@@ -254,7 +256,7 @@ void TreeView::changeEvent(QEvent* event) {
 
 void TreeView::FitRows() {
     setIconSize(QSize(16, 16) * std::max(1.0, fontMetrics().height() / 17.0));
-    doItemsLayout();
+    scheduleDelayedItemsLayout();
 }
 
 } // namespace paperkite
