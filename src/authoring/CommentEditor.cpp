@@ -4,6 +4,7 @@
 #include "foundation/Services.h"
 #include "foundation/Settings.h"
 #include "foundation/Text.h"
+#include "widgets/FramePanel.h"
 
 namespace paperkite {
 
@@ -94,7 +95,7 @@ void CommentEditor::InitControl() {
         if (mInitialized) return;
         eb->GetGroup("flags")
             ->Item("checkboxcontainer")
-            ->SetControl(MakeRef<Container>("fraExplorerBar"));
+            ->SetControl(MakeRef<FramePanel>("fraExplorerBar"));
         splitMain->SetFirstPane(mShowCombo ? Ref<Control>() : Ref<Control>(eb));
         mNamespaceChanged = true;
         zMakeButtons();
@@ -107,7 +108,8 @@ void CommentEditor::InitControl() {
 }
 
 void CommentEditor::zMakeButtons() {
-    AddButtonIndex = prpTags->AddButton("AddButton", "Click to add this tag", "list-add");
+    AddButtonIndex =
+        prpTags->AddButton("AddButton", "Click to add this tag", "list-add", "Add Tag");
     DeleteButtonIndex = prpTags->AddButton("DeleteButton", "Delete Tag", "edit-delete");
     prpTags->SetButtonVisible(AddButtonIndex, false);
     prpTags->SetButtonVisible(DeleteButtonIndex, false);

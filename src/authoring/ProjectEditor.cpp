@@ -12,6 +12,7 @@ constexpr const char* kSplitSize = "ProjectEditorSplitSize";
 constexpr const char* kSplitPercentage = "ViewSplitterPercentage";
 constexpr const char* kLayoutPath = "Layout";
 constexpr int kDefaultPercentage = 40;
+constexpr int kFirstPercentage = 30;
 
 /// The comments of an item, as their collection or as the member that holds it.
 Ref<TaggedCommentCollection> CommentsOf(const Ref<Object>& item) {
@@ -22,7 +23,7 @@ Ref<TaggedCommentCollection> CommentsOf(const Ref<Object>& item) {
 
 ProjectEditor::ProjectEditor() {
     Procedure(*this, "UserControl_Initialize", [&](Frame&) {
-        splitMain->SetPercentage(kDefaultPercentage);
+        splitMain->SetPercentage(kFirstPercentage);
         splitMain->SetFirstPane(Project.Dock);
         splitMain->SetSecondPane(cEditor.splitMain);
         zConnect();

@@ -125,7 +125,21 @@ std::string ProjectSession::Resolve(const std::string& name) const {
             if (exists(below)) return below;
         }
     }
-    return {};
+    return OnlyNameEndingWith(name);
+}
+
+std::string ProjectSession::OnlyNameEndingWith(const std::string& name) const {
+    const std::string steps = ReplaceAll(ReplaceAll(name, "::", "~"), ".", "~");
+    const std::string ending = "~" + steps;
+    std::string found;
+    bool isUnique = true;
+    mProvider->ForEachName([&](const std::string& candidate) {
+        if (!candidate.ends_with(ending)) return true;
+        isUnique = found.empty();
+        found = candidate;
+        return isUnique;
+    });
+    return isUnique ? found : std::string();
 }
 
 std::vector<std::string> ProjectSession::Nearest(const std::string& name) const {

@@ -57,7 +57,7 @@ TEST_F(OtherViewsTest, TheExplorerBarFollowsItsModelAndHostsCheckBoxes) {
     auto* box = view->findChild<QCheckBox*>("Deprecated");
     ASSERT_TRUE(box);
     QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(8, box->height() / 2));
-    auto frame = bar->GetGroup("flags")->Item(1)->GetControl().As<Frame>();
+    auto frame = bar->GetGroup("flags")->Item(1)->GetControl().As<FramePanel>();
     EXPECT_TRUE(frame->Controls.Item<CheckBox>("Deprecated")->GetChecked());
     bar->GetGroup("description")->Item("#remarks")->SetVisible(false);
     bar->GetGroup("other")->SetCollapsed(true);

@@ -3,7 +3,7 @@
 #include "widgets/CheckBox.h"
 #include "widgets/DockHost.h"
 #include "widgets/ExplorerBar.h"
-#include "widgets/Frame.h"
+#include "widgets/FramePanel.h"
 #include "widgets/PropertiesList.h"
 #include "widgets/SplitPanel.h"
 #include "widgets/TreeControl.h"
@@ -111,7 +111,7 @@ inline Ref<ExplorerBar> SampleBar() {
     used->SetBold(true);
     description->Add("#remarks", "Remarks")->SetIcon("documentinfo");
     auto flags = bar->AddGroup("flags", "Flags");
-    auto frame = MakeRef<Frame>("fraExplorerBar");
+    auto frame = MakeRef<FramePanel>("fraExplorerBar");
     for (const auto* caption : {"Thread safe", "Deprecated", "Hide from output"}) {
         auto box = frame->Controls.Make<CheckBox>(caption);
         box->SetCaption(caption);

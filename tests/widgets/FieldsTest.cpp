@@ -2,7 +2,7 @@
 #include "widgets/Button.h"
 #include "widgets/CheckBox.h"
 #include "widgets/ComboBox.h"
-#include "widgets/Frame.h"
+#include "widgets/FramePanel.h"
 #include "widgets/OptionButton.h"
 #include "widgets/SplitPanel.h"
 #include "widgets/StackPanel.h"
@@ -105,7 +105,7 @@ TEST(ContainerTest, AControlStandsInOneContainerAtATime) {
 }
 
 TEST(ContainerTest, ResizeIsRaisedForANewSizeOnly) {
-    Frame frame("fra");
+    FramePanel frame("fra");
     int resizes = 0;
     auto tie = frame.ControlEvents.Resize.Connect([&](int, int) { ++resizes; });
     frame.Move(0, 0, 10, 10);
@@ -133,8 +133,8 @@ TEST(ControlTest, TheFocusIsInOnePlace) {
 
 TEST(StackPanelTest, SurfacesShareOneRectangleAndTheFrontOneIsSeen) {
     StackPanel panel;
-    auto list = panel.Controls.Make<Frame>("list");
-    auto page = panel.Controls.Make<Frame>("page");
+    auto list = panel.Controls.Make<FramePanel>("list");
+    auto page = panel.Controls.Make<FramePanel>("page");
     panel.Move(0, 0, 300, 200);
     EXPECT_EQ(list->GetBounds(), (Bounds{0, 0, 300, 200}));
     list->BringToFront();
@@ -145,8 +145,8 @@ TEST(StackPanelTest, SurfacesShareOneRectangleAndTheFrontOneIsSeen) {
 
 TEST(SplitPanelTest, TheShareDividesTheRoomAndOnlyADragIsRaised) {
     SplitPanel split;
-    auto first = MakeRef<Frame>();
-    auto second = MakeRef<Frame>();
+    auto first = MakeRef<FramePanel>();
+    auto second = MakeRef<FramePanel>();
     split.SetFirstPane(first);
     split.SetSecondPane(second);
     int drags = 0;

@@ -9,6 +9,22 @@
 
 namespace paperkite {
 
+namespace {
+
+/// An item in one line, as far as the scan knows it: "class Dog : Animal", "int Bark(int times)".
+std::string DeclarationOf(const Object& item) {
+    const std::string type = item.Get("Type").ToText();
+    const std::string signature = item.Get("Signature").ToText();
+    const std::string inherits = item.Get("Inherits").ToText();
+    const std::string name = item.Get("Name").ToText();
+    if (type.empty() && signature.empty())
+        return LowerCase(item.Get("Kind").ToText()) + " " + name +
+               (inherits.empty() ? "" : " : " + inherits);
+    return (type.empty() ? "" : type + " ") + name + signature;
+}
+
+} // namespace
+
 void MainWindow::ShowItem(const Ref<TreeNode>& node) {
     const Ref<Object> item = mWorkspace->GetEditor().cEditor.GetCurrentCodeElement();
     mWorkspace->GetEditor().cEditor.splitMain->SetVisible(static_cast<bool>(item));
@@ -26,14 +42,7 @@ void MainWindow::ShowItem(const Ref<TreeNode>& node) {
 void MainWindow::ShowSource(const Ref<Object>& item) {
     std::string place = item->Get("File").ToText();
     if (!place.empty()) place += ":" + item->Get("Line").ToText();
-    std::string declaration;
-    const std::string signature = item->Get("Signature").ToText();
-    const std::string type = item->Get("Type").ToText();
-    if (!signature.empty())
-        declaration = (type.empty() ? "" : type + " ") + item->Get("Name").ToText() + signature;
-    else if (!type.empty())
-        declaration = type + " " + item->Get("Name").ToText();
-    mSourcePane->Show(place, declaration, item->Get("Description").ToText());
+    mSourcePane->Show(place, DeclarationOf(*item), item->Get("Description").ToText());
 }
 
 void MainWindow::CommentsChanged(const Ref<Object>& item) {

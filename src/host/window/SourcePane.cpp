@@ -13,7 +13,7 @@ namespace paperkite {
 namespace {
 
 constexpr int kMargin = 12;
-constexpr int kShownLines = 6;
+constexpr int kShownLines = 5;
 
 QString Html(const std::string& text) {
     return QString::fromStdString(text).toHtmlEscaped();

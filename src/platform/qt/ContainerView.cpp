@@ -3,7 +3,7 @@
 #include "platform/qt/ControlView.h"
 #include "platform/qt/Conversions.h"
 #include "widgets/Button.h"
-#include "widgets/Frame.h"
+#include "widgets/FramePanel.h"
 
 #include <QDialogButtonBox>
 #include <QFormLayout>
@@ -67,7 +67,7 @@ QWidget* ContainerView::ViewOf(const Ref<Control>& control) const {
 }
 
 void ContainerView::ControlChanged(Control&) {
-    const auto frame = mContainer.As<Frame>();
+    const auto frame = mContainer.As<FramePanel>();
     if (frame) setFrameShape(frame->GetBorder() ? QFrame::StyledPanel : QFrame::NoFrame);
     FillSharedRectangle();
 }
@@ -91,7 +91,7 @@ void ContainerView::Rebuild() {
         column->setSpacing(kSpacing);
         AddTo(*column, form, mContent);
         OrderTabs();
-    } else if (mContainer.As<Frame>()) {
+    } else if (mContainer.As<FramePanel>()) {
         auto* column = new QVBoxLayout(mContent);
         column->setContentsMargins(0, 0, 0, 0);
         column->setSpacing(4);

@@ -12,8 +12,8 @@ class QFormLayout;
 namespace paperkite {
 
 /// Shows a container: builds native layouts out of its FormLayout, with buddies and tab order.
-/// Without one, the controls of a Frame stand below each other, and those of any other container
-/// share its whole rectangle.
+/// Without one, the controls of a FramePanel stand below each other, and those of any other
+/// container share its whole rectangle.
 class ContainerView : public QFrame, private ContainerObserver {
 public:
     ContainerView(ViewFactory& factory, const Ref<Container>& container, QWidget* parent);

@@ -1,7 +1,7 @@
 #include "platform/qt/ControlView.h"
 
 #include "platform/qt/Conversions.h"
-#include "widgets/Frame.h"
+#include "widgets/FramePanel.h"
 
 #include <QEvent>
 
@@ -11,7 +11,7 @@ namespace {
 
 // The boxes of a frame without a layout are placed by the component, in units of its own.
 bool IsPlacedByItsComponent(const Control& control) {
-    const auto* frame = dynamic_cast<const Frame*>(control.GetParent());
+    const auto* frame = dynamic_cast<const FramePanel*>(control.GetParent());
     return frame && frame->GetLayout().GetKind() == FormLayout::Kind::Empty;
 }
 

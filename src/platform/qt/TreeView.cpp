@@ -123,7 +123,10 @@ void TreeView::ShowSelection() {
 
 void TreeView::NodeWantsToBeSeen(const Ref<TreeNode>& node) {
     const QModelIndex index = mItems->MakeIndexOf(node);
-    if (index.isValid()) scrollTo(index);
+    if (!index.isValid()) return;
+    // What was out of sight comes with its surroundings.
+    const bool inSight = viewport()->rect().contains(visualRect(index).center());
+    scrollTo(index, inSight ? EnsureVisible : PositionAtCenter);
 }
 
 void TreeView::LabelEditWanted(const Ref<TreeNode>& node) {
@@ -157,7 +160,11 @@ void TreeView::drawRow(QPainter* painter, const QStyleOptionViewItem& options,
         painter->fillRect(QRect(0, options.rect.y(), viewport()->width(), options.rect.height()),
                           palette().color(role));
     }
-    QTreeView::drawRow(painter, options, index);
+    // The style fills the place of the branches by itself, and knows nothing of the focus.
+    QStyleOptionViewItem quiet = options;
+    if (!hasFocus())
+        quiet.palette.setColor(QPalette::Highlight, palette().color(QPalette::Midlight));
+    QTreeView::drawRow(painter, quiet, index);
 }
 
 void TreeView::focusInEvent(QFocusEvent* event) {

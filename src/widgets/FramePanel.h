@@ -5,9 +5,9 @@
 namespace paperkite {
 
 /// A container with an optional caption and a border around it.
-class Frame : public Container {
+class FramePanel : public Container {
 public:
-    explicit Frame(std::string name = {}) : Container(std::move(name)) {}
+    explicit FramePanel(std::string name = {}) : Container(std::move(name)) {}
 
     const std::string& GetCaption() const { return mCaption; }
 
