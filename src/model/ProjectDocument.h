@@ -33,6 +33,16 @@ public:
         std::optional<FileProblem> Problem;
     };
 
+    /// Which members are listed.
+    struct Scope {
+        bool Private = false;
+        bool Friend = false;
+        bool Protected = true;
+        bool ProtectedFriend = true;
+
+        bool operator==(const Scope&) const = default;
+    };
+
     /// Whether files that somebody else wrote meanwhile, or that are there already, are replaced.
     enum class Overwriting { Refused, Allowed };
 
@@ -76,19 +86,24 @@ public:
                           const Ref<paperkite::NamespaceProvider>& provider);
 
     bool GetDirty() const { return mDirty; }
+
+    /// Makes the present scope the one that is saved. Trees set the scope to what they show, all
+    /// the time; only who edits the project's own settings calls this, and sets Dirty.
+    void StoreScope() { mStoredScope = mScope; }
+    const Scope& GetStoredScope() const { return mStoredScope; }
     void SetNamespaceExclusions(const Ref<TextCollection>& value);
 
     Ref<paperkite::DocTypes> GetDocTypes() override { return mDocTypes; }
     Ref<paperkite::NamespaceProvider> NamespaceProvider(const std::string& moniker) override;
     Ref<TextCollection> GetNamespaceExclusions() override { return mNamespaceExclusions; }
-    bool GetIncludePrivate() const override { return mIncludePrivate; }
-    void SetIncludePrivate(bool value) override { mIncludePrivate = value; }
-    bool GetIncludeFriend() const override { return mIncludeFriend; }
-    void SetIncludeFriend(bool value) override { mIncludeFriend = value; }
-    bool GetIncludeProtected() const override { return mIncludeProtected; }
-    void SetIncludeProtected(bool value) override { mIncludeProtected = value; }
-    bool GetIncludeProtectedFriend() const override { return mIncludeProtectedFriend; }
-    void SetIncludeProtectedFriend(bool value) override { mIncludeProtectedFriend = value; }
+    bool GetIncludePrivate() const override { return mScope.Private; }
+    void SetIncludePrivate(bool value) override { mScope.Private = value; }
+    bool GetIncludeFriend() const override { return mScope.Friend; }
+    void SetIncludeFriend(bool value) override { mScope.Friend = value; }
+    bool GetIncludeProtected() const override { return mScope.Protected; }
+    void SetIncludeProtected(bool value) override { mScope.Protected = value; }
+    bool GetIncludeProtectedFriend() const override { return mScope.ProtectedFriend; }
+    void SetIncludeProtectedFriend(bool value) override { mScope.ProtectedFriend = value; }
     void SetDirty(bool value) override;
     std::int32_t GetSourceProjectCount() const override;
 
@@ -121,10 +136,8 @@ private:
     Ref<paperkite::DocTypes> mDocTypes = MakeRef<paperkite::DocTypes>();
     Ref<TextCollection> mNamespaceExclusions = MakeRef<TextCollection>();
     std::unordered_map<std::string, Ref<paperkite::NamespaceProvider>> mProviders;
-    bool mIncludePrivate = false;
-    bool mIncludeFriend = false;
-    bool mIncludeProtected = true;
-    bool mIncludeProtectedFriend = true;
+    Scope mScope;
+    Scope mStoredScope;
     bool mDirty = false;
 };
 

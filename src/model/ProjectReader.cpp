@@ -124,6 +124,7 @@ void ReadScope(const XmlElement& root, ProjectDocument& project) {
     project.SetIncludeFriend(FlagOf(*scope, "friend", false));
     project.SetIncludeProtected(FlagOf(*scope, "protected", true));
     project.SetIncludeProtectedFriend(FlagOf(*scope, "protectedfriend", true));
+    project.StoreScope();
 }
 
 } // namespace

@@ -83,15 +83,13 @@ void AddContentFiles(XmlElement& root, const ProjectDocument& project) {
     }
 }
 
-void AddScope(XmlElement& root, const ProjectDocument& project) {
-    const bool isStandard = !project.GetIncludePrivate() && !project.GetIncludeFriend() &&
-                            project.GetIncludeProtected() && project.GetIncludeProtectedFriend();
-    if (isStandard) return;
+void AddScope(XmlElement& root, const ProjectDocument::Scope& scope) {
+    if (scope == ProjectDocument::Scope()) return;
     root.Add(XmlElement::Named("scope"))
-        .With("private", FlagText(project.GetIncludePrivate()))
-        .With("friend", FlagText(project.GetIncludeFriend()))
-        .With("protected", FlagText(project.GetIncludeProtected()))
-        .With("protectedfriend", FlagText(project.GetIncludeProtectedFriend()));
+        .With("private", FlagText(scope.Private))
+        .With("friend", FlagText(scope.Friend))
+        .With("protected", FlagText(scope.Protected))
+        .With("protectedfriend", FlagText(scope.ProtectedFriend));
 }
 
 void AddUnlessEmpty(XmlElement& root, XmlElement list) {
@@ -173,7 +171,7 @@ std::string ProjectWriter::Canonical(const ProjectDocument& project) {
     if (!title.empty()) root.Add(XmlElement::WithText("title", title));
     AddSources(root, project);
     AddContentFiles(root, project);
-    AddScope(root, project);
+    AddScope(root, project.GetStoredScope());
     AddUnlessEmpty(root, SettingsOf(project));
     AddLists(root, project, *project.mNamespaceExclusions);
     AddDiagramStyle(root, *project.GetDiagramStyle());

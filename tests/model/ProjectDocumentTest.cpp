@@ -74,6 +74,7 @@ TEST(ProjectDocument, EverySettingComesBack) {
         source.Excludes = {"build/*", " *.tmp "};
         project->SetIncludePrivate(true);
         project->SetIncludeProtected(false);
+        project->StoreScope();
         project->Set("CompileHelpFile", Value(true));
         project->Set("PageNestingLevels", Value(5));
         project->Set("Language", Value("German"));
@@ -258,6 +259,21 @@ TEST(ProjectDocument, TheRootNameHoldsNothingThatCutsQualifiedNames) {
     auto project = MakeRef<ProjectDocument>();
     EXPECT_EQ(project->AddSource("/x/a~b:c/").RootName, "a_b_c");
     EXPECT_EQ(project->AddSource("/").RootName, "root");
+}
+
+TEST(ProjectDocument, WhatATreeShowsDoesNotChangeTheProjectFile) {
+    const TemporaryFolder folder;
+    const std::string bytes = "<kiteproject version='1'><scope friend='true'/></kiteproject>";
+    folder.Write("p.kiteproject", bytes);
+    const auto project = Opened(folder / "p.kiteproject");
+    EXPECT_TRUE(project->GetIncludeFriend());
+    project->SetIncludePrivate(true);
+    project->SetIncludeFriend(false);
+    ASSERT_EQ(MessageOf(project->Save()), "no problem");
+    EXPECT_EQ(folder.Read("p.kiteproject"), bytes);
+    project->StoreScope();
+    ASSERT_EQ(MessageOf(project->Save()), "no problem");
+    EXPECT_TRUE(Opened(folder / "p.kiteproject")->GetIncludePrivate());
 }
 
 TEST(ProjectDocument, DirtyIsToldWhenItChanges) {
