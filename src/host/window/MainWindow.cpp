@@ -2,7 +2,7 @@
 
 #include "host/window/CoverageStatus.h"
 
-#include "foundation/Services.h"
+#include "foundation/GlobalConfig.h"
 #include "foundation/Settings.h"
 #include "foundation/Text.h"
 #include "foundation/Version.h"
@@ -19,6 +19,8 @@
 #include <QStatusBar>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace paperkite {
 
 namespace {
@@ -26,6 +28,20 @@ namespace {
 constexpr const char* kWindowPath = "Window";
 constexpr int kFirstWidth = 1280;
 constexpr int kFirstHeight = 800;
+
+struct TreeOption {
+    const char* Name;
+    bool ProjectViewOptions::*Field;
+};
+
+/// What the tree shows is the author's choice, kept for all projects.
+constexpr TreeOption kTreeOptions[] = {
+    {"Grouped", &ProjectViewOptions::Grouped},
+    {"ShowPrivate", &ProjectViewOptions::ShowPrivate},
+    {"ShowFriend", &ProjectViewOptions::ShowFriend},
+    {"ShowProtected", &ProjectViewOptions::ShowProtected},
+    {"AutoExpand", &ProjectViewOptions::AutoExpandChildren},
+};
 
 QString DroppedPath(const QMimeData& data) {
     for (const QUrl& url : data.urls())
@@ -58,8 +74,9 @@ MainWindow::MainWindow(Theme& theme) : mTheme(theme) {
     statusBar()->addWidget(mPath, 1);
     statusBar()->addPermanentWidget(mCoverage);
     statusBar()->addPermanentWidget(mModified);
-    MakeActions();
+    mAppName = "Paperkite";
     RestoreAppearance();
+    MakeActions();
     ShowTitle();
     UpdateActions();
 }
@@ -124,6 +141,12 @@ void MainWindow::RestoreAppearance() {
                std::max(number("Height", kFirstHeight), 300));
         if (number("Maximised", 0) != 0) setWindowState(Qt::WindowMaximized);
         mTheme.SetTextScale(number("TextScale", mTheme.GetTextScale()));
+        mTheme.SetScheme(static_cast<ColourScheme>(
+            std::clamp(number("Colours", static_cast<int>(mTheme.GetScheme())), 0, 2)));
+        for (const TreeOption& option : kTreeOptions) {
+            bool& field = GlobalConfig().ProjectViewOptions.*option.Field;
+            field = number(option.Name, field) != 0;
+        }
     });
 }
 
@@ -135,6 +158,9 @@ void MainWindow::KeepAppearance() {
         }
         SetAppValue("Maximised", isMaximized(), kWindowPath);
         SetAppValue("TextScale", mTheme.GetTextScale(), kWindowPath);
+        SetAppValue("Colours", static_cast<int>(mTheme.GetScheme()), kWindowPath);
+        for (const TreeOption& option : kTreeOptions)
+            SetAppValue(option.Name, GlobalConfig().ProjectViewOptions.*option.Field, kWindowPath);
     });
 }
 

@@ -78,7 +78,6 @@ private:
     void ShowProject(std::unique_ptr<ProjectSession> session);
     void HideProject();
     void ConnectEditor();
-    void NoteScope();
     void ShowTitle();
     bool SavedOrGivenUp();
     bool StoreOrAsk(bool asNew, const QString& path);

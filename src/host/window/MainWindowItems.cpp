@@ -11,6 +11,14 @@ namespace paperkite {
 
 namespace {
 
+/// A signature as people write it: "(int a, const T& b)".
+std::string Spaced(const std::string& signature) {
+    std::string text = ReplaceAll(ReplaceAll(signature, ", ", ","), ",", ", ");
+    for (const char* mark : {"&&", "&", "*"})
+        text = ReplaceAll(text, std::string(" ") + mark, mark);
+    return text;
+}
+
 /// An item in one line, as far as the scan knows it: "class Dog : Animal", "int Bark(int times)".
 std::string DeclarationOf(const Object& item) {
     const std::string type = item.Get("Type").ToText();
@@ -20,7 +28,7 @@ std::string DeclarationOf(const Object& item) {
     if (type.empty() && signature.empty())
         return LowerCase(item.Get("Kind").ToText()) + " " + name +
                (inherits.empty() ? "" : " : " + inherits);
-    return (type.empty() ? "" : type + " ") + name + signature;
+    return (type.empty() ? "" : type + " ") + name + Spaced(signature);
 }
 
 } // namespace

@@ -1,6 +1,5 @@
 #include "host/window/MainWindow.h"
 
-#include "foundation/GlobalConfig.h"
 #include "host/window/CoverageStatus.h"
 #include "host/window/NewProjectDialog.h"
 #include "host/window/ScanDialog.h"
@@ -78,10 +77,6 @@ bool MainWindow::OpenProject(const QString& path) {
 
 void MainWindow::ShowProject(std::unique_ptr<ProjectSession> session) {
     HideProject();
-    // The project says what is shown; changing that changes the project.
-    GlobalConfig().ProjectViewOptions.ShowPrivate = session->GetProject()->GetIncludePrivate();
-    GlobalConfig().ProjectViewOptions.ShowFriend = session->GetProject()->GetIncludeFriend();
-    GlobalConfig().ProjectViewOptions.ShowProtected = session->GetProject()->GetIncludeProtected();
     mWorkspace = std::make_unique<Workspace>(std::move(session));
     ProjectEditor& editor = mWorkspace->GetEditor();
     editor.SetUserMode(true);
@@ -130,7 +125,7 @@ void MainWindow::ConnectEditor() {
         mConnections.push_back(std::move(connection));
     };
     keep(editor.Project.Events.NodeClick.Connect([this](const auto& node) { ShowItem(node); }));
-    keep(editor.Project.Events.AfterCommand.Connect([this] { NoteScope(); }));
+    keep(editor.Project.Events.AfterCommand.Connect([this] { UpdateActions(); }));
     keep(editor.Events.TaggedCommentAdded.Connect(
         [this](const auto& item, const auto&) { CommentsChanged(item); }));
     keep(editor.Events.TaggedCommentDeleted.Connect(
@@ -140,11 +135,6 @@ void MainWindow::ConnectEditor() {
     keep(editor.Events.PropertiesRequested.Connect([this] { ShowProperties(); }));
     keep(mWorkspace->GetSession().GetProject()->Document.DirtyStateChanged.Connect(
         [this](bool) { ShowTitle(); }));
-}
-
-void MainWindow::NoteScope() {
-    // The tree writes its scope into the project; a scope that differs is a change to be saved.
-    UpdateActions();
 }
 
 bool MainWindow::SavedOrGivenUp() {

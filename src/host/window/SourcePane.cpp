@@ -34,7 +34,7 @@ public:
         mText->setTabChangesFocus(true);
         mText->setAccessibleName(QObject::tr("Comment in the source"));
         mText->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-        mText->setLineWrapMode(QPlainTextEdit::NoWrap);
+        mText->setLineWrapMode(QPlainTextEdit::WidgetWidth);
         column->addWidget(mTitle);
         column->addWidget(mText);
         SetFocusTarget(mText);

@@ -1,8 +1,10 @@
 #include "host/window/WindowProgram.h"
 
+#include "foundation/Services.h"
 #include "foundation/Text.h"
 #include "host/window/DesktopServices.h"
 #include "host/window/MainWindow.h"
+#include "host/window/PictureSettings.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -43,13 +45,13 @@ int RunWindow(QApplication& application, ModelControlHelper& helper, const std::
 
 int WriteScreenshot(QApplication& application, ModelControlHelper& helper,
                     const ScreenshotRequest& request) {
-    // A picture must not depend on, nor change, what an author chose for the window.
     auto opened = ProjectSession::Open(request.Project);
     if (!opened.Session) {
         std::cerr << opened.Problem << '\n';
         return kExitBadInput;
     }
     InstallDesktopServices(helper);
+    CurrentServices().Registry = std::make_shared<PictureSettings>();
     Theme theme(application);
     theme.SetScheme(request.Dark ? ColourScheme::Dark : ColourScheme::Light);
     MainWindow window(theme);

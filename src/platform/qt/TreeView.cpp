@@ -117,16 +117,20 @@ void TreeView::ShowSelection() {
         selectionModel()->clear();
         return;
     }
+    const bool inSight = IsInSight(index);
     setCurrentIndex(index);
-    scrollTo(index);
+    // What was out of sight comes with its surroundings.
+    scrollTo(index, inSight ? EnsureVisible : PositionAtCenter);
+}
+
+bool TreeView::IsInSight(const QModelIndex& index) const {
+    return viewport()->rect().contains(visualRect(index).center());
 }
 
 void TreeView::NodeWantsToBeSeen(const Ref<TreeNode>& node) {
     const QModelIndex index = mItems->MakeIndexOf(node);
     if (!index.isValid()) return;
-    // What was out of sight comes with its surroundings.
-    const bool inSight = viewport()->rect().contains(visualRect(index).center());
-    scrollTo(index, inSight ? EnsureVisible : PositionAtCenter);
+    scrollTo(index, IsInSight(index) ? EnsureVisible : PositionAtCenter);
 }
 
 void TreeView::LabelEditWanted(const Ref<TreeNode>& node) {

@@ -42,6 +42,7 @@ private:
 
     void FollowExpansion(const QModelIndex& parent);
     void ShowSelection();
+    bool IsInSight(const QModelIndex& index) const;
     void UserExpanded(const QModelIndex& index, bool expanded);
     void FitRows();
 
