@@ -38,6 +38,7 @@ int main(int argc, char** argv) {
             !qEnvironmentVariableIsSet("WAYLAND_DISPLAY") &&
             !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
             qputenv("QT_QPA_PLATFORM", "offscreen");
+        QuietenWindowSystem();
         return WriteScreenshot(start(), *helper, request);
     };
     return RunCommandLine(argc, argv, windows, std::cout, std::cerr);

@@ -21,6 +21,11 @@ void LetWindowSettle() {
         QApplication::processEvents();
 }
 
+/// Without a screen, Qt warns about what a picture does not need.
+void TellOnlyFailures(QtMsgType type, const QMessageLogContext&, const QString& text) {
+    if (type == QtCriticalMsg || type == QtFatalMsg) std::cerr << text.toStdString() << '\n';
+}
+
 bool SelectForPicture(MainWindow& window, const std::string& item) {
     Workspace& workspace = *window.GetWorkspace();
     const std::string name = workspace.GetSession().Resolve(item);
@@ -33,6 +38,10 @@ bool SelectForPicture(MainWindow& window, const std::string& item) {
 }
 
 } // namespace
+
+void QuietenWindowSystem() {
+    qInstallMessageHandler(TellOnlyFailures);
+}
 
 int RunWindow(QApplication& application, ModelControlHelper& helper, const std::string& project) {
     InstallDesktopServices(helper);
