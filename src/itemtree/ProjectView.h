@@ -100,8 +100,8 @@ public:
 
     // Checking
 
-    bool GetIsNodeChecked(const Ref<TreeNode>& Node) const { return Node->GetChecked(); }
-    void SetIsNodeChecked(const Ref<TreeNode>& Node, bool value) { Node->SetChecked(value); }
+    bool GetIsNodeChecked(const Ref<TreeNode>& Node) const;
+    void SetIsNodeChecked(const Ref<TreeNode>& Node, bool value);
     void CheckAll();
     /// The top-level nodes keep their tick.
     void UnCheckAll();
@@ -131,7 +131,7 @@ public:
     void HighlightCommentedNodes();
 
     Ref<TreeNode> GetSelectedItem() const { return tvwProject->GetSelectedItem(); }
-    void SetSelectedItem(const Ref<TreeNode>& value) { tvwProject->SetSelectedItem(value); }
+    void SetSelectedItem(const Ref<TreeNode>& value);
     bool GetHighlightCommentedItems() const { return mHighlightCommentedItems; }
     /// Takes effect on nodes that are added later and on HighlightCommentedNodes.
     void SetHighlightCommentedItems(bool value);

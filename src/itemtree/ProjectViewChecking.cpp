@@ -16,6 +16,21 @@ Ref<NamespaceProvider> ProjectView::zProviderOf(const Ref<TreeNode>& node) const
     return GetKiteProject()->NamespaceProvider(nd->Moniker);
 }
 
+bool ProjectView::GetIsNodeChecked(const Ref<TreeNode>& Node) const {
+    return Procedure<bool>(*this, "IsNodeChecked", [&](bool& result, Frame& frame) {
+        Watch watchNode(frame, "Node", Node);
+        result = Node->GetChecked();
+    });
+}
+
+void ProjectView::SetIsNodeChecked(const Ref<TreeNode>& Node, bool value) {
+    Procedure(*this, "IsNodeChecked", [&](Frame& frame) {
+        Watch watchNode(frame, "Node", Node);
+        Watch watchValue(frame, "value", value);
+        Node->SetChecked(value);
+    });
+}
+
 void ProjectView::zExclude(const std::string& qName) {
     Ignoring([&] { mExclusions->Add(qName, qName); });
 }

@@ -166,6 +166,13 @@ void ProjectView::HighlightCommentedNodes() {
     });
 }
 
+void ProjectView::SetSelectedItem(const Ref<TreeNode>& value) {
+    Procedure(*this, "SelectedItem", [&](Frame& frame) {
+        Watch watchValue(frame, "value", value);
+        tvwProject->SetSelectedItem(value);
+    });
+}
+
 void ProjectView::SetHighlightCommentedItems(bool value) {
     mHighlightCommentedItems = value;
     zNoteChange("HighlightCommentedItems");
