@@ -107,12 +107,29 @@ QWidget* MainWindow::MakeStartPage() {
     };
     addButton(tr("&New Project … (Ctrl+N)"), &MainWindow::New)->setDefault(true);
     addButton(tr("&Open Project … (Ctrl+O)"), &MainWindow::Open);
+    mRecentLinks = new QLabel(page);
+    mRecentLinks->setAlignment(Qt::AlignCenter);
+    mRecentLinks->setTextInteractionFlags(Qt::TextBrowserInteraction);
+    connect(mRecentLinks, &QLabel::linkActivated, this,
+            [this](const QString& path) { OpenProject(path); });
+    column->addWidget(mRecentLinks);
     column->addStretch(3);
     return page;
 }
 
+void MainWindow::ShowRecentLinks() {
+    QString links;
+    for (const std::string& path : mRecent.Load()) {
+        const QString file = QString::fromStdString(path);
+        links += QString("<p><a href=\"%1\">%2</a></p>")
+                     .arg(file.toHtmlEscaped(), QFileInfo(file).completeBaseName().toHtmlEscaped());
+    }
+    mRecentLinks->setText(links.isEmpty() ? QString() : tr("<p>Or go on with</p>") + links);
+}
+
 void MainWindow::ShowTitle() {
     if (!mWorkspace) {
+        ShowRecentLinks();
         setWindowTitle("Paperkite");
         setWindowModified(false);
         mModified->clear();

@@ -105,6 +105,7 @@ private:
     void KeepAppearance();
     void About();
     QWidget* MakeStartPage();
+    void ShowRecentLinks();
 
     Theme& mTheme;
     ViewFactory mFactory;
@@ -115,6 +116,7 @@ private:
     QStackedWidget* mPages;
     QWidget* mAuthoring = nullptr;
     QMenu* mRecentMenu = nullptr;
+    QLabel* mRecentLinks = nullptr;
     QLabel* mPath;
     QLabel* mModified;
     CoverageStatus* mCoverage;

@@ -2,12 +2,12 @@
 
 #include "platform/qt/Icons.h"
 
-#include <QAction>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFormLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -22,13 +22,15 @@ NewProjectDialog::NewProjectDialog(QWidget* parent) : QDialog(parent) {
     column->setSpacing(12);
     auto* form = new QFormLayout;
     form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-    mFolder = AddRow(*form, tr("&Source folder:"), "SourceFolder");
+    QPushButton* browseFolder = MakeBrowseButton(tr("Choose the Source Folder"));
+    mFolder = AddRow(*form, tr("&Source folder:"), "SourceFolder", browseFolder);
     mTitle = AddRow(*form, tr("&Title:"), "Title");
-    mFile = AddRow(*form, tr("&Project file:"), "ProjectFile");
+    QPushButton* browseFile = MakeBrowseButton(tr("Choose the Project File"));
+    mFile = AddRow(*form, tr("&Project file:"), "ProjectFile", browseFile);
     mExcludes = AddRow(*form, tr("&Leave out:"), "Excludes");
+    connect(browseFolder, &QPushButton::clicked, this, [this] { BrowseFolder(); });
+    connect(browseFile, &QPushButton::clicked, this, [this] { BrowseFile(); });
     mExcludes->setPlaceholderText(tr("Patterns such as third_party; *_test.cpp"));
-    AddBrowse(mFolder, tr("Choose the Source Folder"), true);
-    AddBrowse(mFile, tr("Choose the Project File"), false);
     column->addLayout(form);
     mProblem = new QLabel(this);
     mProblem->setWordWrap(true);
@@ -48,24 +50,45 @@ NewProjectDialog::NewProjectDialog(QWidget* parent) : QDialog(parent) {
     resize(560, sizeHint().height());
 }
 
-QLineEdit* NewProjectDialog::AddRow(QFormLayout& form, const QString& label, const char* name) {
+QLineEdit* NewProjectDialog::AddRow(QFormLayout& form, const QString& label, const char* name,
+                                    QPushButton* browse) {
     auto* field = new QLineEdit(this);
     field->setObjectName(name);
-    form.addRow(label, field);
+    if (!browse) {
+        form.addRow(label, field);
+        return field;
+    }
+    auto* row = new QHBoxLayout;
+    row->setSpacing(8);
+    row->addWidget(field);
+    row->addWidget(browse);
+    form.addRow(label, row);
+    // The form cannot see which part of the row the label is for.
+    static_cast<QLabel*>(form.labelForField(row))->setBuddy(field);
     return field;
 }
 
-void NewProjectDialog::AddBrowse(QLineEdit* field, const QString& title, bool folders) {
-    QAction* browse = field->addAction(Icons::ByName("document-open"), QLineEdit::TrailingPosition);
-    browse->setToolTip(title);
-    browse->setText(title);
-    connect(browse, &QAction::triggered, this, [this, field, title, folders] {
-        const QString chosen =
-            folders ? QFileDialog::getExistingDirectory(this, title, field->text())
-                    : QFileDialog::getSaveFileName(this, title, field->text(),
-                                                   tr("Projects (*%1)").arg(kProjectEnding));
-        if (!chosen.isEmpty()) field->setText(chosen);
-    });
+QPushButton* NewProjectDialog::MakeBrowseButton(const QString& title) {
+    auto* button = new QPushButton(Icons::ByName("document-open"), tr("Browse …"), this);
+    button->setAutoDefault(false);
+    button->setToolTip(title);
+    button->setAccessibleName(title);
+    return button;
+}
+
+void NewProjectDialog::BrowseFolder() {
+    const QString chosen =
+        QFileDialog::getExistingDirectory(this, tr("Choose the Source Folder"), mFolder->text());
+    if (!chosen.isEmpty()) mFolder->setText(chosen);
+}
+
+void NewProjectDialog::BrowseFile() {
+    const QString chosen =
+        QFileDialog::getSaveFileName(this, tr("Choose the Project File"), mFile->text(),
+                                     tr("Projects (*%1)").arg(kProjectEnding));
+    if (chosen.isEmpty()) return;
+    mFile->setText(chosen);
+    mFile->setModified(true);
 }
 
 void NewProjectDialog::SetSourceFolder(const QString& folder) {

@@ -24,8 +24,11 @@ public:
 private:
     void SuggestNames();
     void CheckFields();
-    QLineEdit* AddRow(QFormLayout& form, const QString& label, const char* name);
-    void AddBrowse(QLineEdit* field, const QString& title, bool folders);
+    QLineEdit* AddRow(QFormLayout& form, const QString& label, const char* name,
+                      QPushButton* browse = nullptr);
+    QPushButton* MakeBrowseButton(const QString& title);
+    void BrowseFolder();
+    void BrowseFile();
 
     QLineEdit* mFolder;
     QLineEdit* mTitle;
