@@ -5,6 +5,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <charconv>
 #include <chrono>
 #include <ostream>
@@ -81,19 +82,28 @@ std::unique_ptr<Workspace> OpenWorkspace(const std::string& project, Output& out
     return std::make_unique<Workspace>(std::move(opened.Session));
 }
 
+std::string UnclearItem(const std::string& name, const std::vector<std::string>& matches,
+                        const std::vector<std::string>& nearest) {
+    constexpr std::size_t kShown = 3;
+    if (matches.size() > 1) {
+        const std::vector<std::string> shown(
+            matches.begin(),
+            matches.begin() + static_cast<std::ptrdiff_t>(std::min(kShown, matches.size())));
+        return "\"" + name + "\" may mean " + std::to_string(matches.size()) + " items, such as " +
+               Join(shown, " or ") + ". Write more steps of its name.";
+    }
+    const std::string message = "There is no item \"" + name + "\" in this project.";
+    if (nearest.empty()) return message + " The command \"tree\" shows the items that there are.";
+    return message + " Did you mean " + Join(nearest, " or ") + "?";
+}
+
 std::optional<std::string> FindTarget(Workspace& workspace, const CommandTarget& target,
                                       Output& output) {
     ProjectSession& session = workspace.GetSession();
     if (target.Item.empty()) return session.GetProvider()->GetIndex(0).QualifiedName(0);
-    const std::string name = session.Resolve(target.Item);
-    if (!name.empty()) return name;
-    std::string message = "There is no item \"" + target.Item + "\" in this project.";
-    const auto nearest = session.Nearest(target.Item);
-    if (!nearest.empty())
-        message += " Did you mean " + Join(nearest, " or ") + "?";
-    else
-        message += " The command \"tree\" shows the items that there are.";
-    output.Fail(message);
+    const auto matches = session.Matches(target.Item);
+    if (matches.size() == 1) return matches.front();
+    output.Fail(UnclearItem(target.Item, matches, session.Nearest(target.Item)));
     return std::nullopt;
 }
 

@@ -36,6 +36,10 @@ std::unique_ptr<Workspace> OpenWorkspace(const std::string& project, Output& out
 std::optional<std::string> FindTarget(Workspace& workspace, const CommandTarget& target,
                                       Output& output);
 
+/// Why a name does not lead to one item: it may mean several, or none, and then which look like it.
+std::string UnclearItem(const std::string& name, const std::vector<std::string>& matches,
+                        const std::vector<std::string>& nearest);
+
 /// "1280x800"
 std::optional<std::pair<int, int>> ParseSize(const std::string& text);
 

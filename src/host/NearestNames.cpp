@@ -57,7 +57,11 @@ void NearestNames::Offer(const std::string& candidate) {
     const std::string tail = LowerCase(Tail(candidate));
     const std::size_t limit = LimitFor(mWanted);
     std::size_t distance = EditDistance(mWanted, tail, limit);
-    if (distance > limit && tail.starts_with(mWanted)) distance = limit;
+    // An overload of what was asked for comes first, a longer name last.
+    if (tail.starts_with(mWanted + "("))
+        distance = 0;
+    else if (distance > limit && tail.starts_with(mWanted))
+        distance = limit;
     if (distance <= limit) mFound.emplace_back(distance, candidate);
 }
 

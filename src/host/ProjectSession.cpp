@@ -3,6 +3,7 @@
 #include "foundation/Text.h"
 #include "host/NearestNames.h"
 
+#include <algorithm>
 #include <filesystem>
 
 namespace paperkite {
@@ -27,6 +28,11 @@ std::string ProjectPath(const std::string& given) {
 
 std::string WithEnding(const std::string& path) {
     return EndsWithIgnoringCase(path, kProjectEnding) ? path : path + kProjectEnding;
+}
+
+/// A name with "." between its steps, however it was written.
+std::string WithDots(const std::string& name) {
+    return ReplaceAll(ReplaceAll(ReplaceAll(name, "::", "."), "~", "."), "/", ".");
 }
 
 ProjectSession::OpenResult Problem(std::string message) {
@@ -112,34 +118,28 @@ ProjectSession::~ProjectSession() {
 }
 
 std::string ProjectSession::Resolve(const std::string& name) const {
-    const auto exists = [&](const std::string& candidate) {
-        return mProvider->GetItem(candidate) != nullptr;
-    };
-    if (exists(name)) return name;
-    for (const char* separator : {"~", "::", ".", "/"}) {
-        const std::string steps = ReplaceAll(name, separator, "~");
-        if (exists(steps)) return steps;
-        for (std::size_t root = 0; root < mProvider->GetRootCount(); ++root) {
-            const SourceIndex& index = mProvider->GetIndex(root);
-            const std::string below = index.QualifiedName(SourceIndex::Root) + "~" + steps;
-            if (exists(below)) return below;
-        }
-    }
-    return OnlyNameEndingWith(name);
+    const auto matches = Matches(name);
+    return matches.size() == 1 ? matches.front() : std::string();
 }
 
-std::string ProjectSession::OnlyNameEndingWith(const std::string& name) const {
-    const std::string steps = ReplaceAll(ReplaceAll(name, "::", "~"), ".", "~");
-    const std::string ending = "~" + steps;
-    std::string found;
-    bool isUnique = true;
+std::vector<std::string> ProjectSession::Matches(const std::string& name) const {
+    if (mProvider->GetItem(name)) return {name};
+    const std::string wanted = WithDots(name);
+    std::vector<std::string> whole;
+    std::vector<std::string> endings;
+    for (std::size_t root = 0; root < mProvider->GetRootCount(); ++root)
+        whole.push_back(WithDots(mProvider->GetIndex(root).QualifiedName(SourceIndex::Root)) + "." +
+                        wanted);
+    std::vector<std::string> exact;
     mProvider->ForEachName([&](const std::string& candidate) {
-        if (!candidate.ends_with(ending)) return true;
-        isUnique = found.empty();
-        found = candidate;
-        return isUnique;
+        const std::string dotted = WithDots(candidate);
+        if (dotted == wanted || std::find(whole.begin(), whole.end(), dotted) != whole.end())
+            exact.push_back(candidate);
+        else if (dotted.ends_with("." + wanted))
+            endings.push_back(candidate);
+        return true;
     });
-    return isUnique ? found : std::string();
+    return exact.empty() ? endings : exact;
 }
 
 std::vector<std::string> ProjectSession::Nearest(const std::string& name) const {

@@ -62,9 +62,11 @@ public:
     OpenResult Rescan(const Progress& progress = {});
 
     /// The qualified name of what an author calls an item: the name itself, or without the first
-    /// step, with "::", "." or "/" between the steps, or the last steps where only one item has
-    /// them. Empty when there is no such item.
+    /// step, or only the last steps; "::", "." and "/" may stand between them. Empty when there is
+    /// no such item, or more than one.
     std::string Resolve(const std::string& name) const;
+    /// All items that an author may mean by a name.
+    std::vector<std::string> Matches(const std::string& name) const;
     /// The qualified names that look most like a name, at most three, best first.
     std::vector<std::string> Nearest(const std::string& name) const;
 
@@ -72,7 +74,6 @@ private:
     explicit ProjectSession(Ref<ProjectDocument> project) : mProject(std::move(project)) {}
     static OpenResult Scanned(Ref<ProjectDocument> project, const Progress& progress);
     OpenResult Scan(const Progress& progress);
-    std::string OnlyNameEndingWith(const std::string& name) const;
 
     Ref<ProjectDocument> mProject;
     Ref<SourceNamespaceProvider> mProvider;

@@ -2,6 +2,7 @@
 
 #include "foundation/Services.h"
 #include "foundation/Text.h"
+#include "host/Commands.h"
 #include "host/window/DesktopServices.h"
 #include "host/window/MainWindow.h"
 #include "host/window/PictureSettings.h"
@@ -28,12 +29,14 @@ void TellOnlyFailures(QtMsgType type, const QMessageLogContext&, const QString& 
 
 bool SelectForPicture(MainWindow& window, const std::string& item) {
     Workspace& workspace = *window.GetWorkspace();
-    const std::string name = workspace.GetSession().Resolve(item);
-    if (!name.empty() && workspace.Select(name)) return true;
-    std::string message = "There is no item \"" + item + "\" in the tree of this project.";
-    const auto nearest = workspace.GetSession().Nearest(item);
-    if (!nearest.empty()) message += " Did you mean " + Join(nearest, " or ") + "?";
-    std::cerr << message << '\n';
+    const ProjectSession& session = workspace.GetSession();
+    const auto matches = session.Matches(item);
+    if (matches.size() != 1) {
+        std::cerr << UnclearItem(item, matches, session.Nearest(item)) << '\n';
+        return false;
+    }
+    if (workspace.Select(matches.front())) return true;
+    std::cerr << "The tree does not show \"" << matches.front() << "\" with the present options.\n";
     return false;
 }
 
