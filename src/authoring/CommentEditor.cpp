@@ -1,5 +1,6 @@
 #include "authoring/CommentEditor.h"
 
+#include "authoring/SplitSetting.h"
 #include "foundation/GlobalConfig.h"
 #include "foundation/Services.h"
 #include "foundation/Settings.h"
@@ -47,7 +48,7 @@ CommentEditor::CommentEditor() {
 
 CommentEditor::~CommentEditor() {
     Procedure(*this, "UserControl_Terminate", [&](Frame&) {
-        if (mUserMode) SetAppValue(kSplitSize, splitMain->GetPercentage(), {});
+        if (mUserMode) WriteSplitSetting(*splitMain, kSplitSize);
         Terminate();
     });
 }
@@ -258,8 +259,7 @@ void CommentEditor::SetAppName(const std::string& value) {
     Procedure(*this, "AppName", [&](Frame& frame) {
         Watch watchValue(frame, "value", value);
         mAppName = value;
-        const Value size = GetAppValue(kSplitSize, splitMain->GetPercentage(), kConvertToText, {});
-        splitMain->SetPercentage(static_cast<int>(LeadingNumber(size.ToText())));
+        ReadSplitSetting(*splitMain, kSplitSize);
     });
 }
 

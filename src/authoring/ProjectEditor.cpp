@@ -1,5 +1,6 @@
 #include "authoring/ProjectEditor.h"
 
+#include "authoring/SplitSetting.h"
 #include "foundation/Services.h"
 #include "foundation/Settings.h"
 #include "foundation/Text.h"
@@ -35,7 +36,7 @@ ProjectEditor::ProjectEditor() {
 
 ProjectEditor::~ProjectEditor() {
     Procedure(*this, "UserControl_Terminate", [&](Frame&) {
-        if (mUserMode) SetAppValue(kSplitSize, splitMain->GetPercentage(), {});
+        if (mUserMode) WriteSplitSetting(*splitMain, kSplitSize);
         if (!mTerminated) Terminate();
     });
 }
@@ -323,8 +324,7 @@ void ProjectEditor::SetAppName(const std::string& value) {
         mAppName = value;
         Project.SetAppName(value);
         cEditor.SetAppName(value);
-        const Value size = GetAppValue(kSplitSize, splitMain->GetPercentage(), kConvertToText, {});
-        splitMain->SetPercentage(static_cast<int>(LeadingNumber(size.ToText())));
+        ReadSplitSetting(*splitMain, kSplitSize);
     });
 }
 

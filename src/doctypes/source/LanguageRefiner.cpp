@@ -5,6 +5,7 @@
 #include "doctypes/source/CodeMask.h"
 #include "doctypes/source/GoRefiner.h"
 #include "doctypes/source/JavaRefiner.h"
+#include "doctypes/source/NameCharacter.h"
 #include "doctypes/source/ParameterList.h"
 #include "doctypes/source/PhpRefiner.h"
 #include "doctypes/source/PythonRefiner.h"
@@ -21,11 +22,6 @@ namespace paperkite {
 namespace {
 
 constexpr std::size_t none = std::string_view::npos;
-
-bool IsNameCharacter(char c) {
-    return std::isalnum(static_cast<unsigned char>(c)) || c == '_' || c == '$' ||
-           static_cast<unsigned char>(c) >= 0x80;
-}
 
 /// Words that stand before a type without being part of it, in any of the languages.
 bool IsModifier(std::string_view word) {

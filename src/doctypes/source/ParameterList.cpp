@@ -1,5 +1,7 @@
 #include "doctypes/source/ParameterList.h"
 
+#include "doctypes/source/NameCharacter.h"
+
 #include <algorithm>
 #include <array>
 
@@ -10,11 +12,6 @@ namespace paperkite {
 namespace {
 
 constexpr std::size_t none = std::string_view::npos;
-
-bool IsNameCharacter(char c) {
-    return std::isalnum(static_cast<unsigned char>(c)) || c == '_' || c == '$' ||
-           static_cast<unsigned char>(c) >= 0x80;
-}
 
 bool IsOneOf(std::string_view word, std::initializer_list<std::string_view> words) {
     return std::find(words.begin(), words.end(), word) != words.end();

@@ -1,6 +1,7 @@
 #include "doctypes/source/TypeScriptReader.h"
 
 #include "doctypes/source/CodeMask.h"
+#include "doctypes/source/NameCharacter.h"
 #include "doctypes/source/ParameterList.h"
 
 #include <algorithm>
@@ -11,11 +12,6 @@ namespace paperkite {
 namespace {
 
 constexpr std::size_t none = std::string_view::npos;
-
-bool IsNameCharacter(char c) {
-    return std::isalnum(static_cast<unsigned char>(c)) || c == '_' || c == '$' ||
-           static_cast<unsigned char>(c) >= 0x80;
-}
 
 std::string JoinScope(const std::string& scope, std::string_view name) {
     return scope.empty() ? std::string(name) : scope + "." + std::string(name);
