@@ -83,6 +83,7 @@ TEST(IconsTest, CommandsAndKindsHaveIconsOfTheTheme) {
 }
 
 TEST(IconsTest, ThePictureOfTheListGoesBeforeTheTable) {
+    Icons::UseBreeze();
     auto list = MakeRef<ImageList>();
     list->Add("copy", Picture{.Name = "edit-delete", .Path = {}, .AccessibleName = "bin"});
     EXPECT_EQ(Icons::AccessibleName(list, "Copy"), "bin");
