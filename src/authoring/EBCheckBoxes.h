@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/BulwarkSupport.h"
 #include "widgets/CheckBox.h"
 #include "widgets/Container.h"
 #include "widgets/ExplorerBar.h"
@@ -31,6 +32,7 @@ public:
     const Ref<CheckBox>& Item(std::size_t position) const;
 
 private:
+    InstanceCount mInstanceCount{"EBCheckBoxes", ComponentType::Class};
     std::vector<Ref<CheckBox>> mCheckBoxes;
     std::vector<Connection> mConnections;
     Ref<Container> mFrame;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/BulwarkSupport.h"
 #include "widgets/Button.h"
 #include "widgets/Form.h"
 #include "widgets/FormHeader.h"
@@ -42,6 +43,7 @@ private:
     void cmdOK_Click();
     void cmdCancel_Click();
 
+    InstanceCount mInstanceCount{"frmFilterProperties", ComponentType::Form};
     std::string mWildcard;
     bool mCancelled = true;
     Connection mShown;

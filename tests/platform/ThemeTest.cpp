@@ -83,7 +83,7 @@ TEST(IconsTest, CommandsAndKindsHaveIconsOfTheTheme) {
 }
 
 TEST(IconsTest, ThePictureOfTheListGoesBeforeTheTable) {
-    Icons::UseBreeze();
+    Theme theme(*qApp);
     auto list = MakeRef<ImageList>();
     list->Add("copy", Picture{.Name = "edit-delete", .Path = {}, .AccessibleName = "bin"});
     EXPECT_EQ(Icons::AccessibleName(list, "Copy"), "bin");
