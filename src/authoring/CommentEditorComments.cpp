@@ -302,7 +302,8 @@ void CommentEditor::prpFlags_ItemCheck(const Ref<PropertyItem>& PropertyItem) {
             zAddFlag(PropertyItem->GetKey());
             return;
         }
-        for (const auto& comment : *GetTaggedComments()) {
+        const auto comments = GetTaggedComments();
+        for (const auto& comment : *comments) {
             if (comment->GetTagIdentifier() != PropertyItem->GetKey()) continue;
             const auto flag = comment;
             TaggedCommentDeleted(mCurrentCodeElement, flag, flag->GetId());

@@ -144,7 +144,8 @@ void CommentEditor::zListExistingComments() {
     const auto comments = GetTaggedComments();
     if (!comments) return;
     const bool needsXMLTags = mCommentType == CommentType::XMLCommentTags;
-    for (const auto& comment : *comments->UnDeletedTaggedComments()) {
+    const auto living = comments->UnDeletedTaggedComments();
+    for (const auto& comment : *living) {
         if (comment->GetItem() != mCurrentCodeElement) continue;
         const auto definition = comment->GetTaggedCommentDef();
         if (!definition || IsFlag(*definition) || !definition->TabName.empty()) continue;
@@ -207,7 +208,8 @@ void CommentEditor::SetCommonProperties(const Ref<PropertyItem>& row) {
 
 void CommentEditor::zTickFlags() {
     if (prpFlags->Count() == 0) return;
-    for (const auto& comment : *GetTaggedComments()->UnDeletedTaggedComments()) {
+    const auto living = GetTaggedComments()->UnDeletedTaggedComments();
+    for (const auto& comment : *living) {
         const auto definition = comment->GetTaggedCommentDef();
         if (!definition || !IsFlag(*definition)) continue;
         // A flag that does not apply to this element has no row.

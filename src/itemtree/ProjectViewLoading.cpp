@@ -228,7 +228,8 @@ void ProjectView::AddChildNamespaceItems(const Ref<NamespaceDef>& nd, const Ref<
         Watch watchItem(frame, "ParentItem", ParentItem);
         Watch watchNode(frame, "ParentNode", ParentNode);
         if (!ParentItem) return;
-        for (const auto& definition : *nd->GetChildDefs()) {
+        const auto childDefs = nd->GetChildDefs();
+        for (const auto& definition : *childDefs) {
             // The provider and the parser may put another definition in its place.
             Ref<NamespaceDef> cnd = definition;
             const std::string& flags = cnd->TreeFlags;
