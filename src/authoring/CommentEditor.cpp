@@ -56,7 +56,10 @@ void CommentEditor::zMakeGroups() {
     images->Add("tick", {"dialog-ok-apply", {}, "in use"});
     images->Add(kTitleImage, {});
     eb->SetImageList(images);
-    eb->AddGroup("main", "{Item Name}")->SetIcon(kTitleImage);
+    const auto main = eb->AddGroup("main", "{Item Name}");
+    main->SetIcon(kTitleImage);
+    main->SetEmptyText("Full Page Edit is not available for this item. You can either edit this "
+                       "item using the parent items Full Page Edit, or edit comments individually");
     eb->AddGroup("flags", "Flags")->Add("checkboxcontainer", {});
     eb->AddGroup("other", "Other")->Add("other", "Other Information");
 }
