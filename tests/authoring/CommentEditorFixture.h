@@ -50,8 +50,10 @@ protected:
         std::string rows;
         for (const auto& row : *mEditor.prpTags) {
             if (!rows.empty()) rows += " ";
-            if (row->IsHeader()) rows += "[" + row->GetCaption() + "]";
-            else rows += row->GetCaption() + (row->GetReadOnly() ? "+" : "=" + row->GetValue());
+            if (row->IsHeader())
+                rows += "[" + row->GetCaption() + "]";
+            else
+                rows += row->GetCaption() + (row->GetReadOnly() ? "+" : "=" + row->GetValue());
         }
         return rows;
     }

@@ -58,8 +58,7 @@ TEST_F(ProjectViewCommandsTest, AppNameBringsTheCheckCommandsInStep) {
     mView.SetAppName("Kite");
     EXPECT_EQ(mAppName, "Kite");
     EXPECT_EQ(mView.GetAppName(), "Kite");
-    for (const char* name :
-         {"ShowPrivate", "ShowFriend", "ShowInherited", "AutoExpand", "Grouped"})
+    for (const char* name : {"ShowPrivate", "ShowFriend", "ShowInherited", "AutoExpand", "Grouped"})
         EXPECT_TRUE(Checked(name)) << name;
     EXPECT_FALSE(Checked("ShowProtected"));
 }

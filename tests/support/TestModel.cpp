@@ -146,8 +146,12 @@ std::string TestProject::Scope() const {
            (mProtectedFriend ? "b" : "-");
 }
 
-Value TestWrapper::Call(std::string_view member, const std::vector<Value>&) {
-    mLog.Add(std::string(member));
+Value TestWrapper::Call(std::string_view member, const std::vector<Value>& arguments) {
+    std::string text;
+    for (const Value& argument : arguments)
+        text += (text.empty() ? "(" : ",") +
+                (argument.IsObject() && !argument.ToObject() ? "nothing" : argument.ToText());
+    mLog.Add(std::string(member) + text + (text.empty() ? "" : ")"));
     return {};
 }
 
