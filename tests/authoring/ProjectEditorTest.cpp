@@ -117,6 +117,25 @@ TEST_F(ProjectEditorTest, TheSplitterIsKeptUnderItsSetting) {
     EXPECT_EQ(mEditor.GetSplitPercent(), 40);
 }
 
+TEST_F(ProjectEditorTest, TheSplitterIsReadWithTheAppNameAndWrittenAtTheEndInAHost) {
+    mServices.Registry->Values[MemoryRegistry::Name(
+        HKEY_CURRENT_USER, "Software\\Brindlewick\\Test", "ProjectEditorSplitSize")] = "27";
+    const std::string written = "write Software\\Brindlewick\\Test|ProjectEditorSplitSize|1|27";
+    const auto writes = [&] {
+        const auto& calls = mServices.Registry->Calls;
+        return std::count(calls.begin(), calls.end(), written);
+    };
+    for (const bool userMode : {false, true}) {
+        {
+            ProjectEditor editor;
+            editor.SetUserMode(userMode);
+            editor.SetAppName("Test");
+            EXPECT_EQ(editor.GetSplitPercent(), 27);
+        }
+        EXPECT_EQ(writes(), userMode ? 1 : 0);
+    }
+}
+
 TEST_F(ProjectEditorTest, ClearEmptiesBothHalves) {
     mEditor.Clear();
     EXPECT_EQ(mEditor.Project.GetNodes().Count(), 0u);
