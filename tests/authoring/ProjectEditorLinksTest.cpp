@@ -1,0 +1,64 @@
+#include "ProjectEditorFixture.h"
+
+namespace paperkite::test {
+namespace {
+
+class ProjectEditorLinksTest : public ProjectEditorFixture {
+protected:
+    void Click(const std::string& link) { mEditor.cEditor.Events.HyperlinkClick.Raise(link); }
+};
+
+TEST_F(ProjectEditorLinksTest, AnOutsideLinkGoesToTheShellWithItsBlanks) {
+    Click("http://example.org/a%20b%20c");
+    Click("FILE://page");
+    EXPECT_EQ(mServices.OutsideShell->Calls,
+              (std::vector<std::string>{"open http://example.org/a b c [] [] 3",
+                                        "open FILE://page [] [] 3"}));
+}
+
+TEST_F(ProjectEditorLinksTest, LinksWithoutAPageAreExplained) {
+    Click("file://c/x/#");
+    EXPECT_EQ(Messages(), "Paperkite [information] This hyperlink shows a popup bubble\n");
+    Click("file://c/x/#part%20two");
+    EXPECT_EQ(Messages(), "Paperkite [information] This hyperlink navigates to a bookmark in this "
+                          "topic (#part two)\n");
+    Click("file://c/x/");
+    EXPECT_EQ(Messages(), "");
+    EXPECT_EQ(Current(), "P~A~Run");
+}
+
+TEST_F(ProjectEditorLinksTest, APageNameSelectsItsItem) {
+    Click("file://c/x/P~B.html");
+    EXPECT_EQ(Current(), "P~B");
+    EXPECT_EQ(Messages(), "");
+}
+
+TEST_F(ProjectEditorLinksTest, AnItemOutsideIsNamed) {
+    Click("file://c/x/Q~None.html");
+    EXPECT_EQ(Messages(), "Paperkite [information] Could not navigate this link as it appears to "
+                          "point to an item outside of this project (Q~None)\n");
+}
+
+TEST_F(ProjectEditorLinksTest, ANamespaceEndingStaysPartOfTheName) {
+    Click("file://c/x/Q~N_Namespace.html");
+    EXPECT_NE(Messages().find("(Q~N_Namespace)"), std::string::npos);
+}
+
+TEST_F(ProjectEditorLinksTest, ASuffixIsCutOffAndChoosesTheLayout) {
+    const auto pages = MakeRef<PageTemplate>();
+    const auto layout = MakeRef<PageLayout>();
+    layout->Name = "members";
+    layout->FileNameTemplate = "%%ItemQualifiedName%%_members.html";
+    layout->Namespaces = "test:class";
+    pages->PageLayouts->Add(layout);
+    mEditor.SetInPlaceTemplate(pages);
+    Click("file://c/x/P~B_members.html");
+    EXPECT_EQ(Current(), "P~B");
+    // The bar has no pages, so that the chosen one is reported as unknown.
+    EXPECT_EQ(mServices.TakeReports(), "CommentEditor.SelectInPlaceEditLayout (5)\n");
+    Click("file://c/x/P~B_other.html");
+    EXPECT_EQ(Messages(), "");
+}
+
+} // namespace
+} // namespace paperkite::test
