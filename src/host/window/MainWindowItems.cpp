@@ -27,7 +27,7 @@ std::string DeclarationOf(const Object& item) {
     const std::string name = item.Get("Name").ToText();
     if (type.empty() && signature.empty())
         return LowerCase(item.Get("Kind").ToText()) + " " + name +
-               (inherits.empty() ? "" : " : " + inherits);
+               (inherits.empty() ? "" : " : " + Spaced(inherits));
     return (type.empty() ? "" : type + " ") + name + Spaced(signature);
 }
 

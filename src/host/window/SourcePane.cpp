@@ -33,7 +33,6 @@ public:
         mText->setReadOnly(true);
         mText->setTabChangesFocus(true);
         mText->setAccessibleName(QObject::tr("Comment in the source"));
-        mText->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
         mText->setLineWrapMode(QPlainTextEdit::WidgetWidth);
         column->addWidget(mTitle);
         column->addWidget(mText);
@@ -51,6 +50,9 @@ protected:
         const QString comment = QString::fromStdString(mPane->GetComment());
         if (!comment.isEmpty()) text += (text.isEmpty() ? "" : "\n\n") + comment;
         if (text.isEmpty()) text = QObject::tr("Nothing stands in the source for this item.");
+        QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+        fixed.setPointSizeF(mTitle->font().pointSizeF());
+        mText->setFont(fixed);
         mText->setPlainText(text);
         const int line = mText->fontMetrics().lineSpacing();
         mText->setFixedHeight(kShownLines * line + 2 * mText->frameWidth() + 8);

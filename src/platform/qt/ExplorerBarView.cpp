@@ -106,6 +106,40 @@ protected:
     }
 };
 
+/// The caption of a card, shortened to the room that there is.
+class CaptionButton : public QToolButton {
+public:
+    CaptionButton(const QString& caption, QWidget* parent)
+        : QToolButton(parent), mCaption(caption) {
+        setText(caption);
+        setAccessibleName(caption);
+        // Takes what the whole caption needs, and gives way where there is less.
+        setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+    }
+
+    QSize sizeHint() const override {
+        const int missing =
+            fontMetrics().horizontalAdvance(mCaption) - fontMetrics().horizontalAdvance(text());
+        // Advances are rounded, each for itself.
+        constexpr int kRounding = 2;
+        return QToolButton::sizeHint() + QSize(missing + kRounding, 0);
+    }
+
+    QSize minimumSizeHint() const override { return {0, QToolButton::minimumSizeHint().height()}; }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override {
+        QToolButton::resizeEvent(event);
+        const int around =
+            QToolButton::sizeHint().width() - fontMetrics().horizontalAdvance(text());
+        const int room = width() - around;
+        setText(fontMetrics().elidedText(mCaption, Qt::ElideRight, std::max(0, room)));
+    }
+
+private:
+    QString mCaption;
+};
+
 } // namespace
 
 ExplorerBarView::ExplorerBarView(ViewFactory& factory, const Ref<ExplorerBar>& bar, QWidget* parent)
@@ -162,6 +196,8 @@ void ExplorerBarView::Rebuild() {
     auto* column = new QVBoxLayout(mContent);
     column->setContentsMargins(8, 8, 8, 8);
     column->setSpacing(8);
+    // A narrow bar shortens its lines instead of hiding their ends.
+    column->setSizeConstraint(QLayout::SetNoConstraint);
     for (const auto& group : mBar->GetGroups())
         if (group->GetVisible()) AddCard(*column, group);
     column->addStretch(1);
@@ -174,11 +210,10 @@ void ExplorerBarView::AddCard(QVBoxLayout& column, const Ref<ExplorerBarGroup>& 
     auto* lines = new QVBoxLayout(card);
     lines->setContentsMargins(1, 1, 1, 1);
     lines->setSpacing(0);
-    auto* caption = new QToolButton(card);
+    auto* caption = new CaptionButton(ToQString(group->GetCaption()), card);
     QFont bold = font();
     bold.setBold(true);
     caption->setFont(bold);
-    caption->setText(ToQString(group->GetCaption()));
     caption->setIcon(Icons::InList(mBar->GetImageList(), group->GetIcon()));
     caption->setToolButtonStyle(caption->icon().isNull() ? Qt::ToolButtonTextOnly
                                                          : Qt::ToolButtonTextBesideIcon);
@@ -186,7 +221,6 @@ void ExplorerBarView::AddCard(QVBoxLayout& column, const Ref<ExplorerBarGroup>& 
     caption->setFocusPolicy(Qt::TabFocus);
     caption->setToolTip(group->GetCollapsed() ? tr("Show the lines of this group")
                                               : tr("Hide the lines of this group"));
-    caption->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     connect(caption, &QToolButton::clicked, this, [this, group] { mBar->UserToggle(group); });
     auto* captionRow = new QHBoxLayout;
     captionRow->setContentsMargins(4, 2, 4, 2);
