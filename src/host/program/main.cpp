@@ -19,9 +19,13 @@ std::string ApplicationFolder(const char* program) {
     return PAPERKITE_SOURCE_DIR;
 }
 
-} // namespace
+bool HasDisplay() {
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        if (qEnvironmentVariableIsSet(name)) return true;
+    return false;
+}
 
-int main(int argc, char** argv) {
+int Run(int argc, char** argv) {
     using namespace paperkite;
     const auto helper = InstallHeadlessServices(ApplicationFolder(argv[0]));
     // Only commands with a window cost the window system.
@@ -32,14 +36,27 @@ int main(int argc, char** argv) {
         return *application;
     };
     WindowCommands windows;
-    windows.Open = [&](const std::string& project) { return RunWindow(start(), *helper, project); };
+    windows.Open = [&](const std::string& project) {
+        if (HasDisplay()) return RunWindow(start(), *helper, project);
+        std::cerr << "There is no display to open a window on. The commands tree, comments, "
+                     "coverage and screenshot work without one; see --help.\n";
+        return kExitBadInput;
+    };
     windows.Screenshot = [&](const ScreenshotRequest& request) {
-        if (!qEnvironmentVariableIsSet("DISPLAY") &&
-            !qEnvironmentVariableIsSet("WAYLAND_DISPLAY") &&
-            !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-            qputenv("QT_QPA_PLATFORM", "offscreen");
+        if (!HasDisplay()) qputenv("QT_QPA_PLATFORM", "offscreen");
         QuietenWindowSystem();
         return WriteScreenshot(start(), *helper, request);
     };
     return RunCommandLine(argc, argv, windows, std::cout, std::cerr);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    try {
+        return Run(argc, argv);
+    } catch (const std::exception& exception) {
+        std::cerr << exception.what() << '\n';
+        return paperkite::kExitBadInput;
+    }
 }
