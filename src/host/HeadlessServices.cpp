@@ -13,17 +13,24 @@ namespace paperkite {
 
 namespace {
 
+std::size_t shownMessages = 0;
+
 /// Nobody is there to answer: what would be shown is written down.
 class ErrorStreamMessageBox : public MessageBox {
 public:
     MessageAnswer Show(const std::string& text, const std::string& title, MessageIcon,
                        MessageButtons) override {
         std::cerr << title << ": " << text << '\n';
+        ++shownMessages;
         return MessageAnswer::Ok;
     }
 };
 
 } // namespace
+
+std::size_t ShownMessageCount() {
+    return shownMessages;
+}
 
 std::shared_ptr<ModelControlHelper> InstallHeadlessServices(const std::string& applicationFolder) {
     auto helper = std::make_shared<ModelControlHelper>();

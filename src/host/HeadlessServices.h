@@ -2,6 +2,7 @@
 
 #include "model/ModelControlHelper.h"
 
+#include <cstddef>
 #include <memory>
 #include <string>
 
@@ -11,5 +12,9 @@ namespace paperkite {
 /// helpers, and a message box that writes to the error stream. A window system replaces parts of
 /// it afterwards. Also reads the configuration; what is wrong with it is told on the error stream.
 std::shared_ptr<ModelControlHelper> InstallHeadlessServices(const std::string& applicationFolder);
+
+/// How many messages were written to the error stream in place of a message box: where there were
+/// any, something failed though the command came to its end.
+std::size_t ShownMessageCount();
 
 } // namespace paperkite

@@ -47,7 +47,8 @@ int Run(int argc, char** argv) {
         QuietenWindowSystem();
         return WriteScreenshot(start(), *helper, request);
     };
-    return RunCommandLine(argc, argv, windows, std::cout, std::cerr);
+    const int code = RunCommandLine(argc, argv, windows, std::cout, std::cerr);
+    return code == kExitDone && ShownMessageCount() > 0 ? kExitBadInput : code;
 }
 
 } // namespace
