@@ -142,6 +142,26 @@ std::vector<std::string> ProjectSession::Matches(const std::string& name) const 
     return exact.empty() ? endings : exact;
 }
 
+std::vector<std::string> ProjectSession::FindByName(const std::string& text,
+                                                    std::size_t most) const {
+    std::vector<std::string> groups[3];
+    for (std::size_t root = 0; root < mProvider->GetRootCount(); ++root) {
+        const SourceIndex& index = mProvider->GetIndex(root);
+        for (SourceIndex::Id entity = 0; entity < index.Size(); ++entity) {
+            const std::string_view name = index.Name(entity);
+            const std::size_t at = FindIgnoringCase(name, text);
+            if (at == std::string_view::npos) continue;
+            const int rank = at > 0 ? 2 : name.size() > text.size() ? 1 : 0;
+            if (groups[rank].size() < most) groups[rank].push_back(index.QualifiedName(entity));
+        }
+    }
+    std::vector<std::string> found;
+    for (const auto& group : groups)
+        for (const std::string& name : group)
+            if (found.size() < most) found.push_back(name);
+    return found;
+}
+
 std::vector<std::string> ProjectSession::Nearest(const std::string& name) const {
     NearestNames nearest(name, "~");
     mProvider->ForEachName([&](const std::string& candidate) {

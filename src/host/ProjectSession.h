@@ -67,6 +67,9 @@ public:
     std::string Resolve(const std::string& name) const;
     /// All items that an author may mean by a name.
     std::vector<std::string> Matches(const std::string& name) const;
+    /// Items whose own names hold a text, letter case ignored: those that are it first, then those
+    /// that begin with it, then the others; each in the order of the source.
+    std::vector<std::string> FindByName(const std::string& text, std::size_t most) const;
     /// The qualified names that look most like a name, at most three, best first.
     std::vector<std::string> Nearest(const std::string& name) const;
 

@@ -56,6 +56,7 @@ MainWindow::MainWindow(Theme& theme) : mTheme(theme) {
     setAcceptDrops(true);
     resize(kFirstWidth, kFirstHeight);
     SourcePane::RegisterView(mFactory);
+    ItemFinder::RegisterView(mFactory);
     mFactory.SetShortcut("Next", QKeySequence("Ctrl+Shift+N"));
     mFactory.SetShortcut("Previous", QKeySequence("Ctrl+Shift+P"));
     mPages = new QStackedWidget(this);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/Workspace.h"
+#include "host/window/ItemFinder.h"
 #include "host/window/RecentProjects.h"
 #include "host/window/SourcePane.h"
 #include "platform/qt/Theme.h"
@@ -78,6 +79,7 @@ private:
     void ShowProject(std::unique_ptr<ProjectSession> session);
     void HideProject();
     void ConnectEditor();
+    void AddFinder();
     void ShowTitle();
     bool SavedOrGivenUp();
     bool StoreOrAsk(bool asNew, const QString& path);
@@ -91,6 +93,8 @@ private:
     void NextUndocumented();
     void PreviousUndocumented();
     void MoveTo(const Ref<TreeNode>& node);
+    void GoTo(const std::string& qualifiedName);
+    void FocusFinder();
     void CopyComments();
     void PasteComments();
     void ClickTreeCommand(const char* name);
@@ -113,6 +117,7 @@ private:
     std::unique_ptr<Workspace> mWorkspace;
     Ref<SourcePane> mSourcePane;
     Ref<Label> mNoItem;
+    Ref<ItemFinder> mFinder;
     QStackedWidget* mPages;
     QWidget* mAuthoring = nullptr;
     QMenu* mRecentMenu = nullptr;

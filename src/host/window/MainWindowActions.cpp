@@ -79,6 +79,9 @@ void MainWindow::MakeEditMenu() {
               QKeySequence("Ctrl+Shift+C"), &MainWindow::CopyComments);
     AddAction(menu, "PasteComments", tr("&Paste Comments to the Item"), "edit-paste",
               QKeySequence("Ctrl+Shift+V"), &MainWindow::PasteComments);
+    menu.addSeparator();
+    AddAction(menu, "FindItem", tr("&Find an Item …"), "edit-find", QKeySequence::Find,
+              &MainWindow::FocusFinder);
 }
 
 void MainWindow::AddTreeOption(QMenu& menu, const char* command, const QString& text) {
@@ -154,8 +157,9 @@ void MainWindow::MakeToolbar() {
 
 void MainWindow::UpdateActions() {
     const bool open = mWorkspace != nullptr;
-    for (const char* name : {"Save", "SaveAs", "Rescan", "Properties", "Close", "NextSibling",
-                             "PreviousSibling", "NextUndocumented", "PreviousUndocumented"})
+    for (const char* name :
+         {"FindItem", "Save", "SaveAs", "Rescan", "Properties", "Close", "NextSibling",
+          "PreviousSibling", "NextUndocumented", "PreviousUndocumented"})
         GetAction(name)->setEnabled(open);
     GetAction("CopyComments")
         ->setEnabled(open && mWorkspace->GetEditor().cEditor.GetCurrentCodeElement());

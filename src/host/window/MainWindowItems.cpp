@@ -107,4 +107,16 @@ void MainWindow::MoveTo(const Ref<TreeNode>& node) {
     mWorkspace->GetEditor().Project.SetSelectedItem(node);
 }
 
+void MainWindow::FocusFinder() {
+    mFinder->SetFocus();
+}
+
+void MainWindow::GoTo(const std::string& qualifiedName) {
+    if (mWorkspace->Select(qualifiedName)) return;
+    statusBar()->showMessage(
+        tr("The tree does not show this item now: private and protected members can be shown by "
+           "the View menu."),
+        8000);
+}
+
 } // namespace paperkite

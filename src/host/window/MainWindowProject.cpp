@@ -93,6 +93,7 @@ void MainWindow::ShowProject(std::unique_ptr<ProjectSession> session) {
         FormLayout::Column({FormLayout::Item(editor.cEditor.splitMain, 1),
                             FormLayout::Item(mNoItem, 1), FormLayout::Item(mSourcePane)}));
     editor.splitMain->SetSecondPane(right);
+    AddFinder();
     mAuthoring = mFactory.MakeView(editor.splitMain, mPages);
     mPages->addWidget(mAuthoring);
     mPages->setCurrentWidget(mAuthoring);
@@ -104,6 +105,27 @@ void MainWindow::ShowProject(std::unique_ptr<ProjectSession> session) {
     UpdateActions();
 }
 
+void MainWindow::AddFinder() {
+    ProjectView& tree = mWorkspace->GetEditor().Project;
+    mFinder = MakeRef<ItemFinder>("finder");
+    mFinder->SetAccessibleName("Find an item");
+    mFinder->SetSearch([this](const std::string& text, std::size_t most) {
+        const ProjectSession& session = mWorkspace->GetSession();
+        std::vector<ItemFinder::Match> matches;
+        for (const std::string& name : session.FindByName(text, most))
+            matches.push_back({session.GetProvider()->GetItem(name)->Get("Name").ToText(), name});
+        return matches;
+    });
+    mConnections.push_back(
+        mFinder->Events.Chosen.Connect([this](const auto& name) { GoTo(name); }));
+    const auto client = MakeRef<Container>("treeWithFinder");
+    client->Controls.Add(mFinder);
+    client->Controls.Add(tree.tvwProject);
+    client->SetLayout(
+        FormLayout::Column({FormLayout::Item(mFinder), FormLayout::Item(tree.tvwProject, 1)}));
+    tree.Dock->SetClient(client);
+}
+
 void MainWindow::HideProject() {
     if (!mWorkspace) return;
     mConnections.clear();
@@ -113,6 +135,7 @@ void MainWindow::HideProject() {
     mAuthoring = nullptr;
     mSourcePane = nullptr;
     mNoItem = nullptr;
+    mFinder = nullptr;
     mWorkspace.reset();
     mPath->clear();
     ShowTitle();

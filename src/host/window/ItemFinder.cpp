@@ -1,0 +1,95 @@
+#include "host/window/ItemFinder.h"
+
+#include "foundation/Text.h"
+#include "platform/qt/ControlView.h"
+#include "platform/qt/Icons.h"
+#include "platform/qt/ViewFactory.h"
+
+#include <QAbstractItemView>
+#include <QCompleter>
+#include <QLineEdit>
+#include <QStandardItemModel>
+#include <QVBoxLayout>
+
+namespace paperkite {
+
+namespace {
+
+constexpr std::size_t kMostMatches = 50;
+constexpr int kNameRole = Qt::UserRole + 1;
+
+class ItemFinderView : public ControlView {
+public:
+    ItemFinderView(const Ref<ItemFinder>& finder, QWidget* parent)
+        : ControlView(finder, new QWidget(parent)), mFinder(finder) {
+        auto* column = new QVBoxLayout(GetWidget());
+        column->setContentsMargins(4, 4, 4, 4);
+        mField = new QLineEdit(GetWidget());
+        mField->setPlaceholderText(QObject::tr("Find an item"));
+        mField->setClearButtonEnabled(true);
+        mField->addAction(Icons::ByName("edit-find"), QLineEdit::LeadingPosition);
+        column->addWidget(mField);
+        mMatches = new QStandardItemModel(this);
+        mCompleter = new QCompleter(mMatches, this);
+        // The matches are found already; the completer only shows them.
+        mCompleter->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
+        mCompleter->setMaxVisibleItems(12);
+        mField->setCompleter(mCompleter);
+        connect(mField, &QLineEdit::textEdited, this, [this](const QString& text) { Offer(text); });
+        connect(mField, &QLineEdit::returnPressed, this, [this] { ChooseFirst(); });
+        connect(mCompleter, qOverload<const QModelIndex&>(&QCompleter::activated), this,
+                [this](const QModelIndex& index) { Choose(index.data(kNameRole).toString()); });
+        SetFocusTarget(mField);
+        Tie();
+    }
+
+private:
+    void Offer(const QString& text) {
+        mMatches->clear();
+        for (const ItemFinder::Match& match : mFinder->Find(text.toStdString(), kMostMatches)) {
+            const QString path =
+                QString::fromStdString(ReplaceAll(match.QualifiedName, "~", " ~ "));
+            auto* item = new QStandardItem(QString::fromStdString(match.Name) + "  —  " + path);
+            item->setData(QString::fromStdString(match.QualifiedName), kNameRole);
+            mMatches->appendRow(item);
+        }
+        if (mMatches->rowCount() > 0) return;
+        if (text.isEmpty()) return;
+        auto* none = new QStandardItem(QObject::tr("No item has “%1” in its name").arg(text));
+        none->setEnabled(false);
+        mMatches->appendRow(none);
+    }
+
+    void ChooseFirst() {
+        if (mCompleter->popup()->isVisible() && mCompleter->popup()->currentIndex().isValid())
+            return;
+        if (const QStandardItem* first = mMatches->item(0))
+            if (first->isEnabled()) Choose(first->data(kNameRole).toString());
+    }
+
+    void Choose(const QString& qualifiedName) {
+        mCompleter->popup()->hide();
+        if (!qualifiedName.isEmpty()) mFinder->UserChoose(qualifiedName.toStdString());
+    }
+
+    Ref<ItemFinder> mFinder;
+    QLineEdit* mField;
+    QStandardItemModel* mMatches;
+    QCompleter* mCompleter;
+};
+
+} // namespace
+
+std::vector<ItemFinder::Match> ItemFinder::Find(const std::string& text, std::size_t most) const {
+    if (!mSearch || text.empty()) return {};
+    return mSearch(text, most);
+}
+
+void ItemFinder::RegisterView(ViewFactory& factory) {
+    factory.RegisterRole<ItemFinder>(
+        [](ViewFactory&, const Ref<ItemFinder>& finder, QWidget* parent) {
+            return (new ItemFinderView(finder, parent))->GetWidget();
+        });
+}
+
+} // namespace paperkite
