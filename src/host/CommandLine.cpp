@@ -79,10 +79,7 @@ void AddComment(CLI::App& app, Arguments& arguments) {
     auto* add = command->add_flag("--add", comment.Add, "Add another comment of the same tag");
     auto* remove = command->add_flag("--delete", comment.Delete, "Delete the tag's comments");
     remove->excludes(text)->excludes(add);
-    command->callback([&comment, text] {
-        if (!comment.Delete && text->count() == 0)
-            throw CLI::ValidationError("comment", "Say what to write with --text, or --delete.");
-    });
+    command->callback([&comment, text] { comment.HasText = text->count() > 0; });
 }
 
 void AddCoverage(CLI::App& app, Arguments& arguments) {
@@ -110,7 +107,7 @@ void AddScreenshot(CLI::App& app, Arguments& arguments) {
         });
     command->add_flag("--dark", arguments.Screenshot.Dark, "Use the dark colours");
     command->add_option("--text-size", arguments.Screenshot.TextSize, "Text size in per cent")
-        ->check(CLI::Range(50, 400))
+        ->check(CLI::Range(100, 200))
         ->capture_default_str();
 }
 

@@ -60,6 +60,8 @@ struct TreeCommand {
 struct CommentCommand {
     std::string Tag;
     std::string Text;
+    /// Flags need none.
+    bool HasText = false;
     bool Add = false;
     bool Delete = false;
 

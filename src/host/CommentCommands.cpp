@@ -151,6 +151,8 @@ int RunComments(const CommandTarget& target, Output& output) {
 int CommentCommand::Run(const CommandTarget& target, Output& output) const {
     const auto definition = FindTag(Tag);
     if (!definition) return output.Fail(UnknownTag(Tag));
+    if (!Delete && !HasText && definition->TagType != "f")
+        return output.Fail("Say what to write with --text, or --delete.");
     const auto workspace = OpenWorkspace(target.Project, output);
     if (!workspace) return 2;
     const auto name = FindTarget(*workspace, target, output);

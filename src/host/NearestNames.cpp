@@ -62,16 +62,21 @@ void NearestNames::Offer(const std::string& candidate) {
         distance = 0;
     else if (distance > limit && tail.starts_with(mWanted))
         distance = limit;
-    if (distance <= limit) mFound.emplace_back(distance, candidate);
+    if (distance > limit) return;
+    const auto differs = std::mismatch(mWanted.begin(), mWanted.end(), tail.begin(), tail.end());
+    mFound.push_back(
+        {distance, static_cast<std::size_t>(differs.first - mWanted.begin()), candidate});
 }
 
 std::vector<std::string> NearestNames::Best(std::size_t count) const {
     auto found = mFound;
-    std::stable_sort(found.begin(), found.end(),
-                     [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::stable_sort(found.begin(), found.end(), [](const Found& a, const Found& b) {
+        return a.Distance != b.Distance ? a.Distance < b.Distance
+                                        : a.SameBeginning > b.SameBeginning;
+    });
     std::vector<std::string> names;
     for (std::size_t index = 0; index < std::min(count, found.size()); ++index)
-        names.push_back(found[index].second);
+        names.push_back(found[index].Name);
     return names;
 }
 

@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace paperkite {
@@ -24,7 +23,12 @@ private:
     std::string mWanted;
     std::string mSeparator;
     std::size_t mSteps = 0;
-    std::vector<std::pair<std::size_t, std::string>> mFound;
+    struct Found {
+        std::size_t Distance;
+        std::size_t SameBeginning;
+        std::string Name;
+    };
+    std::vector<Found> mFound;
 };
 
 /// How many letters must be inserted, removed or replaced to make one text of the other; `limit`

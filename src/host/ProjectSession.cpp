@@ -72,49 +72,45 @@ ProjectSession::OpenResult ProjectSession::Create(const NewProject& wanted,
 ProjectSession::OpenResult ProjectSession::Scanned(Ref<ProjectDocument> project,
                                                    const Progress& progress) {
     std::unique_ptr<ProjectSession> session(new ProjectSession(std::move(project)));
-    OpenResult result = session->Scan(progress);
-    if (result.Problem.empty() && !result.Cancelled) result.Session = std::move(session);
-    return result;
+    ScanAnswer answer = session->Scan(progress);
+    if (!answer.Code) return {nullptr, answer.Problem, answer.Cancelled};
+    session->Adopt(std::move(*answer.Code));
+    return {std::move(session), {}};
 }
 
-ProjectSession::OpenResult ProjectSession::Rescan(const Progress& progress) {
-    return Scan(progress);
-}
-
-ProjectSession::OpenResult ProjectSession::Scan(const Progress& progress) {
+ProjectSession::ScanAnswer ProjectSession::Scan(const Progress& progress) const {
     if (mProject->GetSources().empty())
-        return Problem(mProject->GetPath() +
-                       ": The project names no source folder. Add a <source> element with the "
-                       "folder of the code.");
-    const auto provider = MakeRef<SourceNamespaceProvider>(mProject->GetComments());
-    std::vector<const SourceIndex*> indexes;
-    std::vector<std::string> warnings;
-    std::size_t fileCount = 0;
+        return {{},
+                mProject->GetPath() + ": The project names no source folder. Add a <source> "
+                                      "element with the folder of the code."};
+    ScannedCode code;
+    code.Provider = MakeRef<SourceNamespaceProvider>(mProject->GetComments());
     for (const SourceSettings& source : mProject->GetSources()) {
         SourceScanner scanner(source.Folder, source.RootName);
         for (const std::string& pattern : source.Excludes)
             scanner.Exclude(pattern);
         ScanResult scan = scanner.Scan(progress);
-        if (scan.Outcome.Status == ScanStatus::Cancelled)
-            return {nullptr, scan.Outcome.Message, true};
-        if (!scan.Outcome.IsDone()) return Problem(scan.Outcome.Message);
-        provider->AddRoot(std::move(*scan.Index), source.Folder);
-        warnings.insert(warnings.end(), scan.Warnings.begin(), scan.Warnings.end());
-        fileCount += scan.FileCount;
+        if (!scan.Outcome.IsDone())
+            return {{}, scan.Outcome.Message, scan.Outcome.Status == ScanStatus::Cancelled};
+        code.Provider->AddRoot(std::move(*scan.Index), source.Folder);
+        code.Warnings.insert(code.Warnings.end(), scan.Warnings.begin(), scan.Warnings.end());
+        code.FileCount += scan.FileCount;
     }
-    for (std::size_t root = 0; root < provider->GetRootCount(); ++root)
-        indexes.push_back(&provider->GetIndex(root));
-    if (mDefinitions) mDefinitions->Release();
-    mDefinitions = MakeSourceNamespaceDefs(indexes);
-    mProvider = provider;
-    mWarnings = std::move(warnings);
-    mFileCount = fileCount;
-    mProject->RegisterProvider(kSourceMoniker, mProvider);
-    return {};
+    std::vector<const SourceIndex*> indexes;
+    for (std::size_t root = 0; root < code.Provider->GetRootCount(); ++root)
+        indexes.push_back(&code.Provider->GetIndex(root));
+    code.Definitions = MakeSourceNamespaceDefs(indexes);
+    return {std::move(code), {}};
+}
+
+void ProjectSession::Adopt(ScannedCode code) {
+    if (mCode.Definitions) mCode.Definitions->Release();
+    mCode = std::move(code);
+    mProject->RegisterProvider(kSourceMoniker, mCode.Provider);
 }
 
 ProjectSession::~ProjectSession() {
-    if (mDefinitions) mDefinitions->Release();
+    if (mCode.Definitions) mCode.Definitions->Release();
 }
 
 std::string ProjectSession::Resolve(const std::string& name) const {
@@ -123,15 +119,15 @@ std::string ProjectSession::Resolve(const std::string& name) const {
 }
 
 std::vector<std::string> ProjectSession::Matches(const std::string& name) const {
-    if (mProvider->GetItem(name)) return {name};
+    if (mCode.Provider->GetItem(name)) return {name};
     const std::string wanted = WithDots(name);
     std::vector<std::string> whole;
     std::vector<std::string> endings;
-    for (std::size_t root = 0; root < mProvider->GetRootCount(); ++root)
-        whole.push_back(WithDots(mProvider->GetIndex(root).QualifiedName(SourceIndex::Root)) + "." +
-                        wanted);
+    for (std::size_t root = 0; root < mCode.Provider->GetRootCount(); ++root)
+        whole.push_back(WithDots(mCode.Provider->GetIndex(root).QualifiedName(SourceIndex::Root)) +
+                        "." + wanted);
     std::vector<std::string> exact;
-    mProvider->ForEachName([&](const std::string& candidate) {
+    mCode.Provider->ForEachName([&](const std::string& candidate) {
         const std::string dotted = WithDots(candidate);
         if (dotted == wanted || std::find(whole.begin(), whole.end(), dotted) != whole.end())
             exact.push_back(candidate);
@@ -145,8 +141,8 @@ std::vector<std::string> ProjectSession::Matches(const std::string& name) const 
 std::vector<std::string> ProjectSession::FindByName(const std::string& text,
                                                     std::size_t most) const {
     std::vector<std::string> groups[3];
-    for (std::size_t root = 0; root < mProvider->GetRootCount(); ++root) {
-        const SourceIndex& index = mProvider->GetIndex(root);
+    for (std::size_t root = 0; root < mCode.Provider->GetRootCount(); ++root) {
+        const SourceIndex& index = mCode.Provider->GetIndex(root);
         for (SourceIndex::Id entity = 0; entity < index.Size(); ++entity) {
             const std::string_view name = index.Name(entity);
             const std::size_t at = FindIgnoringCase(name, text);
@@ -164,7 +160,7 @@ std::vector<std::string> ProjectSession::FindByName(const std::string& text,
 
 std::vector<std::string> ProjectSession::Nearest(const std::string& name) const {
     NearestNames nearest(name, "~");
-    mProvider->ForEachName([&](const std::string& candidate) {
+    mCode.Provider->ForEachName([&](const std::string& candidate) {
         nearest.Offer(candidate);
         return true;
     });

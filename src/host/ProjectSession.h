@@ -8,6 +8,7 @@
 #include "widgets/Picture.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -51,15 +52,31 @@ public:
     ProjectSession& operator=(const ProjectSession&) = delete;
 
     const Ref<ProjectDocument>& GetProject() const { return mProject; }
-    const Ref<SourceNamespaceProvider>& GetProvider() const { return mProvider; }
-    const Ref<NamespaceDefs>& GetDefinitions() const { return mDefinitions; }
+    const Ref<SourceNamespaceProvider>& GetProvider() const { return mCode.Provider; }
+    const Ref<NamespaceDefs>& GetDefinitions() const { return mCode.Definitions; }
     const Ref<ImageList>& GetImages() const { return mImages; }
     /// What the scan left out, and why.
-    const std::vector<std::string>& GetWarnings() const { return mWarnings; }
-    std::size_t GetFileCount() const { return mFileCount; }
+    const std::vector<std::string>& GetWarnings() const { return mCode.Warnings; }
+    std::size_t GetFileCount() const { return mCode.FileCount; }
 
-    /// Reads the source code anew. A problem or a cancelled scan leaves everything as it was.
-    OpenResult Rescan(const Progress& progress = {});
+    /// What a scan of the project's folders brought.
+    struct ScannedCode {
+        Ref<SourceNamespaceProvider> Provider;
+        Ref<NamespaceDefs> Definitions;
+        std::vector<std::string> Warnings;
+        std::size_t FileCount = 0;
+    };
+    struct ScanAnswer {
+        /// Nothing when there is a problem, or when the author cancelled the scan.
+        std::optional<ScannedCode> Code;
+        std::string Problem;
+        bool Cancelled = false;
+    };
+
+    /// Reads the source code; changes nothing, so that it can run beside the window.
+    ScanAnswer Scan(const Progress& progress = {}) const;
+    /// Takes a scan's code in place of the present one. Whoever holds items lets go of them first.
+    void Adopt(ScannedCode code);
 
     /// The qualified name of what an author calls an item: the name itself, or without the first
     /// step, or only the last steps; "::", "." and "/" may stand between them. Empty when there is
@@ -76,14 +93,10 @@ public:
 private:
     explicit ProjectSession(Ref<ProjectDocument> project) : mProject(std::move(project)) {}
     static OpenResult Scanned(Ref<ProjectDocument> project, const Progress& progress);
-    OpenResult Scan(const Progress& progress);
 
     Ref<ProjectDocument> mProject;
-    Ref<SourceNamespaceProvider> mProvider;
-    Ref<NamespaceDefs> mDefinitions;
+    ScannedCode mCode;
     Ref<ImageList> mImages = MakeSourceImages();
-    std::vector<std::string> mWarnings;
-    std::size_t mFileCount = 0;
 };
 
 } // namespace paperkite

@@ -94,6 +94,14 @@ Json CoverageAsJson(const CoverageReport& report, const std::string& by) {
             {"gone", report.GetGone()}};
 }
 
+std::string GoneText(const std::vector<std::string>& gone) {
+    if (gone.size() == 1)
+        return "Comments are kept for " + gone.front() +
+               ", which the code does not have any more.\n";
+    return "Comments are kept for " + std::to_string(gone.size()) +
+           " items that the code does not have any more, such as " + gone.front() + ".\n";
+}
+
 /// Names come from files of any encoding.
 std::string Dump(const Json& json) {
     return json.dump(2, ' ', false, Json::error_handler_t::replace);
@@ -126,10 +134,7 @@ int CoverageCommand::Run(const CommandTarget& target, Output& output) const {
         output.Out << Dump(CoverageAsJson(report, By)) << '\n';
     else
         PrintCoverage(report, By, output.Out);
-    if (!report.GetGone().empty())
-        output.Err << "Comments are kept for " << report.GetGone().size()
-                   << " items that the code does not have any more, such as "
-                   << report.GetGone().front() << ".\n";
+    if (!report.GetGone().empty()) output.Err << GoneText(report.GetGone());
     if (report.GetAll().Reaches(FailUnder)) return 0;
     output.Err << Percent(report.GetAll()) << " % are documented, less than the "
                << NumberText(FailUnder) << " % that are asked for.\n";

@@ -24,6 +24,15 @@ Workspace::~Workspace() {
     mEditor.Terminate();
 }
 
+void Workspace::Adopt(ProjectSession::ScannedCode code) {
+    const std::string treePath = mEditor.Project.GetTreePath();
+    mEditor.CommitEdit();
+    mEditor.Clear();
+    mSession->Adopt(std::move(code));
+    Load();
+    mEditor.Project.SetTreePath(treePath);
+}
+
 void Workspace::Load() {
     mEditor.CommitEdit();
     mEditor.Project.SetImageList(mSession->GetImages());

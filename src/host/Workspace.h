@@ -21,8 +21,11 @@ public:
     ProjectEditor& GetEditor() { return mEditor; }
     const Ref<CommandWrapper>& GetWrapper() const { return mWrapper; }
 
-    /// Loads the tree. Once at the beginning, and again after a rescan.
+    /// Loads the tree anew.
     void Load();
+    /// Takes newly scanned code: commits what is being edited, lets go of the old items, and loads
+    /// the tree anew, opened and selected as it was as far as the items are still there.
+    void Adopt(ProjectSession::ScannedCode code);
     /// Opens the way to an item and selects it, grouped or not; false when the tree does not show
     /// it.
     bool Select(const std::string& qualifiedName);

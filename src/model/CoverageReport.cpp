@@ -1,8 +1,6 @@
 #include "model/CoverageReport.h"
 
-#include <algorithm>
 #include <map>
-#include <unordered_set>
 
 namespace paperkite {
 
@@ -20,21 +18,18 @@ CoverageReport CoverageReport::Make(const CoverageSource& source, const CommentS
                                     Grouping grouping) {
     CoverageReport report;
     std::map<std::string, Count> groups;
-    std::vector<std::string> commented = comments.QualifiedNames();
-    std::unordered_set<std::string> gone(commented.begin(), commented.end());
     source.ForEach([&](const CoverageRow& row) {
         Count& group = groups[grouping == Grouping::Kind ? row.Kind : row.File];
         ++group.Total;
         ++report.mAll.Total;
-        gone.erase(row.QualifiedName);
         if (!comments.IsDocumented(row.QualifiedName)) return;
         ++group.Documented;
         ++report.mAll.Documented;
     });
     for (const auto& [name, count] : groups)
         report.mGroups.push_back({count, name});
-    std::copy_if(commented.begin(), commented.end(), std::back_inserter(report.mGone),
-                 [&gone](const std::string& name) { return gone.contains(name); });
+    for (std::string& name : comments.QualifiedNames())
+        if (!source.Exists(name)) report.mGone.push_back(std::move(name));
     return report;
 }
 

@@ -18,6 +18,8 @@ struct CoverageRow {
 class CoverageSource {
 public:
     virtual ~CoverageSource() = default;
+    /// Whether there is an item of that name at all, also one that need not be documented.
+    virtual bool Exists(const std::string& qualifiedName) const = 0;
     virtual void ForEach(const std::function<void(const CoverageRow&)>& visit) const = 0;
 };
 

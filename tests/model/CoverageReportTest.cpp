@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace paperkite {
 
 namespace {
@@ -13,6 +15,12 @@ public:
     void ForEach(const std::function<void(const CoverageRow&)>& visit) const override {
         for (const CoverageRow& row : mRows)
             visit(row);
+    }
+
+    bool Exists(const std::string& qualifiedName) const override {
+        return std::any_of(mRows.begin(), mRows.end(), [&](const CoverageRow& row) {
+            return row.QualifiedName == qualifiedName;
+        });
     }
 
 private:

@@ -88,6 +88,12 @@ SourceNamespaceProvider::CommentInSource(const SourceItem& item) const {
     return root.Comments->Find(root.Index, item.GetEntity());
 }
 
+bool SourceNamespaceProvider::Exists(const std::string& qualifiedName) const {
+    return std::any_of(mRoots.begin(), mRoots.end(), [&](const auto& root) {
+        return root->Index.Find(qualifiedName).has_value();
+    });
+}
+
 void SourceNamespaceProvider::ForEach(const std::function<void(const CoverageRow&)>& visit) const {
     for (const auto& root : mRoots) {
         const SourceIndex& index = root->Index;

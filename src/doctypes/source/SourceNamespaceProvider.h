@@ -50,6 +50,7 @@ public:
     std::optional<SourceComment> CommentInSource(const SourceItem& item) const;
 
     /// Every item but the roots that is not private, nor inside a private one.
+    bool Exists(const std::string& qualifiedName) const override;
     void ForEach(const std::function<void(const CoverageRow&)>& visit) const override;
     /// Every entity's qualified name, for suggestions; the visitor ends it with false.
     void ForEachName(const std::function<bool(const std::string&)>& visit) const;

@@ -77,6 +77,8 @@ private:
     void CloseFromMenu() { CloseProject(); }
     void Rescan();
     void ShowProject(std::unique_ptr<ProjectSession> session);
+    bool ShowOpened(ProjectSession::OpenResult opened, const std::string& failure,
+                    const QString& title);
     void HideProject();
     void ConnectEditor();
     void AddFinder();

@@ -52,25 +52,32 @@ void MainWindow::Open() {
 
 bool MainWindow::CreateProject(const ProjectSession::NewProject& wanted) {
     if (!SavedOrGivenUp()) return false;
-    auto made = ScanDialog::Run(this, [&](const ProjectSession::Progress& progress) {
-        return ProjectSession::Create(wanted, progress);
-    });
-    if (!made.Problem.empty() && !made.Cancelled) Warn(this, tr("New Project"), made.Problem);
-    if (!made.Session) return false;
-    ShowProject(std::move(made.Session));
-    return true;
+    ProjectSession::OpenResult made;
+    const std::string failure =
+        ScanDialog::Run(this, [&](const ProjectSession::Progress& progress) {
+            made = ProjectSession::Create(wanted, progress);
+        });
+    return ShowOpened(std::move(made), failure, tr("New Project"));
 }
 
 bool MainWindow::OpenProject(const QString& path) {
     if (!SavedOrGivenUp()) return false;
-    auto opened = ScanDialog::Run(this, [&](const ProjectSession::Progress& progress) {
-        return ProjectSession::Open(path.toStdString(), progress);
-    });
-    if (!opened.Problem.empty() && !opened.Cancelled) {
-        Warn(this, tr("Open Project"), opened.Problem);
-        if (!QFileInfo::exists(path)) mRecent.Remove(path.toStdString());
+    ProjectSession::OpenResult opened;
+    const std::string failure =
+        ScanDialog::Run(this, [&](const ProjectSession::Progress& progress) {
+            opened = ProjectSession::Open(path.toStdString(), progress);
+        });
+    if (!QFileInfo::exists(path)) mRecent.Remove(path.toStdString());
+    return ShowOpened(std::move(opened), failure, tr("Open Project"));
+}
+
+bool MainWindow::ShowOpened(ProjectSession::OpenResult opened, const std::string& failure,
+                            const QString& title) {
+    if (opened.Cancelled) return false;
+    if (!opened.Session) {
+        Warn(this, title, failure.empty() ? opened.Problem : failure);
+        return false;
     }
-    if (!opened.Session) return false;
     ShowProject(std::move(opened.Session));
     return true;
 }
@@ -227,21 +234,19 @@ bool MainWindow::StoreOrAsk(bool asNew, const QString& path) {
 
 void MainWindow::Rescan() {
     if (!mWorkspace) return;
-    ProjectEditor& editor = mWorkspace->GetEditor();
-    editor.CommitEdit();
-    const std::string treePath = editor.Project.GetTreePath();
     ProjectSession& session = mWorkspace->GetSession();
-    const auto result = ScanDialog::Run(
-        this, [&](const ProjectSession::Progress& progress) { return session.Rescan(progress); });
-    if (result.Cancelled) return;
-    if (!result.Problem.empty()) {
-        Warn(this, tr("Read Source Code Again"), result.Problem);
+    ProjectSession::ScanAnswer answer;
+    const std::string failure = ScanDialog::Run(
+        this, [&](const ProjectSession::Progress& progress) { answer = session.Scan(progress); });
+    if (answer.Cancelled) return;
+    if (!answer.Code) {
+        Warn(this, tr("Read Source Code Again"), failure.empty() ? answer.Problem : failure);
         return;
     }
-    mWorkspace->Load();
+    mWorkspace->Adopt(std::move(*answer.Code));
     mCoverage->SetSession(&session);
-    editor.Project.SetTreePath(treePath);
-    if (!editor.Project.GetSelectedItem()) MoveTo(editor.Project.GetNodes().GetFirst());
+    ProjectView& tree = mWorkspace->GetEditor().Project;
+    if (!tree.GetSelectedItem()) MoveTo(tree.GetNodes().GetFirst());
     UpdateActions();
 }
 

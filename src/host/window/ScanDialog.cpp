@@ -52,19 +52,19 @@ void ShowProgress(QProgressDialog& dialog, const SharedProgress& progress) {
 
 } // namespace
 
-ProjectSession::OpenResult ScanDialog::Run(QWidget* parent, const Work& work) {
+std::string ScanDialog::Run(QWidget* parent, const Work& work) {
     SharedProgress progress;
-    ProjectSession::OpenResult result;
+    std::string failure;
     std::thread scan([&] {
         try {
-            result = work([&](const ScanProgress& now) {
+            work([&](const ScanProgress& now) {
                 progress.Phase = now.Phase;
                 progress.FilesDone = now.FilesDone;
                 progress.FilesTotal = now.FilesTotal;
                 return !progress.Cancelled;
             });
         } catch (const std::exception& exception) {
-            result.Problem = exception.what();
+            failure = exception.what();
         }
         progress.Finished = true;
     });
@@ -89,7 +89,7 @@ ProjectSession::OpenResult ScanDialog::Run(QWidget* parent, const Work& work) {
     timer.start(kRefreshMilliseconds);
     loop.exec();
     scan.join();
-    return result;
+    return failure;
 }
 
 } // namespace paperkite

@@ -3,6 +3,7 @@
 #include "host/ProjectSession.h"
 
 #include <functional>
+#include <string>
 
 class QWidget;
 
@@ -12,10 +13,10 @@ namespace paperkite {
 /// at any moment. The window goes on living meanwhile.
 class ScanDialog {
 public:
-    using Work =
-        std::function<ProjectSession::OpenResult(const ProjectSession::Progress& progress)>;
+    using Work = std::function<void(const ProjectSession::Progress& progress)>;
 
-    static ProjectSession::OpenResult Run(QWidget* parent, const Work& work);
+    /// Gives what was thrown inside the work as a text; empty when nothing was.
+    static std::string Run(QWidget* parent, const Work& work);
 };
 
 } // namespace paperkite

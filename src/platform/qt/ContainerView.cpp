@@ -84,6 +84,7 @@ void ContainerView::Rebuild() {
     mViews.clear();
     mContent = new QWidget(this);
     layout()->addWidget(mContent);
+    mContent->installEventFilter(this);
     const FormLayout& form = mContainer->GetLayout();
     if (form.GetKind() != FormLayout::Kind::Empty) {
         auto* column = new QVBoxLayout(mContent);
@@ -240,6 +241,11 @@ void ContainerView::resizeEvent(QResizeEvent* event) {
     QFrame::resizeEvent(event);
     layout()->activate();
     FillSharedRectangle();
+}
+
+bool ContainerView::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == mContent && event->type() == QEvent::Resize) FillSharedRectangle();
+    return QFrame::eventFilter(watched, event);
 }
 
 void ContainerView::FillSharedRectangle() {

@@ -12,6 +12,16 @@
 
 namespace paperkite {
 
+namespace {
+
+// An empty line between two sentences takes less room as a gap.
+QString Spaced(QString description) {
+    return description.replace(QStringLiteral("<BR><BR>"),
+                               QStringLiteral("<p style=\"margin-top:4px\">"));
+}
+
+} // namespace
+
 PropertiesListView::PropertiesListView(const Ref<PropertiesList>& list, QWidget* parent)
     : QSplitter(Qt::Vertical, parent), mList(list), mTable(new PropertiesTable(list, this)) {
     setChildrenCollapsible(false);
@@ -85,12 +95,14 @@ void PropertiesListView::ShowDescription() {
         title =
             ToQString(row->GetDisplayText().empty() ? row->GetCaption() : row->GetDisplayText());
     mTitle->setText(title);
-    mText->setText(row ? ToQString(row->GetDescription()) : QString());
+    mText->setText(row ? Spaced(ToQString(row->GetDescription())) : QString());
     mTable->setAccessibleDescription(mText->text());
 }
 
 void PropertiesListView::FitDescription() {
-    const int wanted = std::max(mList->GetDescriptionHeight(), fontMetrics().height() * 3 + 16);
+    // The height is that of the text; its title stands above it.
+    const int text = std::max(mList->GetDescriptionHeight(), fontMetrics().height() * 3 + 8);
+    const int wanted = text + mTitle->sizeHint().height() + 16;
     setSizes({std::max(1, height() - wanted), wanted});
 }
 

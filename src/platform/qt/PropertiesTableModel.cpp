@@ -2,13 +2,18 @@
 
 #include "platform/qt/Conversions.h"
 
+#include <QTextDocument>
+#include <QTextDocumentFragment>
+
 namespace paperkite {
 
 namespace {
 
-// What a single row can show of a value of many lines.
+// What a single row can show of a value of many lines; HTML is shown as the text that it makes.
 QString FirstLine(const QString& value) {
-    const QString text = value.trimmed();
+    const QString text =
+        (Qt::mightBeRichText(value) ? QTextDocumentFragment::fromHtml(value).toPlainText() : value)
+            .trimmed();
     const auto end = text.indexOf(QLatin1Char('\n'));
     return end < 0 ? text : text.left(end).trimmed() + QStringLiteral(" \u2026");
 }

@@ -1,5 +1,7 @@
 #include "platform/qt/ThemeStyle.h"
 
+#include "platform/qt/Icons.h"
+
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QStyleOption>
@@ -133,6 +135,13 @@ void ThemeStyle::drawControl(ControlElement element, const QStyleOption* option,
     default:
         QProxyStyle::drawControl(element, option, painter, widget);
     }
+}
+
+QIcon ThemeStyle::standardIcon(StandardPixmap icon, const QStyleOption* option,
+                               const QWidget* widget) const {
+    // Fusion's own picture is dark on dark.
+    if (icon == SP_ToolBarHorizontalExtensionButton) return Icons::ByName("arrow-right-double");
+    return QProxyStyle::standardIcon(icon, option, widget);
 }
 
 int ThemeStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
