@@ -33,6 +33,16 @@ ProjectSession::OpenResult Problem(std::string message) {
     return {nullptr, std::move(message)};
 }
 
+/// Without a single item there is nothing to document, and most likely the folder is the wrong one.
+std::string NothingFound(const ProjectDocument& project) {
+    std::vector<std::string> folders;
+    for (const SourceSettings& source : project.GetSources())
+        folders.push_back(source.Folder);
+    return "There is no source code in " + Join(folders, " and ") +
+           " that can be read. Choose a folder with source files that are not all left out; the "
+           "project file names the folder in its <source> element.";
+}
+
 } // namespace
 
 ProjectSession::OpenResult ProjectSession::Open(const std::string& path, const Progress& progress) {
@@ -55,10 +65,6 @@ ProjectSession::OpenResult ProjectSession::Create(const NewProject& wanted,
     made.Project->SetTitle(wanted.Title.empty() ? source.RootName : wanted.Title);
     OpenResult result = Scanned(made.Project, progress);
     if (!result.Session) return result;
-    if (result.Session->GetProvider()->GetIndex(0).Size() <= 1)
-        return Problem("There is no source code in " + folder.string() +
-                       " that can be read. Name a folder with source files; what --exclude leaves "
-                       "out does not count.");
     if (const auto problem = made.Project->Save()) return Problem(problem->Message());
     return result;
 }
@@ -84,6 +90,7 @@ ProjectSession::OpenResult ProjectSession::Scan(const Progress& progress) {
     std::vector<const SourceIndex*> indexes;
     std::vector<std::string> warnings;
     std::size_t fileCount = 0;
+    std::size_t itemCount = 0;
     for (const SourceSettings& source : mProject->GetSources()) {
         SourceScanner scanner(source.Folder, source.RootName);
         for (const std::string& pattern : source.Excludes)
@@ -96,8 +103,11 @@ ProjectSession::OpenResult ProjectSession::Scan(const Progress& progress) {
         warnings.insert(warnings.end(), scan.Warnings.begin(), scan.Warnings.end());
         fileCount += scan.FileCount;
     }
-    for (std::size_t root = 0; root < provider->GetRootCount(); ++root)
+    for (std::size_t root = 0; root < provider->GetRootCount(); ++root) {
         indexes.push_back(&provider->GetIndex(root));
+        itemCount += indexes.back()->Size() - 1;
+    }
+    if (itemCount == 0) return Problem(NothingFound(*mProject));
     if (mDefinitions) mDefinitions->Release();
     mDefinitions = MakeSourceNamespaceDefs(indexes);
     mProvider = provider;
