@@ -128,8 +128,9 @@ int CoverageCommand::Run(const CommandTarget& target, Output& output) const {
         PrintCoverage(report, By, output.Out);
     if (!report.GetGone().empty())
         output.Err << "Comments are kept for " << report.GetGone().size()
-                   << " items that the code does not have any more, such as "
-                   << report.GetGone().front() << ".\n";
+                   << (report.GetGone().size() == 1 ? " item" : " items")
+                   << " that the code does not have any more, such as " << report.GetGone().front()
+                   << ".\n";
     if (report.GetAll().Reaches(FailUnder)) return 0;
     output.Err << Percent(report.GetAll()) << " % are documented, less than the "
                << NumberText(FailUnder) << " % that are asked for.\n";
