@@ -145,8 +145,11 @@ std::string ProjectSession::OnlyNameEndingWith(const std::string& name) const {
     bool isUnique = true;
     mProvider->ForEachName([&](const std::string& candidate) {
         if (!candidate.ends_with(ending)) return true;
-        isUnique = found.empty();
-        found = candidate;
+        // A constructor bears its class's name, and the class is meant.
+        if (found.empty() || found.starts_with(candidate + "~"))
+            found = candidate;
+        else
+            isUnique = candidate.starts_with(found + "~");
         return isUnique;
     });
     return isUnique ? found : std::string();

@@ -64,7 +64,7 @@ public:
 
     /// The qualified name of what an author calls an item: the name itself, or without the first
     /// step, with "::", "." or "/" between the steps, or the last steps where only one item has
-    /// them. Empty when there is no such item.
+    /// them, those inside it left out. Empty when there is no such item.
     std::string Resolve(const std::string& name) const;
     /// The qualified names that look most like a name, at most three, best first.
     std::vector<std::string> Nearest(const std::string& name) const;
