@@ -41,7 +41,8 @@ public:
 
     using Progress = SourceScanner::Progress;
 
-    /// `path` may leave the ending out, or name a folder that holds one project.
+    /// `path` may leave the ending out, or name a folder that holds one project. Source folders
+    /// that are missing, or hold no source code at all, are problems.
     static OpenResult Open(const std::string& path, const Progress& progress = {});
     /// Makes a project and saves it. A file that is there already, and a source folder without any
     /// source code, are problems.
@@ -82,7 +83,7 @@ public:
     /// step, or only the last steps; "::", "." and "/" may stand between them. Empty when there is
     /// no such item, or more than one.
     std::string Resolve(const std::string& name) const;
-    /// All items that an author may mean by a name.
+    /// All items that an author may mean by a name; those inside another one of them left out.
     std::vector<std::string> Matches(const std::string& name) const;
     /// Items whose own names hold a text, letter case ignored: those that are it first, then those
     /// that begin with it, then the others; each in the order of the source.

@@ -1,4 +1,4 @@
-#include "ProjectViewFixture.h"
+#include "itemtree/ProjectViewFixture.h"
 
 namespace paperkite::test {
 namespace {

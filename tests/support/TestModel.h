@@ -4,7 +4,7 @@
 #include "foundation/KiteProject.h"
 #include "foundation/NamespaceProvider.h"
 #include "foundation/TaggedCommentCollection.h"
-#include "widgets/EventLog.h"
+#include "support/EventLog.h"
 #include "widgets/TreeControl.h"
 
 #include <functional>

@@ -1,5 +1,5 @@
 #include "widgets/ExplorerBar.h"
-#include "EventLog.h"
+#include "support/EventLog.h"
 #include "widgets/CheckBox.h"
 
 #include <gtest/gtest.h>

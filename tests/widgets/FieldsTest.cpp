@@ -1,4 +1,4 @@
-#include "EventLog.h"
+#include "support/EventLog.h"
 #include "widgets/Button.h"
 #include "widgets/CheckBox.h"
 #include "widgets/ComboBox.h"
