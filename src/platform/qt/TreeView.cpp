@@ -124,7 +124,9 @@ void TreeView::ShowSelection() {
 }
 
 bool TreeView::IsInSight(const QModelIndex& index) const {
-    return viewport()->rect().contains(visualRect(index).center());
+    // A row below a closed one has no place, and its rectangle is empty.
+    const QRect row = visualRect(index);
+    return !row.isEmpty() && viewport()->rect().contains(row.center());
 }
 
 void TreeView::NodeWantsToBeSeen(const Ref<TreeNode>& node) {
