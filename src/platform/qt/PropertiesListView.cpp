@@ -101,7 +101,7 @@ void PropertiesListView::ShowDescription() {
 
 void PropertiesListView::FitDescription() {
     // The height is that of the text; its title stands above it.
-    const int text = std::max(mList->GetDescriptionHeight(), fontMetrics().height() * 3 + 8);
+    const int text = std::max(mList->GetDescriptionHeight(), fontMetrics().height() * 4 + 8);
     const int wanted = text + mTitle->sizeHint().height() + 16;
     setSizes({std::max(1, height() - wanted), wanted});
 }
