@@ -1,7 +1,7 @@
 #include "platform/qt/DockView.h"
 
-#include "SampleControls.h"
-#include "ViewTest.h"
+#include "platform/SampleControls.h"
+#include "platform/ViewTest.h"
 
 #include <QAction>
 #include <QToolBar>

@@ -1,5 +1,5 @@
-#include "SampleControls.h"
-#include "ViewTest.h"
+#include "platform/SampleControls.h"
+#include "platform/ViewTest.h"
 #include "platform/qt/ContainerView.h"
 #include "platform/qt/ExplorerBarView.h"
 #include "platform/qt/FormView.h"

@@ -1,5 +1,5 @@
-#include "SampleControls.h"
-#include "ViewTest.h"
+#include "platform/SampleControls.h"
+#include "platform/ViewTest.h"
 #include "platform/qt/PropertiesListView.h"
 #include "widgets/frmFilterProperties.h"
 

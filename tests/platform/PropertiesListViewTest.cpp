@@ -1,7 +1,7 @@
 #include "platform/qt/PropertiesListView.h"
 
-#include "SampleControls.h"
-#include "ViewTest.h"
+#include "platform/SampleControls.h"
+#include "platform/ViewTest.h"
 #include "widgets/Keys.h"
 
 #include <QAccessible>

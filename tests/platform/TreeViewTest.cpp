@@ -1,6 +1,6 @@
 #include "platform/qt/TreeView.h"
 
-#include "ViewTest.h"
+#include "platform/ViewTest.h"
 
 #include <QAccessible>
 #include <QLineEdit>

@@ -1,5 +1,5 @@
 #include "widgets/DockHost.h"
-#include "EventLog.h"
+#include "widgets/EventLog.h"
 #include "widgets/ListHelpers.h"
 
 #include <gtest/gtest.h>

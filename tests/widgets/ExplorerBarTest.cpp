@@ -1,6 +1,6 @@
 #include "widgets/ExplorerBar.h"
-#include "EventLog.h"
 #include "widgets/CheckBox.h"
+#include "widgets/EventLog.h"
 
 #include <gtest/gtest.h>
 

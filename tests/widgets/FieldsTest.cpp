@@ -1,7 +1,7 @@
-#include "EventLog.h"
 #include "widgets/Button.h"
 #include "widgets/CheckBox.h"
 #include "widgets/ComboBox.h"
+#include "widgets/EventLog.h"
 #include "widgets/FramePanel.h"
 #include "widgets/OptionButton.h"
 #include "widgets/SplitPanel.h"

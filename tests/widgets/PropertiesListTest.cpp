@@ -1,5 +1,5 @@
 #include "widgets/PropertiesList.h"
-#include "EventLog.h"
+#include "widgets/EventLog.h"
 #include "widgets/Keys.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 #include "widgets/TreeControl.h"
-#include "EventLog.h"
+#include "widgets/EventLog.h"
 
 #include <gtest/gtest.h>
 
