@@ -40,7 +40,8 @@ std::size_t EditDistance(const std::string& left, const std::string& right, std:
 NearestNames::NearestNames(const std::string& wanted, std::string separator)
     : mWanted(LowerCase(wanted)), mSeparator(std::move(separator)) {
     if (mSeparator.empty()) return;
-    mWanted = ReplaceAll(mWanted, "::", mSeparator);
+    for (const char* other : {"::", ".", "/"})
+        mWanted = ReplaceAll(mWanted, other, mSeparator);
     mSteps = Split(mWanted, mSeparator).size();
 }
 
