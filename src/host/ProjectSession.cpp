@@ -39,6 +39,16 @@ ProjectSession::OpenResult Problem(std::string message) {
     return {nullptr, std::move(message)};
 }
 
+/// Without a single item there is nothing to document, and most likely the folder is the wrong one.
+std::string NothingFound(const ProjectDocument& project) {
+    std::vector<std::string> folders;
+    for (const SourceSettings& source : project.GetSources())
+        folders.push_back(source.Folder);
+    return "There is no source code in " + Join(folders, " and ") +
+           " that can be read. Choose a folder with source files that are not all left out; the "
+           "project file names the folder in its <source> element.";
+}
+
 } // namespace
 
 ProjectSession::OpenResult ProjectSession::Open(const std::string& path, const Progress& progress) {
@@ -61,10 +71,6 @@ ProjectSession::OpenResult ProjectSession::Create(const NewProject& wanted,
     made.Project->SetTitle(wanted.Title.empty() ? source.RootName : wanted.Title);
     OpenResult result = Scanned(made.Project, progress);
     if (!result.Session) return result;
-    if (result.Session->GetProvider()->GetIndex(0).Size() <= 1)
-        return Problem("There is no source code in " + folder.string() +
-                       " that can be read. Name a folder with source files; what --exclude leaves "
-                       "out does not count.");
     if (const auto problem = made.Project->Save()) return Problem(problem->Message());
     return result;
 }
@@ -97,8 +103,12 @@ ProjectSession::ScanAnswer ProjectSession::Scan(const Progress& progress) const 
         code.FileCount += scan.FileCount;
     }
     std::vector<const SourceIndex*> indexes;
-    for (std::size_t root = 0; root < code.Provider->GetRootCount(); ++root)
+    std::size_t itemCount = 0;
+    for (std::size_t root = 0; root < code.Provider->GetRootCount(); ++root) {
         indexes.push_back(&code.Provider->GetIndex(root));
+        itemCount += indexes.back()->Size() - 1;
+    }
+    if (itemCount == 0) return {{}, NothingFound(*mProject)};
     code.Definitions = MakeSourceNamespaceDefs(indexes);
     return {std::move(code), {}};
 }

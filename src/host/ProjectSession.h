@@ -41,7 +41,8 @@ public:
 
     using Progress = SourceScanner::Progress;
 
-    /// `path` may leave the ending out, or name a folder that holds one project.
+    /// `path` may leave the ending out, or name a folder that holds one project. Source folders
+    /// that are missing, or hold no source code at all, are problems.
     static OpenResult Open(const std::string& path, const Progress& progress = {});
     /// Makes a project and saves it. A file that is there already, and a source folder without any
     /// source code, are problems.
