@@ -8,6 +8,19 @@
 
 namespace paperkite {
 
+namespace {
+
+/// As the coverage counts: what is private, or inside something private, is left out.
+bool Counts(const SourceItem& item) {
+    const SourceIndex& index = item.GetIndex();
+    if (item.GetEntity() == SourceIndex::Root) return false;
+    for (auto entity = item.GetEntity(); entity != SourceIndex::Root; entity = index.Parent(entity))
+        if (index.Access(entity) == SourceAccess::Private) return false;
+    return true;
+}
+
+} // namespace
+
 CoverageStatus::CoverageStatus(QWidget* parent) : QWidget(parent) {
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 8, 0);
@@ -30,6 +43,7 @@ CoverageStatus::CoverageStatus(QWidget* parent) : QWidget(parent) {
 void CoverageStatus::SetSession(const ProjectSession* session) {
     mSession = session;
     mItem.clear();
+    mCommented.clear();
     mDocumented = 0;
     mTotal = 0;
     if (session) {
@@ -37,6 +51,8 @@ void CoverageStatus::SetSession(const ProjectSession* session) {
             CoverageReport::Make(*session->GetProvider(), *session->GetProject()->GetComments());
         mDocumented = report.GetAll().Documented;
         mTotal = report.GetAll().Total;
+        const auto names = session->GetProject()->GetComments()->QualifiedNames();
+        mCommented.insert(names.begin(), names.end());
     }
     Show();
 }
@@ -47,11 +63,11 @@ void CoverageStatus::SetItem(const std::string& qualifiedName) {
 }
 
 void CoverageStatus::SetDocumented(const std::string& qualifiedName, bool documented) {
+    // Every change of a comment is told, also where the item stays as documented as it was.
+    const bool isNews =
+        documented ? mCommented.insert(qualifiedName).second : mCommented.erase(qualifiedName) > 0;
     const auto item = mSession->GetProvider()->GetItem(qualifiedName).As<SourceItem>();
-    const bool counts = item && item->GetEntity() != SourceIndex::Root &&
-                        item->GetIndex().Access(item->GetEntity()) != SourceAccess::Private;
-    if (counts && documented) ++mDocumented;
-    if (counts && !documented && mDocumented > 0) --mDocumented;
+    if (isNews && item && Counts(*item)) documented ? ++mDocumented : --mDocumented;
     Show();
     CountMembers();
 }

@@ -6,6 +6,7 @@
 #include <QWidget>
 
 #include <string>
+#include <unordered_set>
 
 class QLabel;
 class QProgressBar;
@@ -31,6 +32,8 @@ private:
 
     const ProjectSession* mSession = nullptr;
     std::string mItem;
+    /// The items with comments, as far as they were counted.
+    std::unordered_set<std::string> mCommented;
     std::size_t mDocumented = 0;
     std::size_t mTotal = 0;
     QLabel* mMembers;
