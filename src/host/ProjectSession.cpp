@@ -125,7 +125,14 @@ ProjectSession::~ProjectSession() {
 
 std::string ProjectSession::Resolve(const std::string& name) const {
     const auto matches = Matches(name);
-    return matches.size() == 1 ? matches.front() : std::string();
+    for (const std::string& outer : matches) {
+        // A constructor bears its class's name, and the class is meant.
+        const bool holdsAll = std::all_of(matches.begin(), matches.end(), [&](const auto& match) {
+            return match == outer || match.starts_with(outer + "~");
+        });
+        if (holdsAll) return outer;
+    }
+    return {};
 }
 
 std::vector<std::string> ProjectSession::Matches(const std::string& name) const {

@@ -81,7 +81,7 @@ public:
 
     /// The qualified name of what an author calls an item: the name itself, or without the first
     /// step, or only the last steps; "::", "." and "/" may stand between them. Empty when there is
-    /// no such item, or more than one.
+    /// no such item, or more than one; an item and those inside it count as one.
     std::string Resolve(const std::string& name) const;
     /// All items that an author may mean by a name.
     std::vector<std::string> Matches(const std::string& name) const;
