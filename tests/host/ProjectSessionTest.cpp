@@ -167,6 +167,13 @@ TEST_F(ProjectSessionTest, ANameThatTwoItemsHaveIsNotGuessed) {
               (Names{"zoo~animals~Dog~Age", "zoo~animals~Cat~Age", "zoo~animals~Dog~mAge"}));
 }
 
+TEST_F(ProjectSessionTest, AClassIsMeantByTheNameThatItsConstructorHasToo) {
+    mFolder.Write("zoo/keeper.h", "class Keeper {\npublic:\n    Keeper();\n};\n");
+    const auto session = Create();
+    EXPECT_EQ(session->Resolve("Keeper"), "zoo~Keeper");
+    EXPECT_EQ(session->Resolve("Keeper::Keeper"), "zoo~Keeper~Keeper");
+}
+
 TEST_F(ProjectSessionTest, TheNearestNamesHelpWhereNoneFits) {
     const auto session = Create();
     EXPECT_EQ(session->Resolve("Dog.Brak"), "");
