@@ -1,0 +1,17 @@
+#include "support/EnvironmentChange.h"
+#include "support/TemporaryFolder.h"
+
+#include <QApplication>
+
+#include <gtest/gtest.h>
+
+// The windows are driven on the offscreen platform, so that the tests need no screen. Settings are
+// kept in a folder that goes with the tests: whoever runs them keeps their own.
+int main(int argc, char** argv) {
+    const paperkite::test::TemporaryFolder settings;
+    const paperkite::test::EnvironmentChange place("XDG_CONFIG_HOME", settings.Path());
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
