@@ -187,6 +187,8 @@ TEST_F(ProjectSessionTest, ARescanSeesWhatCameAndWent) {
     mFolder.Write("zoo/animals.h", "class Emu {\npublic:\n    void Run();\n};\n");
     const auto result = session->Rescan();
     EXPECT_EQ(result.Problem, "");
+    EXPECT_TRUE(session->GetProvider()->GetItem("zoo~animals~Dog"));
+    session->AdoptRescan();
     EXPECT_TRUE(session->GetProvider()->GetItem("zoo~Emu~Run"));
     EXPECT_FALSE(session->GetProvider()->GetItem("zoo~animals~Dog"));
 }
@@ -198,6 +200,7 @@ TEST_F(ProjectSessionTest, ARescanThatFailsOrIsCancelledLeavesEverything) {
     EXPECT_EQ(session->GetProvider(), provider);
     fs::remove_all(mFolder / "zoo");
     EXPECT_NE(session->Rescan().Problem, "");
+    session->AdoptRescan();
     EXPECT_EQ(session->GetProvider(), provider);
     EXPECT_TRUE(session->GetProvider()->GetItem("zoo~animals~Dog~Bark"));
 }
