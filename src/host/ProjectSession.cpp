@@ -35,6 +35,17 @@ std::string WithDots(const std::string& name) {
     return ReplaceAll(ReplaceAll(ReplaceAll(name, "::", "."), "~", "."), "/", ".");
 }
 
+/// A constructor bears its class's name, and the class is meant: the one match that holds all
+/// others, or all where there is none.
+std::vector<std::string> WithoutInner(const std::vector<std::string>& matches) {
+    for (const std::string& outer : matches)
+        if (std::all_of(matches.begin(), matches.end(), [&](const std::string& match) {
+                return match == outer || match.starts_with(outer + "~");
+            }))
+            return {outer};
+    return matches;
+}
+
 ProjectSession::OpenResult Problem(std::string message) {
     return {nullptr, std::move(message)};
 }
@@ -125,14 +136,7 @@ ProjectSession::~ProjectSession() {
 
 std::string ProjectSession::Resolve(const std::string& name) const {
     const auto matches = Matches(name);
-    for (const std::string& outer : matches) {
-        // A constructor bears its class's name, and the class is meant.
-        const bool holdsAll = std::all_of(matches.begin(), matches.end(), [&](const auto& match) {
-            return match == outer || match.starts_with(outer + "~");
-        });
-        if (holdsAll) return outer;
-    }
-    return {};
+    return matches.size() == 1 ? matches.front() : std::string();
 }
 
 std::vector<std::string> ProjectSession::Matches(const std::string& name) const {
@@ -152,7 +156,7 @@ std::vector<std::string> ProjectSession::Matches(const std::string& name) const 
             endings.push_back(candidate);
         return true;
     });
-    return exact.empty() ? endings : exact;
+    return WithoutInner(exact.empty() ? endings : exact);
 }
 
 std::vector<std::string> ProjectSession::FindByName(const std::string& text,

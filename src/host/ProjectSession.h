@@ -81,9 +81,9 @@ public:
 
     /// The qualified name of what an author calls an item: the name itself, or without the first
     /// step, or only the last steps; "::", "." and "/" may stand between them. Empty when there is
-    /// no such item, or more than one; an item and those inside it count as one.
+    /// no such item, or more than one.
     std::string Resolve(const std::string& name) const;
-    /// All items that an author may mean by a name.
+    /// All items that an author may mean by a name; an item and those inside it count as one.
     std::vector<std::string> Matches(const std::string& name) const;
     /// Items whose own names hold a text, letter case ignored: those that are it first, then those
     /// that begin with it, then the others; each in the order of the source.
