@@ -182,26 +182,27 @@ TEST_F(ProjectSessionTest, TheNearestNamesHelpWhereNoneFits) {
     EXPECT_EQ(session->Nearest("Elephantidae"), Names());
 }
 
-TEST_F(ProjectSessionTest, ARescanSeesWhatCameAndWent) {
+TEST_F(ProjectSessionTest, AnotherScanTakesEffectWhenItIsAdopted) {
     const auto session = Create();
     mFolder.Write("zoo/animals.h", "class Emu {\npublic:\n    void Run();\n};\n");
-    const auto result = session->Rescan();
-    EXPECT_EQ(result.Problem, "");
+    auto answer = session->Scan();
+    ASSERT_TRUE(answer.Code) << answer.Problem;
     EXPECT_TRUE(session->GetProvider()->GetItem("zoo~animals~Dog"));
-    session->AdoptRescan();
+    session->Adopt(std::move(*answer.Code));
     EXPECT_TRUE(session->GetProvider()->GetItem("zoo~Emu~Run"));
     EXPECT_FALSE(session->GetProvider()->GetItem("zoo~animals~Dog"));
 }
 
-TEST_F(ProjectSessionTest, ARescanThatFailsOrIsCancelledLeavesEverything) {
+TEST_F(ProjectSessionTest, AScanThatFailsOrIsCancelledBringsNothing) {
     const auto session = Create();
-    const auto provider = session->GetProvider();
-    EXPECT_TRUE(session->Rescan([](const ScanProgress&) { return false; }).Cancelled);
-    EXPECT_EQ(session->GetProvider(), provider);
+    const auto cancelled = session->Scan([](const ScanProgress&) { return false; });
+    EXPECT_TRUE(cancelled.Cancelled);
+    EXPECT_FALSE(cancelled.Code);
     fs::remove_all(mFolder / "zoo");
-    EXPECT_NE(session->Rescan().Problem, "");
-    session->AdoptRescan();
-    EXPECT_EQ(session->GetProvider(), provider);
+    const auto failed = session->Scan();
+    EXPECT_FALSE(failed.Cancelled);
+    EXPECT_FALSE(failed.Code);
+    EXPECT_TRUE(Contains(failed.Problem, "does not exist")) << failed.Problem;
     EXPECT_TRUE(session->GetProvider()->GetItem("zoo~animals~Dog~Bark"));
 }
 

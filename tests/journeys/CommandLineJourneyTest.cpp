@@ -183,7 +183,8 @@ TEST_F(CommandLineJourneyTest, CommentsOfItemsThatAreGoneAreKeptAndTold) {
     fs::remove(mFolder / "zoo/keeper.py");
     const ProgramResult result = mProgram.Run({"coverage", Project()});
     EXPECT_EQ(result.ExitCode, 0);
-    EXPECT_TRUE(Contains(result.Err, "Comments are kept for 1 item that")) << result.Err;
+    EXPECT_TRUE(Contains(result.Err, "Comments are kept for zoo~keeper~Keeper, which"))
+        << result.Err;
     Do({"comment", Project(), "Dog", "--tag", "##", "--text", "A dog."});
     mFolder.Write("zoo/keeper.py", "class Keeper:\n    pass\n");
     EXPECT_EQ(Texts("Keeper"), "##=Feeds.;");
