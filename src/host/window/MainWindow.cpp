@@ -57,8 +57,6 @@ MainWindow::MainWindow(Theme& theme) : mTheme(theme) {
     resize(kFirstWidth, kFirstHeight);
     SourcePane::RegisterView(mFactory);
     ItemFinder::RegisterView(mFactory);
-    mFactory.SetShortcut("Next", QKeySequence("Ctrl+Shift+N"));
-    mFactory.SetShortcut("Previous", QKeySequence("Ctrl+Shift+P"));
     mPages = new QStackedWidget(this);
     mPages->addWidget(MakeStartPage());
     setCentralWidget(mPages);

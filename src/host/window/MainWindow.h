@@ -89,7 +89,10 @@ private:
     // Items
     void ShowItem(const Ref<TreeNode>& node);
     void ShowSource(const Ref<Object>& item);
+    void NoteKeyInTree();
     void CommentsChanged(const Ref<Object>& item);
+    /// What a screen reader says of a row: "documented", "private".
+    std::string StateOf(const TreeNode& node) const;
     void NextSibling();
     void PreviousSibling();
     void NextUndocumented();
@@ -128,6 +131,8 @@ private:
     QLabel* mModified;
     CoverageStatus* mCoverage;
     QHash<QString, QAction*> mActions;
+    /// Set while the tree works on a key.
+    bool mKeyInTree = false;
     std::vector<Connection> mConnections;
 };
 

@@ -52,7 +52,7 @@ void MainWindow::MakeFileMenu() {
     AddAction(menu, "Properties", tr("Project &Properties"), "document-properties", {},
               &MainWindow::ShowProperties);
     menu.addSeparator();
-    AddAction(menu, "Close", tr("&Close Project"), "document-close", QKeySequence::Close,
+    AddAction(menu, "Close", tr("&Close Project"), "document-close", QKeySequence("Ctrl+W"),
               &MainWindow::CloseFromMenu);
     auto* quit =
         menu.addAction(Icons::ByName("application-exit"), tr("&Quit"), this, [this] { close(); });
@@ -118,6 +118,8 @@ void MainWindow::MakeViewMenu() {
               &MainWindow::SmallerText);
 }
 
+// The tree's own toolbar has buttons for the siblings; a key may belong to one action only, and the
+// menu is where people look for it.
 void MainWindow::MakeGoMenu() {
     QMenu& menu = *menuBar()->addMenu(tr("&Go"));
     AddAction(menu, "NextSibling", tr("&Next Undocumented Sibling"), "go-next",

@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QLabel>
 #include <QStatusBar>
+#include <QTimer>
 
 namespace paperkite {
 
@@ -45,6 +46,13 @@ void MainWindow::ShowItem(const Ref<TreeNode>& node) {
     mPath->setToolTip(mPath->text());
     mCoverage->SetItem(item ? name : std::string());
     UpdateActions();
+    // The editor takes the focus of every item; who walks the tree by keys goes on walking.
+    if (mKeyInTree) mWorkspace->GetEditor().Project.tvwProject->SetFocus();
+}
+
+void MainWindow::NoteKeyInTree() {
+    mKeyInTree = true;
+    QTimer::singleShot(0, this, [this] { mKeyInTree = false; });
 }
 
 void MainWindow::ShowSource(const Ref<Object>& item) {
@@ -60,6 +68,16 @@ void MainWindow::CommentsChanged(const Ref<Object>& item) {
     const bool documented = project->GetComments()->IsDocumented(name);
     mCoverage->SetDocumented(name, documented);
     ShowTitle();
+}
+
+std::string MainWindow::StateOf(const TreeNode& node) const {
+    if (IsGroupNode(node) || IsPlaceholderKey(node.GetKey())) return {};
+    std::vector<std::string> states;
+    if (node.GetBold()) states.push_back("documented");
+    const auto item = mWorkspace->GetSession().GetProvider()->GetItem(node.GetKey());
+    const std::string access = item ? LowerCase(item->Get("Access").ToText()) : std::string();
+    if (!access.empty() && access != "public") states.push_back(access);
+    return Join(states, ", ");
 }
 
 void MainWindow::ClickTreeCommand(const char* name) {

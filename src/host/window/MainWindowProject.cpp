@@ -3,6 +3,7 @@
 #include "host/window/CoverageStatus.h"
 #include "host/window/NewProjectDialog.h"
 #include "host/window/ScanDialog.h"
+#include "platform/qt/TreeItemModel.h"
 #include "widgets/Container.h"
 
 #include <QAbstractButton>
@@ -87,6 +88,7 @@ void MainWindow::ShowProject(std::unique_ptr<ProjectSession> session) {
     mWorkspace = std::make_unique<Workspace>(std::move(session));
     ProjectEditor& editor = mWorkspace->GetEditor();
     editor.SetUserMode(true);
+    TreeItemModel::SetStateText([this](const TreeNode& node) { return StateOf(node); });
     ConnectEditor();
     mSourcePane = MakeRef<SourcePane>("sourcePane");
     mNoItem = MakeRef<Label>("lblNoItem");
@@ -136,6 +138,7 @@ void MainWindow::AddFinder() {
 void MainWindow::HideProject() {
     if (!mWorkspace) return;
     mConnections.clear();
+    TreeItemModel::SetStateText({});
     mCoverage->SetSession(nullptr);
     mPages->removeWidget(mAuthoring);
     delete mAuthoring;
@@ -156,6 +159,13 @@ void MainWindow::ConnectEditor() {
     };
     keep(editor.Project.Events.NodeClick.Connect([this](const auto& node) { ShowItem(node); }));
     keep(editor.Project.Events.AfterCommand.Connect([this] { UpdateActions(); }));
+    // The editor has pasted by now, and tells nobody of the single comments.
+    keep(editor.Project.Events.PasteCommentsRequested.Connect([this] {
+        const auto item = mWorkspace->GetEditor().cEditor.GetCurrentCodeElement();
+        if (item) CommentsChanged(item);
+    }));
+    keep(editor.Project.Events.KeyDown.Connect([this](int&, int) { NoteKeyInTree(); }));
+    keep(editor.Project.Events.KeyPress.Connect([this](int&) { NoteKeyInTree(); }));
     keep(editor.Events.TaggedCommentAdded.Connect(
         [this](const auto& item, const auto&) { CommentsChanged(item); }));
     keep(editor.Events.TaggedCommentDeleted.Connect(
