@@ -182,10 +182,10 @@ void CommentEditor::zListFlag(const Ref<TaggedCommentDef>& definition) {
     const auto row = prpFlags->Add(tag, FirstOf(definition->TabName, tag));
     row->SetDescription(FirstOf(definition->Tip, definition->DisplayName));
     mPostingtoCheckboxes = true;
+    const ScopeExit donePosting([this] { mPostingtoCheckboxes = false; });
     const auto container = eb->GetGroup("flags")->Item("checkboxcontainer");
     mCheckBoxes.AddCheckbox(*eb, *container, FirstOf(definition->TabName, tag), tag,
                             definition->Tip);
-    mPostingtoCheckboxes = false;
 }
 
 void CommentEditor::zListOffer(const Ref<TaggedCommentDef>& definition) {
@@ -274,10 +274,10 @@ void CommentEditor::UnloadFlagCheckboxes() {
 
 void CommentEditor::TickFlagCheckbox(const std::string& TagID) {
     mPostingtoCheckboxes = true;
+    const ScopeExit donePosting([this] { mPostingtoCheckboxes = false; });
     for (std::size_t index = 1; index <= mCheckBoxes.Count(); ++index)
         if (EqualIgnoringCase(mCheckBoxes.Item(index)->GetTag(), TagID))
             mCheckBoxes.Item(index)->SetChecked(true);
-    mPostingtoCheckboxes = false;
 }
 
 } // namespace paperkite
