@@ -208,7 +208,10 @@ void CommentEditor::SetCommonProperties(const Ref<PropertyItem>& row) {
 
 void CommentEditor::zTickFlags() {
     if (prpFlags->Count() == 0) return;
-    const auto comments = GetTaggedComments()->UnDeletedTaggedComments();
+    // An element whose comments cannot be read was reported with the list.
+    const auto all = GetTaggedComments();
+    if (!all) return;
+    const auto comments = all->UnDeletedTaggedComments();
     for (const auto& comment : *comments) {
         const auto definition = comment->GetTaggedCommentDef();
         if (!definition || !IsFlag(*definition)) continue;
