@@ -1,9 +1,12 @@
 #include "authoring/CommentEditor.h"
 
+#include "foundation/ScopeExit.h"
 #include "foundation/Services.h"
 #include "foundation/Text.h"
 #include "foundation/Utilities.h"
 #include "widgets/Keys.h"
+
+#include <utility>
 
 namespace paperkite {
 
@@ -192,20 +195,20 @@ void CommentEditor::CommitEdit() {
 void CommentEditor::DeleteCommentItem(const std::string& Key) {
     Procedure(*this, "DeleteCommentItem", [&](Frame& frame) {
         Watch watchKey(frame, "Key", Key);
+        // A handler of the deletion may rebuild or empty the list, so that selecting fails.
         prpTags->SuspendUpdates();
+        const ScopeExit resumeUpdates([this] { prpTags->ResumeUpdates(); });
         const auto row = prpTags->Find(Key);
-        if (row && !row->GetReadOnly() && !row->IsHeader()) {
-            mIgnoreReset = true;
-            const std::size_t position = row->GetIndex();
-            const std::string ItemKey = zRowToSelectAfter(position);
-            prpTags->Remove(position);
-            ICommentDesignerHost_TaggedCommentDeleted(mCurrentCodeElement,
-                                                      GetTaggedCommentByKey(row->GetKey()));
-            zSetTagControls("edit", false);
-            prpTags->SetSelectedItem(prpTags->Item(ItemKey));
-            mIgnoreReset = false;
-        }
-        prpTags->ResumeUpdates();
+        if (!row || row->GetReadOnly() || row->IsHeader()) return;
+        const ScopeExit heedChanges(
+            [this, before = std::exchange(mIgnoreReset, true)] { mIgnoreReset = before; });
+        const std::size_t position = row->GetIndex();
+        const std::string ItemKey = zRowToSelectAfter(position);
+        prpTags->Remove(position);
+        ICommentDesignerHost_TaggedCommentDeleted(mCurrentCodeElement,
+                                                  GetTaggedCommentByKey(row->GetKey()));
+        zSetTagControls("edit", false);
+        prpTags->SetSelectedItem(prpTags->Item(ItemKey));
     });
 }
 

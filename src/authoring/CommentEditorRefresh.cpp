@@ -182,10 +182,10 @@ void CommentEditor::zListFlag(const Ref<TaggedCommentDef>& definition) {
     const auto row = prpFlags->Add(tag, FirstOf(definition->TabName, tag));
     row->SetDescription(FirstOf(definition->Tip, definition->DisplayName));
     mPostingtoCheckboxes = true;
+    const ScopeExit donePosting([this] { mPostingtoCheckboxes = false; });
     const auto container = eb->GetGroup("flags")->Item("checkboxcontainer");
     mCheckBoxes.AddCheckbox(*eb, *container, FirstOf(definition->TabName, tag), tag,
                             definition->Tip);
-    mPostingtoCheckboxes = false;
 }
 
 void CommentEditor::zListOffer(const Ref<TaggedCommentDef>& definition) {
@@ -208,7 +208,10 @@ void CommentEditor::SetCommonProperties(const Ref<PropertyItem>& row) {
 
 void CommentEditor::zTickFlags() {
     if (prpFlags->Count() == 0) return;
-    const auto comments = GetTaggedComments()->UnDeletedTaggedComments();
+    // An element whose comments cannot be read was reported with the list.
+    const auto all = GetTaggedComments();
+    if (!all) return;
+    const auto comments = all->UnDeletedTaggedComments();
     for (const auto& comment : *comments) {
         const auto definition = comment->GetTaggedCommentDef();
         if (!definition || !IsFlag(*definition)) continue;
@@ -274,10 +277,10 @@ void CommentEditor::UnloadFlagCheckboxes() {
 
 void CommentEditor::TickFlagCheckbox(const std::string& TagID) {
     mPostingtoCheckboxes = true;
+    const ScopeExit donePosting([this] { mPostingtoCheckboxes = false; });
     for (std::size_t index = 1; index <= mCheckBoxes.Count(); ++index)
         if (EqualIgnoringCase(mCheckBoxes.Item(index)->GetTag(), TagID))
             mCheckBoxes.Item(index)->SetChecked(true);
-    mPostingtoCheckboxes = false;
 }
 
 } // namespace paperkite

@@ -1,5 +1,6 @@
 #include "authoring/CommentEditor.h"
 
+#include "foundation/ScopeExit.h"
 #include "foundation/Services.h"
 #include "foundation/Text.h"
 
@@ -29,12 +30,13 @@ void CommentEditor::SelectCommentType(const std::string& Key, bool ForceRefresh)
         Watch watchKey(frame, "Key", Key);
         Watch watchForce(frame, "ForceRefresh", ForceRefresh);
         mPopulating = true;
+        ScopeExit endPopulating([this] { mPopulating = false; });
         const auto item = Key.empty() ? Ref<GroupItem>() : FindItem(*eb, Key);
         if (Key.empty())
             eb->SetSelectedItem(nullptr);
         else if (item && !item->GetSelected())
             item->SetSelected(true);
-        mPopulating = false;
+        endPopulating.Run();
         CommentTypeSelected(Key);
     });
 }

@@ -1,13 +1,12 @@
 #include "authoring/SplitSetting.h"
 
 #include "foundation/Settings.h"
-#include "foundation/Text.h"
 
 namespace paperkite {
 
 void ReadSplitSetting(SplitPanel& panel, const char* name) {
     const Value size = GetAppValue(name, panel.GetPercentage(), kConvertToText, {});
-    panel.SetPercentage(static_cast<int>(LeadingNumber(size.ToText())));
+    panel.SetPercentage(size.ToInteger());
 }
 
 void WriteSplitSetting(const SplitPanel& panel, const char* name) {

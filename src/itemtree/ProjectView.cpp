@@ -236,7 +236,7 @@ Picture ProjectView::Icon(const std::string& Name) const {
 }
 
 void ProjectView::zNoteChange(const char* property) {
-    Events.PropertyChanged.Raise(property);
+    Procedure(*this, "PropertyChanged", [&](Frame&) { Events.PropertyChanged.Raise(property); });
 }
 
 void ProjectView::SetSupportsSelection(bool value) {

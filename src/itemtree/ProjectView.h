@@ -240,6 +240,7 @@ private:
     void zDecorate(const Ref<TreeNode>& node, const Ref<Object>& Item);
     void zSetTick(const Ref<TreeNode>& node, const Ref<NamespaceDef>& nd,
                   const Ref<TreeNode>& ParentNode);
+    bool zIsExcluded(const std::string& qName) const;
     bool zAddPlaceholder(const Ref<TreeNode>& node, const Ref<NamespaceDef>& nd);
     void zLoadEagerly(const Ref<TreeNode>& node, const Ref<NamespaceDef>& nd);
     void zAddItems(Ref<NamespaceDef>& cnd, const Ref<ObjectCollection>& items,

@@ -194,8 +194,13 @@ void ProjectView::zSetTick(const Ref<TreeNode>& node, const Ref<NamespaceDef>& n
     else if (ParentNode && !GetIsNodeChecked(ParentNode))
         SetIsNodeChecked(node, false);
     else
-        SetIsNodeChecked(node, !Utilities::ContainsKey(*mExclusions, node->GetKey()));
+        SetIsNodeChecked(node, !zIsExcluded(node->GetKey()));
     NodeChecked(node);
+}
+
+bool ProjectView::zIsExcluded(const std::string& qName) const {
+    // A host that brought no collection excludes nothing.
+    return mExclusions && Utilities::ContainsKey(*mExclusions, qName);
 }
 
 bool ProjectView::zAddPlaceholder(const Ref<TreeNode>& node, const Ref<NamespaceDef>& nd) {

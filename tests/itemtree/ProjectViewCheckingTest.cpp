@@ -225,6 +225,38 @@ TEST_F(ProjectViewCheckingTest, AHostsOwnCollectionIsUsedByReference) {
     EXPECT_EQ(TextsOf(*own), "P~B");
 }
 
+TEST_F(ProjectViewCheckingTest, TickingAClosedGroupTicksItsItemsAndLeavesTheirChildrenUnloaded) {
+    mView.SetGrouped(true);
+    mModel.Def("Test:Class")->GroupInSelection = true;
+    Load();
+    Open("P");
+    const std::string group = "P_Test:Class";
+    Node(group)->SetExpanded(false);
+    mModel.Log.Take();
+    Click(group);
+    EXPECT_EQ(Exclusions(), "P~A P~B P~C");
+    Click(group);
+    EXPECT_EQ(Exclusions(), "");
+    for (const char* name : {"P~A", "P~B", "P~C"}) {
+        EXPECT_TRUE(Node(name)->GetChecked()) << name;
+        EXPECT_EQ(Flags(name), "i--") << name;
+    }
+    EXPECT_TRUE(Has("P~A_dummy"));
+    EXPECT_EQ(mServices.TakeReports(), "");
+}
+
+TEST_F(ProjectViewCheckingTest, WithoutACollectionOfExclusionsEverythingIsTicked) {
+    mView.SetExclusions(nullptr);
+    Load();
+    Open("P");
+    EXPECT_EQ(mServices.TakeReports(), "");
+    EXPECT_TRUE(Has("P~C"));
+    EXPECT_TRUE(Node("P~A")->GetChecked());
+    Click("P~A");
+    EXPECT_EQ(Flags("P~A"), "-e-");
+    EXPECT_EQ(mServices.TakeReports(), "");
+}
+
 TEST_F(ProjectViewCheckingTest, AnItemThatTheModelLostIsReportedOnce) {
     mModel.Provider->Items.erase("P~A~Run");
     Click("P~A~Run");

@@ -198,9 +198,84 @@ TEST_F(ProjectViewCommandsTest, PropertiesGoThroughTheBagAndBack) {
 }
 
 TEST_F(ProjectViewCommandsTest, ATreeThatBeginsWithCheckBoxesHasNoToolbar) {
+    mView.UserControl_InitProperties();
+    EXPECT_TRUE(mView.Dock->GetToolbar(1)->GetVisible());
     mView.tvwProject->SetSupportsSelection(true);
     mView.UserControl_InitProperties();
-    EXPECT_EQ(mView.Dock->GetToolbar(1)->GetVisible(), !mView.GetSupportsSelection());
+    EXPECT_FALSE(mView.Dock->GetToolbar(1)->GetVisible());
+}
+
+TEST_F(ProjectViewCommandsTest, FontAndPointerPictureGoThroughTheBag) {
+    const FontDescription font{"Noto Sans", 11.5, true, false};
+    mView.SetFont(font);
+    mView.tvwProject->SetMouseIcon({{}, "/icons/pointer.ico", {}});
+    PropertyBag bag;
+    mView.UserControl_WriteProperties(bag);
+    ProjectView other;
+    other.UserControl_ReadProperties(bag);
+    EXPECT_EQ(other.GetFont(), font);
+    EXPECT_EQ(other.tvwProject->GetMouseIcon().Path, "/icons/pointer.ico");
+    other.UserControl_ReadProperties({});
+    EXPECT_EQ(other.GetFont(), FontDescription());
+    EXPECT_TRUE(other.tvwProject->GetMouseIcon().IsEmpty());
+    EXPECT_EQ(mServices.TakeReports(), "");
+}
+
+TEST_F(ProjectViewCommandsTest, AnUnreadableStoredPropertyIsReportedOnce) {
+    PropertyBag bag;
+    bag.WriteProperty("Indentation", Value(Value::Null()));
+    mView.UserControl_ReadProperties(bag);
+    EXPECT_EQ(mServices.TakeReports(), "ProjectView.UserControl_ReadProperties (13)\n");
+}
+
+TEST_F(ProjectViewCommandsTest, TheToolbarStyleGoesThroughTheHelper) {
+    struct Helper : ModelControlHelper {
+        void ApplyToolbarStyle(DockHost& dock, int style) override {
+            Asked += dock.GetName() + std::to_string(style) + " ";
+            ModelControlHelper::ApplyToolbarStyle(dock, style);
+        }
+        std::string Asked;
+    };
+    const auto helper = std::make_shared<Helper>();
+    CurrentServices().ControlHelper = helper;
+    mView.SetToolbarStyle(2);
+    EXPECT_EQ(mView.Dock->GetToolbarStyle(), ToolbarStyle::TextUnderIcons);
+    mView.SetToolbarStyle(99);
+    EXPECT_EQ(mView.Dock->GetToolbarStyle(), ToolbarStyle::TextUnderIcons);
+    EXPECT_EQ(helper->Asked, "Dock2 Dock99 ");
+    CurrentServices().ControlHelper = nullptr;
+    mView.SetToolbarStyle(1);
+    EXPECT_EQ(mServices.TakeReports(), "ProjectView.ToolbarStyle (429)\n");
+}
+
+TEST_F(ProjectViewCommandsTest, LabelEditsArePassedOnAndAnswered) {
+    Load();
+    bool refuse = false;
+    std::string heard;
+    EventLog log;
+    log.Keep(mView.Events.BeforeLabelEdit.Connect([&](bool& cancel) { cancel = refuse; }));
+    log.Keep(mView.Events.AfterLabelEdit.Connect([&](bool& cancel, std::string& text) {
+        heard += text + " ";
+        cancel = text == "bad";
+        text += "!";
+    }));
+    ASSERT_TRUE(mView.tvwProject->UserBeginLabelEdit(Node("P")));
+    mView.tvwProject->UserEndLabelEdit("new");
+    EXPECT_EQ(Node("P")->GetText(), "new!");
+    ASSERT_TRUE(mView.tvwProject->UserBeginLabelEdit(Node("P")));
+    mView.tvwProject->UserEndLabelEdit("bad");
+    EXPECT_EQ(Node("P")->GetText(), "new!");
+    refuse = true;
+    EXPECT_FALSE(mView.tvwProject->UserBeginLabelEdit(Node("P")));
+    EXPECT_EQ(heard, "new bad ");
+}
+
+TEST_F(ProjectViewCommandsTest, AFailingHandlerOfAPropertyChangeIsReportedOnce) {
+    const auto tie = mView.Events.PropertyChanged.Connect(
+        [](const std::string&) { RaiseError(ErrorNumber::InvalidCall); });
+    EXPECT_NO_THROW(mView.SetIndentation(7));
+    EXPECT_EQ(mView.GetIndentation(), 7);
+    EXPECT_EQ(mServices.TakeReports(), "ProjectView.PropertyChanged (5)\n");
 }
 
 TEST_F(ProjectViewCommandsTest, SettersNoteTheChangeForTheHost) {

@@ -7,6 +7,10 @@ namespace paperkite::test {
 
 namespace {
 
+void Used(const char* way, std::string_view member) {
+    if (TestItem::OnUse) TestItem::OnUse(std::string(way) + "(" + std::string(member) + ")");
+}
+
 std::string NameOf(const Ref<Object>& item) {
     return item ? item->Get("QualifiedName").ToText() : "nothing";
 }
@@ -28,11 +32,13 @@ TestItem::TestItem(EventLog& log, std::string typeName, const std::string& quali
 }
 
 Value TestItem::Get(std::string_view member) const {
+    Used("Get", member);
     const auto found = mMembers.find(member);
     return found == mMembers.end() ? Object::Get(member) : found->second;
 }
 
 void TestItem::Set(std::string_view member, const Value& value) {
+    Used("Set", member);
     const auto found = mMembers.find(member);
     if (found == mMembers.end()) return Object::Set(member, value);
     found->second = value;
@@ -40,6 +46,7 @@ void TestItem::Set(std::string_view member, const Value& value) {
 }
 
 Value TestItem::Call(std::string_view member, const std::vector<Value>& arguments) {
+    Used("Call", member);
     if (mTypeName != "CodeProject" || (member != "Prepare" && member != "Load"))
         return Object::Call(member, arguments);
     std::string call = std::string(member) + "(" + QualifiedName();

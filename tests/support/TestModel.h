@@ -35,6 +35,9 @@ public:
     Ref<TaggedComment> Comment(const std::string& tag, const std::string& text = "text",
                                const std::string& id = {}, int state = 0);
 
+    /// Runs before each use of a member of any item, with "Get(Name)" and the like; may raise.
+    inline static std::function<void(const std::string&)> OnUse;
+
     /// The name of the definition that covers the item.
     std::string DefinitionName;
     std::vector<Ref<TestItem>> Children;
