@@ -1,4 +1,4 @@
-#include "CommentEditorFixture.h"
+#include "authoring/CommentEditorFixture.h"
 
 namespace paperkite::test {
 namespace {

@@ -1,4 +1,4 @@
-#include "ProjectEditorFixture.h"
+#include "authoring/ProjectEditorFixture.h"
 
 namespace paperkite::test {
 namespace {

@@ -1,7 +1,7 @@
 #include "foundation/MemberTable.h"
 
 #include "foundation/TaggedComment.h"
-#include "widgets/EventLog.h"
+#include "support/EventLog.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "foundation/NamespaceDefs.h"
 
-#include "widgets/EventLog.h"
+#include "support/EventLog.h"
 
 #include <gtest/gtest.h>
 

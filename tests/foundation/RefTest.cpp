@@ -1,7 +1,7 @@
 #include "foundation/Ref.h"
 
 #include "foundation/Object.h"
-#include "widgets/EventLog.h"
+#include "support/EventLog.h"
 
 #include <gtest/gtest.h>
 

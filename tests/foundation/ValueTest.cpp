@@ -1,7 +1,7 @@
 #include "foundation/Value.h"
 
 #include "foundation/NamespaceDefs.h"
-#include "widgets/EventLog.h"
+#include "support/EventLog.h"
 
 #include <gtest/gtest.h>
 
