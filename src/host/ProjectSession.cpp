@@ -64,6 +64,10 @@ ProjectSession::OpenResult ProjectSession::Create(const NewProject& wanted,
     std::error_code ignored;
     if (fs::exists(path, ignored))
         return Problem(path + " is there already. Choose another name, or open that project.");
+    const fs::path home = fs::absolute(path, ignored).parent_path();
+    if (!fs::is_directory(home, ignored))
+        return Problem("There is no folder " + home.string() +
+                       " to keep the project in. Make it first, or choose another place.");
     auto made = ProjectDocument::New(path);
     if (made.Problem) return Problem(made.Problem->Message());
     const fs::path folder = fs::weakly_canonical(wanted.SourceFolder, ignored);

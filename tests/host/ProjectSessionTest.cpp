@@ -130,11 +130,11 @@ TEST_F(ProjectSessionTest, MissingCtagsIsNamedWithItsPackage) {
     EXPECT_EQ(mFolder.Read("zoo.kiteproject"), bytes);
 }
 
-TEST_F(ProjectSessionTest, AFolderThatCannotBeWrittenToIsNamed) {
+TEST_F(ProjectSessionTest, AProjectInAFolderThatIsNotThereIsRefused) {
     const auto result =
         ProjectSession::Create({mFolder / "nowhere/p.kiteproject", mFolder / "zoo", {}, {}});
     EXPECT_FALSE(result.Session);
-    EXPECT_TRUE(Contains(result.Problem, "Make the folder \"" + (mFolder / "nowhere") + "\" first"))
+    EXPECT_TRUE(Contains(result.Problem, "There is no folder " + (mFolder / "nowhere")))
         << result.Problem;
 }
 
@@ -172,6 +172,14 @@ TEST_F(ProjectSessionTest, AClassIsMeantByTheNameThatItsConstructorHasToo) {
     const auto session = Create();
     EXPECT_EQ(session->Resolve("Keeper"), "zoo~Keeper");
     EXPECT_EQ(session->Resolve("Keeper::Keeper"), "zoo~Keeper~Keeper");
+}
+
+TEST_F(ProjectSessionTest, ItemsAreFoundByAPartOfTheirNamesTheWholeOneFirst) {
+    const auto session = Create();
+    EXPECT_EQ(session->FindByName("BARK", 10), Names{"zoo~animals~Dog~Bark"});
+    EXPECT_EQ(session->FindByName("o", 1).size(), 1u);
+    EXPECT_EQ(session->FindByName("dog", 10).at(0), "zoo~animals~Dog");
+    EXPECT_EQ(session->FindByName("unicorn", 10), Names());
 }
 
 TEST_F(ProjectSessionTest, TheNearestNamesHelpWhereNoneFits) {

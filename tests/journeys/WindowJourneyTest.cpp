@@ -213,6 +213,30 @@ TEST_F(WindowJourneyTest, F8GoesThroughTheWholeProjectAndSaysWhenItIsDone) {
     EXPECT_EQ(Selected(), "zoo~animals~Dog~Bark");
 }
 
+TEST_F(WindowJourneyTest, TheFinderLeadsToAnItemByAPartOfItsName) {
+    OpenProject();
+    PressKey(Qt::Key_F, Qt::ControlModifier);
+    auto* field = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    ASSERT_TRUE(field);
+    QTest::keyClicks(field, "bar");
+    QTest::keyClick(field, Qt::Key_Return);
+    Settle();
+    EXPECT_EQ(Selected(), "zoo~animals~Dog~Bark");
+    EXPECT_TRUE(IsShown("zoo~animals~Dog~Bark"));
+}
+
+TEST_F(WindowJourneyTest, TheFinderStaysWhereItIsWhenNothingFits) {
+    OpenProject();
+    const std::string before = Selected();
+    PressKey(Qt::Key_F, Qt::ControlModifier);
+    auto* field = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    ASSERT_TRUE(field);
+    QTest::keyClicks(field, "unicorn");
+    QTest::keyClick(field, Qt::Key_Return);
+    Settle();
+    EXPECT_EQ(Selected(), before);
+}
+
 TEST_F(WindowJourneyTest, RowsTellScreenReadersTheirState) {
     OpenToDog();
     EXPECT_FALSE(Contains(Spoken("zoo~animals~Dog"), "documented"));
