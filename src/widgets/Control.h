@@ -2,6 +2,7 @@
 
 #include "foundation/Event.h"
 #include "foundation/Ref.h"
+#include "widgets/Changing.h"
 #include "widgets/Picture.h"
 
 #include <cstdint>
@@ -54,13 +55,13 @@ using Colour = std::optional<std::uint32_t>;
 /// Every setter leaves an unchanged value alone; otherwise it assigns, tells the views, and raises
 /// what the role raises. Methods whose names begin with User are the author's gestures: only views,
 /// tests and the command line call them; a disabled or hidden control ignores them.
-class Control {
+class Control : public Changing {
 public:
     Control() = default;
     explicit Control(std::string name);
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;
-    virtual ~Control();
+    ~Control() override;
 
     /// The name under which a component owns the control.
     const std::string& GetName() const { return mName; }
@@ -162,16 +163,7 @@ public:
     } ControlEvents;
 
 protected:
-    /// The order that all setters keep; true when the value was a new one, for the caller to raise.
-    template <class Field, class Given>
-    bool Assign(Field& field, const Given& value) {
-        if (field == value) return false;
-        field = value;
-        TellChanged();
-        return true;
-    }
-
-    void TellChanged();
+    void TellChanged() override;
 
     bool HasObservers() const;
 

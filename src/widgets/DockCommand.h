@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/Ref.h"
+#include "widgets/Changing.h"
 
 #include <memory>
 #include <string>
@@ -12,12 +13,12 @@ class DockHost;
 
 /// One command of a DockHost: what its buttons and menu entries show and do. A removed command
 /// keeps its fields and is heard no more.
-class DockCommand {
+class DockCommand : public Changing {
 public:
     explicit DockCommand(std::string name);
     DockCommand(const DockCommand&) = delete;
     DockCommand& operator=(const DockCommand&) = delete;
-    virtual ~DockCommand();
+    ~DockCommand() override;
 
     const std::string& GetName() const { return mName; }
 
@@ -58,19 +59,11 @@ public:
     DockCommands& GetPopupCommands();
 
 protected:
-    template <class Field>
-    bool Assign(Field& field, const Field& value) {
-        if (field == value) return false;
-        field = value;
-        TellChanged();
-        return true;
-    }
-
     DockHost* Host() const { return mHost; }
 
 private:
     friend class DockCommands;
-    void TellChanged();
+    void TellChanged() override;
     void SetHost(DockHost* host);
 
     DockHost* mHost = nullptr;

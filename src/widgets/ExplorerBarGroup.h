@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/Collection.h"
+#include "widgets/Changing.h"
 #include "widgets/GroupItem.h"
 
 #include <string>
@@ -10,12 +11,12 @@ namespace paperkite {
 class ExplorerBar;
 
 /// A card of the bar: a caption and its items, by key and by position from 1, in order.
-class ExplorerBarGroup {
+class ExplorerBarGroup : public Changing {
 public:
     ExplorerBarGroup(std::string key, std::string caption);
     ExplorerBarGroup(const ExplorerBarGroup&) = delete;
     ExplorerBarGroup& operator=(const ExplorerBarGroup&) = delete;
-    ~ExplorerBarGroup();
+    ~ExplorerBarGroup() override;
 
     const std::string& GetKey() const { return mKey; }
 
@@ -83,14 +84,7 @@ private:
     friend class ExplorerBar;
     friend class GroupItem;
 
-    template <class Field>
-    void Assign(Field& field, const Field& value) {
-        if (field == value) return;
-        field = value;
-        TellChanged();
-    }
-
-    void TellChanged();
+    void TellChanged() override;
     void Release(const Ref<GroupItem>& item);
 
     ExplorerBar* mBar = nullptr;

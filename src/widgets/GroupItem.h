@@ -1,5 +1,6 @@
 #pragma once
 
+#include "widgets/Changing.h"
 #include "widgets/Control.h"
 
 #include <string>
@@ -10,7 +11,7 @@ class ExplorerBarGroup;
 
 /// One line of a group: a text to choose, or a place that holds a control. A removed item keeps its
 /// fields and is heard no more.
-class GroupItem {
+class GroupItem : public Changing {
 public:
     GroupItem(std::string key, std::string caption);
     GroupItem(const GroupItem&) = delete;
@@ -69,14 +70,7 @@ private:
     friend class ExplorerBar;
     friend class ExplorerBarGroup;
 
-    template <class Field>
-    void Assign(Field& field, const Field& value) {
-        if (field == value) return;
-        field = value;
-        TellChanged();
-    }
-
-    void TellChanged();
+    void TellChanged() override;
 
     ExplorerBarGroup* mGroup = nullptr;
     std::string mKey;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "widgets/Changing.h"
 #include "widgets/Control.h"
 
 #include <cstddef>
@@ -19,7 +20,7 @@ enum class PropertyValueType { String, Number, Boolean, Choice };
 enum class ValueColour { Default, GrayText };
 
 /// One row of a PropertiesList. A removed row keeps its fields, has Index 0 and is heard no more.
-class PropertyItem {
+class PropertyItem : public Changing {
 public:
     explicit PropertyItem(std::string key) : mKey(std::move(key)) {}
 
@@ -100,15 +101,7 @@ public:
 private:
     friend class PropertiesList;
 
-    template <class Field>
-    bool Assign(Field& field, const Field& value) {
-        if (field == value) return false;
-        field = value;
-        TellChanged();
-        return true;
-    }
-
-    void TellChanged();
+    void TellChanged() override;
 
     PropertiesList* mList = nullptr;
     std::size_t mIndex = 0;

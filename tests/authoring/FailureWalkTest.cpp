@@ -257,6 +257,15 @@ int One(Scene&) {
     return 1;
 }
 
+/// Opens the note of an item and types over it, without leaving the edit.
+void RewriteNoteOfA(Scene& scene) {
+    scene.Tree().SelectItem("P~A");
+    auto& list = *scene.Comments().prpTags;
+    list.SetSelectedItem(list.Item("P~A-note"));
+    list.BeginEdit();
+    list.UserType("rewritten");
+}
+
 TEST(FailureWalkTest, LoadingTheTree) {
     Walk walk;
     walk.Prepare = [](Scene& scene) { scene.Tree().Clear(); };
@@ -440,13 +449,7 @@ TEST(FailureWalkTest, ClickingANode) {
 
 TEST(FailureWalkTest, CommittingThroughTheScreen) {
     Walk walk;
-    walk.Prepare = [](Scene& scene) {
-        scene.Tree().SelectItem("P~A");
-        auto& list = *scene.Comments().prpTags;
-        list.SetSelectedItem(list.Item("P~A-note"));
-        list.BeginEdit();
-        list.UserType("rewritten");
-    };
+    walk.Prepare = RewriteNoteOfA;
     walk.Operate = [](Scene& scene) { scene.Editor->CommitEdit(); };
     walk.Done = [](Scene& scene) {
         return scene.TextOf("P~A") == "rewritten" &&
@@ -476,13 +479,7 @@ TEST(FailureWalkTest, PastingComments) {
 
 TEST(FailureWalkTest, RefreshingTheScreen) {
     Walk walk;
-    walk.Prepare = [](Scene& scene) {
-        scene.Tree().SelectItem("P~A");
-        auto& list = *scene.Comments().prpTags;
-        list.SetSelectedItem(list.Item("P~A-note"));
-        list.BeginEdit();
-        list.UserType("rewritten");
-    };
+    walk.Prepare = RewriteNoteOfA;
     walk.Operate = [](Scene& scene) { scene.Editor->Refresh(); };
     walk.Done = [](Scene& scene) {
         return scene.TextOf("P~A") == "rewritten" && scene.Lists("rewritten") &&
