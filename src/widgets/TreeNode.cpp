@@ -4,32 +4,17 @@
 
 namespace paperkite {
 
-namespace {
-
-const std::string& TextOr(const std::string* shared) {
+const std::string& TreeNode::None() {
     static const std::string none;
-    return shared ? *shared : none;
+    return none;
 }
 
-} // namespace
-
-TreeControl& TreeNode::Tree() const {
-    if (!mTree) RaiseError(ErrorNumber::ObjectNotSet, "The tree node was deleted");
-    return *mTree;
+void TreeNode::RaiseDetached() {
+    RaiseError(ErrorNumber::ObjectNotSet, "The tree node was deleted");
 }
 
 Ref<TreeNode> TreeNode::Self() const {
     return Tree().Nodes.RefOf(this);
-}
-
-const std::string& TreeNode::GetKey() const {
-    Tree();
-    return mKey;
-}
-
-const std::string& TreeNode::GetText() const {
-    Tree();
-    return mText;
 }
 
 void TreeNode::SetText(const std::string& value) {
@@ -39,18 +24,8 @@ void TreeNode::SetText(const std::string& value) {
     tree.TellNodeChanged(*this);
 }
 
-const std::string& TreeNode::GetTag() const {
-    Tree();
-    return TextOr(mTag);
-}
-
 void TreeNode::SetTag(const std::string& value) {
     mTag = Tree().Nodes.Shared(value);
-}
-
-const std::string& TreeNode::GetImage() const {
-    Tree();
-    return TextOr(mImage);
 }
 
 void TreeNode::SetImage(const std::string& value) {
@@ -58,11 +33,6 @@ void TreeNode::SetImage(const std::string& value) {
     if (GetImage() == value) return;
     mImage = tree.Nodes.Shared(value);
     tree.TellNodeChanged(*this);
-}
-
-const std::string& TreeNode::GetExpandedImage() const {
-    Tree();
-    return TextOr(mExpandedImage);
 }
 
 void TreeNode::SetExpandedImage(const std::string& value) {
@@ -96,16 +66,6 @@ TreeChildren TreeNode::GetChildren() const {
     return TreeChildren(Tree(), this);
 }
 
-bool TreeNode::GetIsExpandable() const {
-    Tree();
-    return mChildCount > 0;
-}
-
-bool TreeNode::GetExpanded() const {
-    Tree();
-    return mExpanded;
-}
-
 void TreeNode::SetExpanded(bool value) {
     TreeControl& tree = Tree();
     if (mExpanded == value) return;
@@ -124,11 +84,6 @@ void TreeNode::SetSelected(bool value) {
     mTree->SetSelectedItem(value ? Self() : Ref<TreeNode>());
 }
 
-bool TreeNode::GetBold() const {
-    Tree();
-    return mBold;
-}
-
 void TreeNode::SetBold(bool value) {
     SetFlag(mBold, value);
 }
@@ -143,11 +98,6 @@ void TreeNode::SetForeColor(const Colour& value) {
     mHasForeColor = value.has_value();
     mForeColor = value.value_or(0);
     mTree->TellNodeChanged(*this);
-}
-
-bool TreeNode::GetChecked() const {
-    Tree();
-    return mChecked;
 }
 
 void TreeNode::SetChecked(bool value) {

@@ -26,21 +26,21 @@ public:
     bool IsAttached() const { return mTree != nullptr; }
 
     /// Unique in the tree, compared exactly; empty for a node that has none.
-    const std::string& GetKey() const;
+    const std::string& GetKey() const { return Attached().mKey; }
 
-    const std::string& GetText() const;
+    const std::string& GetText() const { return Attached().mText; }
     void SetText(const std::string& value);
 
     /// Anything that the component wants to keep with the node.
-    const std::string& GetTag() const;
+    const std::string& GetTag() const { return TextOr(Attached().mTag); }
     void SetTag(const std::string& value);
 
     /// Key into the tree's image list.
-    const std::string& GetImage() const;
+    const std::string& GetImage() const { return TextOr(Attached().mImage); }
     void SetImage(const std::string& value);
 
     /// Key of the image that an expanded node shows; empty for the same as Image.
-    const std::string& GetExpandedImage() const;
+    const std::string& GetExpandedImage() const { return TextOr(Attached().mExpandedImage); }
     void SetExpandedImage(const std::string& value);
 
     /// Nothing for a top-level node.
@@ -54,9 +54,9 @@ public:
     TreeChildren GetChildren() const;
 
     /// Whether the node has children, so that the author can open it.
-    bool GetIsExpandable() const;
+    bool GetIsExpandable() const { return Attached().mChildCount > 0; }
 
-    bool GetExpanded() const;
+    bool GetExpanded() const { return Attached().mExpanded; }
     /// Opening raises Expanding before and Expand after, closing raises Collapse after. A handler
     /// of Expanding may add and delete nodes; if it opened, deleted or emptied the node itself,
     /// nothing more happens. A node without children does not open; its Expanding is still raised,
@@ -67,13 +67,13 @@ public:
     /// True makes it the tree's selected node; False takes the selection away if it has it.
     void SetSelected(bool value);
 
-    bool GetBold() const;
+    bool GetBold() const { return Attached().mBold; }
     void SetBold(bool value);
 
     Colour GetForeColor() const;
     void SetForeColor(const Colour& value);
 
-    bool GetChecked() const;
+    bool GetChecked() const { return Attached().mChecked; }
     /// Raises nothing: only the author's own click raises NodeCheck.
     void SetChecked(bool value);
 
@@ -92,12 +92,23 @@ private:
     friend class TreeControl;
     friend class TreeNodes;
 
-    TreeControl& Tree() const;
+    const TreeNode& Attached() const {
+        if (!mTree) RaiseDetached();
+        return *this;
+    }
+
+    static const std::string& TextOr(const std::string* shared) {
+        return shared ? *shared : None();
+    }
+
+    static const std::string& None();
+    [[noreturn]] static void RaiseDetached();
+    TreeControl& Tree() const { return *Attached().mTree; }
     Ref<TreeNode> Self() const;
     void SetFlag(bool& flag, bool value);
 
     // Lean on purpose, since a tree may hold a million: image keys and tags are shared texts of the
-    // tree, and the key stands only here (the look-up table holds node addresses).
+    // tree, and the key stands only here (the look-up table holds hashes and slots).
     TreeControl* mTree = nullptr;
     TreeNode* mParent = nullptr;
     TreeNode* mFirstChild = nullptr;

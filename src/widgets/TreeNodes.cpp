@@ -2,7 +2,59 @@
 
 #include "widgets/TreeControl.h"
 
+#include <utility>
+
 namespace paperkite {
+
+template <class Test>
+std::uint32_t TreeNodes::KeyTable::Find(std::uint32_t hash, const Test& isWanted) const {
+    if (mEntries.empty()) return kNoSlot;
+    for (std::size_t at = hash & Mask(); mEntries[at].Slot != kNoSlot; at = (at + 1) & Mask())
+        if (mEntries[at].Hash == hash && isWanted(mEntries[at].Slot)) return mEntries[at].Slot;
+    return kNoSlot;
+}
+
+void TreeNodes::KeyTable::Insert(std::uint32_t hash, std::uint32_t slot) {
+    if (4 * (mCount + 1) > 3 * mEntries.size()) Grow();
+    Place({hash, slot});
+    ++mCount;
+}
+
+void TreeNodes::KeyTable::Place(Entry entry) {
+    std::size_t at = entry.Hash & Mask();
+    while (mEntries[at].Slot != kNoSlot)
+        at = (at + 1) & Mask();
+    mEntries[at] = entry;
+}
+
+void TreeNodes::KeyTable::Grow() {
+    const auto old = std::exchange(mEntries, {});
+    mEntries.resize(old.empty() ? 64 : 2 * old.size());
+    for (const Entry& entry : old)
+        if (entry.Slot != kNoSlot) Place(entry);
+}
+
+template <class Map>
+void TreeNodes::KeyTable::Renumber(const Map& newSlot) {
+    for (Entry& entry : mEntries)
+        if (entry.Slot != kNoSlot) entry.Slot = newSlot(entry.Slot);
+}
+
+void TreeNodes::KeyTable::Erase(std::uint32_t hash, std::uint32_t slot) {
+    std::size_t at = hash & Mask();
+    while (mEntries[at].Slot != slot)
+        at = (at + 1) & Mask();
+    // What follows closes the gap, unless it would then stand before its own place.
+    for (std::size_t next = (at + 1) & Mask(); mEntries[next].Slot != kNoSlot;
+         next = (next + 1) & Mask()) {
+        const std::size_t home = mEntries[next].Hash & Mask();
+        if (((next - home) & Mask()) < ((next - at) & Mask())) continue;
+        mEntries[at] = mEntries[next];
+        at = next;
+    }
+    mEntries[at] = {};
+    --mCount;
+}
 
 TreeNodes::TreeNodes(TreeControl& tree) : mTree(tree) {}
 
@@ -14,14 +66,16 @@ Ref<TreeNode> TreeNodes::Add(const Ref<TreeNode>& relative, TreeRelationship rel
                              const std::string& key, const std::string& text,
                              const std::string& image) {
     CheckRelative(relative);
+    const std::uint32_t hash = KeyTable::HashOf(key);
+    if (SlotOf(key, hash) != KeyTable::kNoSlot)
+        RaiseError(ErrorNumber::KeyAlreadyThere, "The key \"" + key + "\" is already in the tree");
     Ref<TreeNode> node = MakeRef<TreeNode>();
     node->mKey = key;
-    if (!key.empty() && !mByKey.insert(node.get()).second)
-        RaiseError(ErrorNumber::KeyAlreadyThere, "The key \"" + key + "\" is already in the tree");
     node->mText = text;
     node->mImage = Shared(image);
     node->mSlot = static_cast<std::uint32_t>(mSlots.size());
     mSlots.push_back(node);
+    if (!key.empty()) mByKey.Insert(hash, node->mSlot);
     ++mCount;
     Link(*node, relative.get(), relationship);
     mTree.TellCame(*node);
@@ -97,8 +151,8 @@ void TreeNodes::DetachSubtree(TreeNode& top) {
         TreeNode* const parent = node->mParent;
         const bool last = node == &top;
         if (!last) parent->mFirstChild = next;
+        if (!node->mKey.empty()) mByKey.Erase(KeyTable::HashOf(node->mKey), node->mSlot);
         const Ref<TreeNode> kept = std::move(mSlots[node->mSlot]);
-        if (!node->mKey.empty()) mByKey.erase(node);
         --mCount;
         Detach(*node);
         node = last ? nullptr : next ? next : parent;
@@ -116,7 +170,7 @@ void TreeNodes::Detach(TreeNode& node) {
 }
 
 void TreeNodes::DetachAll() {
-    mByKey.clear();
+    mByKey.Clear();
     for (const auto& node : mSlots)
         if (node) Detach(*node);
     mSlots.clear();
@@ -124,6 +178,7 @@ void TreeNodes::DetachAll() {
     mTopCount = 0;
     mFirstTop = mLastTop = nullptr;
     mSharedTexts.clear();
+    mLastShared = nullptr;
 }
 
 void TreeNodes::Clear() {
@@ -165,20 +220,29 @@ std::size_t TreeNodes::PositionOf(const TreeNode& node) const {
 }
 
 void TreeNodes::Sweep() const {
-    std::erase_if(mSlots, [](const Ref<TreeNode>& node) { return !node; });
     std::uint32_t slot = 0;
     for (const auto& node : mSlots)
-        node->mSlot = slot++;
+        if (node) node->mSlot = slot++;
+    mByKey.Renumber([this](std::uint32_t old) { return mSlots[old]->mSlot; });
+    std::erase_if(mSlots, [](const Ref<TreeNode>& node) { return !node; });
+}
+
+std::uint32_t TreeNodes::SlotOf(std::string_view key) const {
+    return SlotOf(key, KeyTable::HashOf(key));
+}
+
+std::uint32_t TreeNodes::SlotOf(std::string_view key, std::uint32_t hash) const {
+    if (key.empty()) return KeyTable::kNoSlot;
+    return mByKey.Find(hash, [&](std::uint32_t slot) { return mSlots[slot]->mKey == key; });
 }
 
 Ref<TreeNode> TreeNodes::Find(std::string_view key) const {
-    if (key.empty()) return nullptr;
-    const auto found = mByKey.find(key);
-    return found == mByKey.end() ? Ref<TreeNode>() : RefOf(*found);
+    const std::uint32_t slot = SlotOf(key);
+    return slot == KeyTable::kNoSlot ? Ref<TreeNode>() : mSlots[slot];
 }
 
 bool TreeNodes::Contains(std::string_view key) const {
-    return mByKey.contains(key);
+    return SlotOf(key) != KeyTable::kNoSlot;
 }
 
 Ref<TreeNode> TreeNodes::GetFirst() const {
@@ -196,7 +260,10 @@ Ref<TreeNode> TreeNodes::RefOf(const TreeNode* node) const {
 }
 
 const std::string* TreeNodes::Shared(const std::string& text) {
-    return text.empty() ? nullptr : &*mSharedTexts.insert(text).first;
+    if (text.empty()) return nullptr;
+    // Neighbours mostly bear the same image and tag.
+    if (!mLastShared || *mLastShared != text) mLastShared = &*mSharedTexts.insert(text).first;
+    return mLastShared;
 }
 
 TreeNodes::Walk::Walk(const TreeNodes& nodes, std::size_t slot) : mNodes(&nodes), mSlot(slot) {

@@ -3,6 +3,8 @@
 #include "foundation/Ref.h"
 #include "widgets/TreeNode.h"
 
+#include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -87,27 +89,39 @@ private:
     friend class TreeControl;
     friend class TreeNode;
 
-    struct KeyHash {
-        using is_transparent = void;
+    /// Where the node of a key stands in mSlots: an open hash table of a power of two entries,
+    /// never more than three in four of them taken. An entry keeps its key's hash, so that growing
+    /// looks at no node.
+    class KeyTable {
+    public:
+        static constexpr std::uint32_t kNoSlot = 0xFFFFFFFF;
 
-        std::size_t operator()(std::string_view key) const {
-            return std::hash<std::string_view>{}(key);
+        static std::uint32_t HashOf(std::string_view key) {
+            const std::size_t hash = std::hash<std::string_view>{}(key);
+            return static_cast<std::uint32_t>(hash ^ (hash >> 32));
         }
 
-        std::size_t operator()(const TreeNode* node) const { return (*this)(node->mKey); }
-    };
+        /// The slot whose node `isWanted`, or kNoSlot.
+        template <class Test>
+        std::uint32_t Find(std::uint32_t hash, const Test& isWanted) const;
+        void Insert(std::uint32_t hash, std::uint32_t slot);
+        void Erase(std::uint32_t hash, std::uint32_t slot);
+        template <class Map>
+        void Renumber(const Map& newSlot);
+        void Clear() { *this = {}; }
 
-    struct KeyEqual {
-        using is_transparent = void;
+    private:
+        struct Entry {
+            std::uint32_t Hash = 0;
+            std::uint32_t Slot = kNoSlot;
+        };
 
-        static std::string_view Of(std::string_view key) { return key; }
+        std::size_t Mask() const { return mEntries.size() - 1; }
+        void Place(Entry entry);
+        void Grow();
 
-        static std::string_view Of(const TreeNode* node) { return node->mKey; }
-
-        template <class Left, class Right>
-        bool operator()(const Left& left, const Right& right) const {
-            return Of(left) == Of(right);
-        }
+        std::vector<Entry> mEntries;
+        std::size_t mCount = 0;
     };
 
     Ref<TreeNode> RefOf(const TreeNode* node) const;
@@ -119,14 +133,17 @@ private:
     void DetachSubtree(TreeNode& node);
     void Detach(TreeNode& node);
     void DetachAll();
+    std::uint32_t SlotOf(std::string_view key) const;
+    std::uint32_t SlotOf(std::string_view key, std::uint32_t hash) const;
     void Sweep() const;
     std::size_t PositionOf(const TreeNode& node) const;
 
     TreeControl& mTree;
     // Deleted nodes leave a gap until the next look-up by position.
     mutable std::vector<Ref<TreeNode>> mSlots;
-    std::unordered_set<TreeNode*, KeyHash, KeyEqual> mByKey;
+    mutable KeyTable mByKey;
     std::unordered_set<std::string> mSharedTexts;
+    const std::string* mLastShared = nullptr;
     std::size_t mCount = 0;
     mutable std::size_t mWalks = 0;
     TreeNode* mFirstTop = nullptr;

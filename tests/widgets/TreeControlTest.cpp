@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+#include <set>
+
 namespace paperkite {
 namespace {
 
@@ -351,6 +354,30 @@ TEST_F(TreeControlTest, EnsureVisibleOpensTheAncestors) {
     LogAll();
     c->EnsureVisible();
     EXPECT_EQ(mLog.Take(), "expanding:a expand:a expanding:b expand:b");
+}
+
+TEST(TreeNodes, KeysAreFoundWhateverCameAndWent) {
+    const auto tree = MakeRef<TreeControl>("tree");
+    std::set<std::string> there;
+    std::mt19937 random(5);
+    for (int round = 0; round < 20000; ++round) {
+        const std::string key = "k" + std::to_string(random() % 700);
+        if (there.insert(key).second) {
+            tree->Nodes.Add(nullptr, TreeRelationship::Last, key, "text " + key);
+        } else if (random() % 2) {
+            tree->Nodes.Remove(key);
+            there.erase(key);
+        }
+        // Looking a position up closes the gaps that deletions left.
+        if (round % 97 == 0 && !there.empty()) tree->Nodes.Item(std::size_t{1});
+    }
+    ASSERT_EQ(tree->Nodes.Count(), there.size());
+    for (int number = 0; number < 700; ++number) {
+        const std::string key = "k" + std::to_string(number);
+        const Ref<TreeNode> node = tree->Nodes.Find(key);
+        ASSERT_EQ(bool(node), there.contains(key)) << key;
+        EXPECT_EQ(node ? node->GetText() : "text " + key, "text " + key);
+    }
 }
 
 } // namespace

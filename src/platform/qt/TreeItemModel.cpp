@@ -41,8 +41,7 @@ TreeItemModel::Row& TreeItemModel::RowOf(const QModelIndex& index) const {
 
 TreeItemModel::Row* TreeItemModel::FindRow(const TreeNode* node) const {
     if (!node) return &mRoot;
-    const auto found = mRows.find(node);
-    return found == mRows.end() ? nullptr : found->second;
+    return mRows.value(node, nullptr);
 }
 
 QModelIndex TreeItemModel::IndexOf(const Row& row) const {
@@ -71,7 +70,9 @@ TreeChildren TreeItemModel::ChildrenOf(const Row& row) const {
 void TreeItemModel::Populate(Row& row) const {
     if (row.Populated || (row.Node && !row.Node->IsAttached())) return;
     row.Populated = true;
-    row.Children.reserve(ChildrenOf(row).Count());
+    const std::size_t count = ChildrenOf(row).Count();
+    row.Children.reserve(count);
+    mRows.reserve(mRows.size() + static_cast<qsizetype>(count));
     for (const auto& child : ChildrenOf(row))
         row.Children.push_back(MakeRow(row, child));
     Renumber(row, 0);
@@ -89,6 +90,16 @@ std::unique_ptr<TreeItemModel::Row> TreeItemModel::MakeRow(Row& parent,
 void TreeItemModel::Renumber(Row& parent, std::size_t from) {
     for (std::size_t at = from; at < parent.Children.size(); ++at)
         parent.Children[at]->Position = static_cast<int>(at);
+}
+
+std::vector<QModelIndex> TreeItemModel::OpenRows(const QModelIndex& above) const {
+    Row& parentRow = RowOf(above);
+    Populate(parentRow);
+    std::vector<QModelIndex> open;
+    for (const auto& row : parentRow.Children)
+        if (row->OpenInView || (row->Node->IsAttached() && row->Node->GetExpanded()))
+            open.push_back(IndexOf(*row));
+    return open;
 }
 
 QModelIndex TreeItemModel::index(int row, int column, const QModelIndex& above) const {
@@ -294,7 +305,7 @@ void TreeItemModel::Remove(Row& parentRow, int first, int last) {
 }
 
 void TreeItemModel::Forget(const Row& row) {
-    mRows.erase(row.Node.get());
+    mRows.remove(row.Node.get());
     for (const auto& child : row.Children)
         Forget(*child);
 }

@@ -4,10 +4,10 @@
 #include "widgets/TreeControl.h"
 
 #include <QAbstractItemModel>
+#include <QHash>
 
 #include <functional>
 #include <memory>
-#include <unordered_map>
 #include <vector>
 
 namespace paperkite {
@@ -31,6 +31,12 @@ public:
     QModelIndex IndexOf(const TreeNode* node) const;
     /// As IndexOf, and makes the rows that are missing.
     QModelIndex MakeIndexOf(const Ref<TreeNode>& node);
+
+    /// The rows below a parent whose nodes are open, or that the view has open (see NoteOpen): few,
+    /// however many rows there are.
+    std::vector<QModelIndex> OpenRows(const QModelIndex& parent) const;
+    /// The view opened or closed a row.
+    void NoteOpen(const QModelIndex& index, bool open) { RowOf(index).OpenInView = open; }
 
     /// Called after the rows below a parent were brought up to date.
     std::function<void(const QModelIndex&)> RowsUpdated;
@@ -56,6 +62,7 @@ private:
         Row* Parent = nullptr;
         int Position = 0;
         bool Populated = false;
+        bool OpenInView = false;
         std::vector<std::unique_ptr<Row>> Children;
     };
 
@@ -83,7 +90,7 @@ private:
 
     Ref<TreeControl> mTree;
     mutable Row mRoot;
-    mutable std::unordered_map<const TreeNode*, Row*> mRows;
+    mutable QHash<const TreeNode*, Row*> mRows;
     Connection mTie;
 };
 

@@ -77,8 +77,7 @@ void TreeView::ControlChanged(Control&) {
 
 void TreeView::FollowExpansion(const QModelIndex& above) {
     const QScopedValueRollback following(mFollowing, true);
-    for (int row = 0; row < mItems->rowCount(above); ++row) {
-        const QModelIndex index = mItems->index(row, 0, above);
+    for (const QModelIndex& index : mItems->OpenRows(above)) {
         const Ref<TreeNode> node = mItems->NodeOf(index);
         const bool expanded = node->IsAttached() && node->GetExpanded();
         if (isExpanded(index) != expanded) setExpanded(index, expanded);
@@ -95,6 +94,7 @@ void TreeView::NodeExpansionChanged(const Ref<TreeNode>& node) {
 }
 
 void TreeView::UserExpanded(const QModelIndex& index, bool expanded) {
+    mItems->NoteOpen(index, expanded);
     if (mFollowing) return;
     const Ref<TreeNode> node = mItems->NodeOf(index);
     if (!node->IsAttached() || node->GetExpanded() == expanded) return;
