@@ -236,6 +236,8 @@ private:
     Ref<TreeNode> zAddNode(const Ref<NamespaceDef>& nd, const std::string& key,
                            const std::string& text, const Ref<TreeNode>& ParentNode);
     Ref<TreeNode> zGroupNode(const Ref<NamespaceDef>& nd, const Ref<TreeNode>& ParentNode);
+    static bool zIsGroupOf(const Ref<TreeNode>& group, const Ref<TreeNode>& ParentNode,
+                           const std::string& name);
     bool zIsGroupWanted(const Ref<NamespaceDef>& nd) const;
     void zDecorate(const Ref<TreeNode>& node, const Ref<Object>& Item);
     void zSetTick(const Ref<TreeNode>& node, const Ref<NamespaceDef>& nd,
@@ -249,8 +251,10 @@ private:
     Ref<Object> zItemOfNode(const std::string& key, const Ref<NamespaceProvider>& provider) const;
 
     // Checking
-    void NodeChecked(const Ref<TreeNode>& Node);
-    void SetChildrenChecked(const Ref<TreeNode>& Node, bool Value);
+    /// Whether the node's tick was handed on to all that is below it.
+    bool NodeChecked(const Ref<TreeNode>& Node);
+    /// Whether it came to its end.
+    bool SetChildrenChecked(const Ref<TreeNode>& Node, bool Value);
     void ExcludeSiblingNodes(const Ref<NamespaceProvider>& provider, const Ref<TreeNode>& Node);
     void SetItemExcludeValue(const Ref<NamespaceProvider>& provider, const std::string& qName,
                              bool Value);
@@ -292,6 +296,7 @@ private:
     std::string mFilter;
     std::int32_t mTreeViewLockCount = 0;
     std::string mTreePath;
+    Ref<TreeNode> mLastGroup;
     std::vector<Connection> mConnections;
 };
 

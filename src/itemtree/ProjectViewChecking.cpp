@@ -47,13 +47,13 @@ void ProjectView::tvwProject_NodeCheck(const Ref<TreeNode>& Node) {
     });
 }
 
-void ProjectView::NodeChecked(const Ref<TreeNode>& Node) {
-    Procedure(*this, "NodeChecked", [&](Frame& frame) {
+bool ProjectView::NodeChecked(const Ref<TreeNode>& Node) {
+    return Procedure<bool>(*this, "NodeChecked", [&](bool& result, Frame& frame) {
         Watch watchNode(frame, "Node", Node);
         if (!Node) return;
         if (IsGroupNode(*Node)) {
             if (!Node->GetExpanded()) NodeExpanded(Node);
-            SetChildrenChecked(Node, GetIsNodeChecked(Node));
+            result = SetChildrenChecked(Node, GetIsNodeChecked(Node));
             return;
         }
         if (!GetSupportsSelection()) return;
@@ -73,7 +73,7 @@ void ProjectView::NodeChecked(const Ref<TreeNode>& Node) {
         obj->Set("ExcludeFlag", !ticked);
         if (ticked) {
             zInclude(qName);
-            SetChildrenChecked(n, true);
+            result = SetChildrenChecked(n, true);
         } else if (parent && !GetIsNodeChecked(parent) && !IsGroupNode(*parent)) {
             // Excluded through its parent: an entry of its own is superfluous.
             zInclude(qName);
@@ -91,19 +91,21 @@ void ProjectView::zCheckUpward(const Ref<NamespaceProvider>& provider, const Ref
     if (!IsGroupNode(*p)) ExcludeSiblingNodes(provider, n);
 }
 
-void ProjectView::SetChildrenChecked(const Ref<TreeNode>& Node, bool Value) {
-    Procedure(*this, "SetChildrenChecked", [&](Frame& frame) {
+bool ProjectView::SetChildrenChecked(const Ref<TreeNode>& Node, bool Value) {
+    return Procedure<bool>(*this, "SetChildrenChecked", [&](bool& result, Frame& frame) {
         Watch watchNode(frame, "Node", Node);
         Watch watchValue(frame, "Value", Value);
         for (const auto& cn : Node->GetChildren()) {
             SetIsNodeChecked(cn, Value);
-            NodeChecked(cn);
+            const bool handedOn = NodeChecked(cn);
             if (Value || (!GetIsNodeChecked(Node) && !IsGroupNode(*Node)))
                 zInclude(cn->GetKey());
             else
                 zExclude(cn->GetKey());
-            if (cn->GetChildren().Count() > 0) SetChildrenChecked(cn, Value);
+            // A second time would change nothing, and cost twice as much at each level.
+            if (!handedOn && cn->GetChildren().Count() > 0) SetChildrenChecked(cn, Value);
         }
+        result = true;
     });
 }
 

@@ -144,16 +144,28 @@ bool ProjectView::zIsGroupWanted(const Ref<NamespaceDef>& nd) const {
 
 Ref<TreeNode> ProjectView::zGroupNode(const Ref<NamespaceDef>& nd,
                                       const Ref<TreeNode>& ParentNode) {
+    if (zIsGroupOf(mLastGroup, ParentNode, nd->Name)) return mLastGroup;
     const std::string key = ParentNode->GetKey() + "_" + nd->Name;
     Ref<TreeNode> group = GetNodes().Find(key);
-    if (group) return group;
-    Ignoring([&] {
-        group =
-            GetNodes().Add(ParentNode, TreeRelationship::Child, key, nd->GroupCaption, "Closed");
-        group->SetExpandedImage("Open");
-        SetIsNodeChecked(group, true);
-    });
+    if (!group)
+        Ignoring([&] {
+            group = GetNodes().Add(ParentNode, TreeRelationship::Child, key, nd->GroupCaption,
+                                   "Closed");
+            group->SetExpandedImage("Open");
+            SetIsNodeChecked(group, true);
+        });
+    mLastGroup = group;
     return group;
+}
+
+// Neighbours mostly go into the same group, which need not be looked up each time.
+bool ProjectView::zIsGroupOf(const Ref<TreeNode>& group, const Ref<TreeNode>& ParentNode,
+                             const std::string& name) {
+    if (!group || !group->IsAttached() || group->GetParent() != ParentNode) return false;
+    const std::string& above = ParentNode->GetKey();
+    const std::string& key = group->GetKey();
+    return key.size() == above.size() + 1 + name.size() && key.starts_with(above) &&
+           key[above.size()] == '_' && key.ends_with(name);
 }
 
 Ref<TreeNode> ProjectView::zAddNode(const Ref<NamespaceDef>& nd, const std::string& key,
@@ -342,6 +354,7 @@ void ProjectView::ClearNodes() {
     // The references go first, so that no later key event touches a dead node.
     CheckNode = nullptr;
     ReverseCheckNode = nullptr;
+    mLastGroup = nullptr;
     GetNodes().Clear();
     Events.NodesCleared.Raise();
 }
@@ -362,6 +375,7 @@ void ProjectView::Terminate() {
         mExclusions = nullptr;
         CheckNode = nullptr;
         ReverseCheckNode = nullptr;
+        mLastGroup = nullptr;
         mRootItems = nullptr;
     });
 }

@@ -273,5 +273,39 @@ TEST_F(ProjectViewCheckingTest, InEditingATickWritesNothing) {
     EXPECT_EQ(Exclusions(), "");
 }
 
+TEST_F(ProjectViewCheckingTest, EachItemOfADeepTreeIsTickedOnce) {
+    // Classes within classes within groups, each level twice as dear as the one before if the tick
+    // of a node went down more than once.
+    mModel.Def("Test:Class")->GetChildDefs()->Add(mModel.Def("Test:Class"), "Test:Class");
+    constexpr int kLevels = 40;
+    std::string name = "P~A";
+    for (int level = 0; level < kLevels; ++level) {
+        mModel.Add(name, "D", "Test:Class", "ClassElement");
+        name += "~D";
+    }
+    mView.Refresh();
+    Open("P");
+    name = "P~A";
+    for (int level = 0; level < kLevels; ++level) {
+        Open(name);
+        name += "~D";
+    }
+    ASSERT_TRUE(Has(name));
+    for (const bool wanted : {false, true}) {
+        mModel.Log.Take();
+        if (wanted)
+            mView.CheckAll();
+        else
+            mView.UnCheckAll();
+        const std::string log = mModel.Log.Take();
+        EXPECT_EQ(Node(name)->GetChecked(), wanted);
+        EXPECT_EQ(Flags(name), wanted ? "i--" : "-e-");
+        const std::string call = "GetItem(" + name + ")";
+        const std::size_t first = log.find(call);
+        ASSERT_NE(first, std::string::npos);
+        EXPECT_EQ(log.find(call, first + 1), std::string::npos);
+    }
+}
+
 } // namespace
 } // namespace paperkite::test
