@@ -53,11 +53,11 @@ public:
         return mEntries[SlotOfPosition(position)].Key;
     }
 
-    bool Contains(const std::string& key) const { return mSequenceOfKey.contains(Normalised(key)); }
+    bool Contains(const std::string& key) const { return FindKey(key) != mSequenceOfKey.end(); }
 
     /// The entry under a key, or nullptr: a look-up that never raises.
     const T* Find(const std::string& key) const {
-        const auto found = mSequenceOfKey.find(Normalised(key));
+        const auto found = FindKey(key);
         return found == mSequenceOfKey.end() ? nullptr
                                              : &*mEntries[SlotOfSequence(found->second)].Value;
     }
@@ -139,6 +139,11 @@ public:
     const_iterator end() const { return const_iterator(this, const_iterator::kEnd); }
 
 private:
+    auto FindKey(const std::string& key) const {
+        return mComparison == KeyComparison::Exact ? mSequenceOfKey.find(key)
+                                                   : mSequenceOfKey.find(LowerCase(key));
+    }
+
     std::string Normalised(const std::string& key) const {
         return mComparison == KeyComparison::Exact ? key : LowerCase(key);
     }
@@ -158,7 +163,7 @@ private:
     }
 
     std::size_t SlotOfKey(const std::string& key) const {
-        const auto found = mSequenceOfKey.find(Normalised(key));
+        const auto found = FindKey(key);
         if (found == mSequenceOfKey.end())
             RaiseError(ErrorNumber::InvalidCall,
                        "The key \"" + key + "\" is not in the collection");

@@ -30,8 +30,8 @@ const MemberTable<KiteProject>& Members() {
 
 Value KiteProject::Get(std::string_view member) const {
     if (ProjectSettings::Has(member)) return mSettings.Get(member);
-    Value result;
-    return Members().Get(*this, member, result) ? result : Object::Get(member);
+    const auto get = Members().FindGetter(member);
+    return get ? get(*this) : Object::Get(member);
 }
 
 void KiteProject::Set(std::string_view member, const Value& value) {

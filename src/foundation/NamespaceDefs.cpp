@@ -48,8 +48,8 @@ void Gather(const NamespaceDefs& level, std::vector<Ref<NamespaceDef>>& all, Vis
 } // namespace
 
 Value NamespaceDef::Get(std::string_view member) const {
-    Value result;
-    return Members().Get(*this, member, result) ? result : Object::Get(member);
+    const auto get = Members().FindGetter(member);
+    return get ? get(*this) : Object::Get(member);
 }
 
 Ref<NamespaceDefs> NamespaceDef::GetChildDefs() const {

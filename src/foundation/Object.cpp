@@ -13,6 +13,10 @@ namespace {
 
 } // namespace
 
+bool Object::IsOfType(std::string_view typeName) const {
+    return EqualIgnoringCase(TypeName(), typeName);
+}
+
 Value Object::Get(std::string_view member) const {
     NoSuchMember(*this, member);
 }
@@ -28,7 +32,7 @@ Value Object::Call(std::string_view member, const std::vector<Value>&) {
 void Object::Enumerate(const std::function<bool(const Value&)>&) const {}
 
 bool IsType(const Ref<Object>& object, std::string_view typeName) {
-    return object && EqualIgnoringCase(object->TypeName(), typeName);
+    return object && object->IsOfType(typeName);
 }
 
 } // namespace paperkite

@@ -21,6 +21,9 @@ public:
 
     /// The run-time type name, as reports and kind tests use it ("CodeModule").
     virtual std::string TypeName() const = 0;
+    /// Whether that is the run-time type's name, letter case ignored. Classes whose type name is
+    /// put together may answer more quickly.
+    virtual bool IsOfType(std::string_view typeName) const;
     virtual Value Get(std::string_view member) const;
     virtual void Set(std::string_view member, const Value& value);
     virtual Value Call(std::string_view member, const std::vector<Value>& arguments);

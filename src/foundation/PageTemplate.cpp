@@ -11,8 +11,8 @@ Value PageLayout::Get(std::string_view member) const {
         {"FileNameTemplate", [](const PageLayout& l) { return Value(l.FileNameTemplate); }},
         {"Namespaces", [](const PageLayout& l) { return Value(l.Namespaces); }},
     };
-    Value result;
-    return members.Get(*this, member, result) ? result : Object::Get(member);
+    const auto get = members.FindGetter(member);
+    return get ? get(*this) : Object::Get(member);
 }
 
 void PageLayouts::Add(const Ref<PageLayout>& layout) {
@@ -39,8 +39,8 @@ Value PageTemplate::Get(std::string_view member) const {
         {"PageLayouts", [](const PageTemplate& t) { return Value(t.PageLayouts); }},
         {"NamespaceDefs", [](const PageTemplate& t) { return Value(t.NamespaceDefs); }},
     };
-    Value result;
-    return members.Get(*this, member, result) ? result : Object::Get(member);
+    const auto get = members.FindGetter(member);
+    return get ? get(*this) : Object::Get(member);
 }
 
 } // namespace paperkite

@@ -22,7 +22,7 @@ public:
 /// A running procedure: takes in what its watches dump when it fails.
 class Frame {
 public:
-    Frame() = default;
+    Frame() : mExceptions(std::uncaught_exceptions()) {}
     Frame(const Frame&) = delete;
     Frame& operator=(const Frame&) = delete;
 
@@ -31,8 +31,11 @@ public:
     void TakeLocal(std::string element) noexcept;
     std::string ParameterDump() const;
     std::string LocalDump() const;
+    /// Whether an exception is leaving the procedure at this moment.
+    bool IsFailing() const { return std::uncaught_exceptions() > mExceptions; }
 
 private:
+    int mExceptions;
     std::vector<std::string> mParameters;
     std::vector<std::string> mLocals;
 };
@@ -45,10 +48,9 @@ template <class T, WatchKind Kind = WatchKind::Parameter>
 class Watch {
 public:
     Watch(Frame& frame, const char* name, const T& variable)
-        : mFrame(frame), mName(name), mVariable(variable), mExceptions(std::uncaught_exceptions()) {
-    }
+        : mFrame(frame), mName(name), mVariable(variable) {}
     ~Watch() {
-        if (std::uncaught_exceptions() > mExceptions) Dump();
+        if (mFrame.IsFailing()) Dump();
     }
     Watch(const Watch&) = delete;
     Watch& operator=(const Watch&) = delete;
@@ -72,7 +74,6 @@ private:
     Frame& mFrame;
     const char* mName;
     const T& mVariable;
-    int mExceptions;
 };
 
 template <class T>

@@ -37,8 +37,8 @@ TaggedComment::TaggedComment(std::string id)
     : mId(id.empty() ? KeyGenerator().Generate() : std::move(id)) {}
 
 Value TaggedComment::Get(std::string_view member) const {
-    Value result;
-    return Members().Get(*this, member, result) ? result : Object::Get(member);
+    const auto get = Members().FindGetter(member);
+    return get ? get(*this) : Object::Get(member);
 }
 
 void TaggedComment::Set(std::string_view member, const Value& value) {

@@ -21,8 +21,8 @@ const MemberTable<TaggedCommentCollection>& Members() {
 } // namespace
 
 Value TaggedCommentCollection::Get(std::string_view member) const {
-    Value result;
-    return Members().Get(*this, member, result) ? result : Object::Get(member);
+    const auto get = Members().FindGetter(member);
+    return get ? get(*this) : Object::Get(member);
 }
 
 void TaggedCommentCollection::Enumerate(const std::function<bool(const Value&)>& visit) const {
@@ -39,6 +39,7 @@ std::size_t TaggedCommentCollection::UnDeletedCount() const {
 
 void TaggedCommentCollection::Add(const Ref<TaggedComment>& comment, const std::string& key) {
     if (!comment) RaiseError(ErrorNumber::ObjectNotSet);
+    if (mComments.Count() == 0) BecomesUsed();
     mComments.Add(comment, key);
 }
 

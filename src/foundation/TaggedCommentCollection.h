@@ -39,6 +39,10 @@ public:
     auto begin() const { return mComments.begin(); }
     auto end() const { return mComments.end(); }
 
+protected:
+    /// The first comment is about to be added.
+    virtual void BecomesUsed() {}
+
 private:
     Collection<Ref<TaggedComment>> mComments;
     bool mConsolidated = false;

@@ -31,8 +31,8 @@ const MemberTable<TaggedCommentDef>& Members() {
 } // namespace
 
 Value TaggedCommentDef::Get(std::string_view member) const {
-    Value result;
-    return Members().Get(*this, member, result) ? result : Object::Get(member);
+    const auto get = Members().FindGetter(member);
+    return get ? get(*this) : Object::Get(member);
 }
 
 void TaggedCommentDefs::Add(const Ref<TaggedCommentDef>& definition) {

@@ -55,6 +55,16 @@ std::string UpperCase(std::string_view text) {
     return result;
 }
 
+int CompareIgnoringCase(std::string_view left, std::string_view right) {
+    const std::size_t common = std::min(left.size(), right.size());
+    for (std::size_t at = 0; at < common; ++at) {
+        const auto a = static_cast<unsigned char>(Lower(left[at]));
+        const auto b = static_cast<unsigned char>(Lower(right[at]));
+        if (a != b) return a < b ? -1 : 1;
+    }
+    return left.size() == right.size() ? 0 : left.size() < right.size() ? -1 : 1;
+}
+
 bool EqualIgnoringCase(std::string_view left, std::string_view right) {
     return left.size() == right.size() &&
            std::equal(left.begin(), left.end(), right.begin(), SameLetter);

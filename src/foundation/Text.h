@@ -14,6 +14,8 @@ std::string LowerCase(std::string_view text);
 std::string UpperCase(std::string_view text);
 
 bool EqualIgnoringCase(std::string_view left, std::string_view right);
+/// Negative, 0 or positive, by the bytes of the lower-case texts.
+int CompareIgnoringCase(std::string_view left, std::string_view right);
 /// Where `wanted` begins in `text` at or behind `from`, or npos.
 std::size_t FindIgnoringCase(std::string_view text, std::string_view wanted, std::size_t from = 0);
 bool ContainsIgnoringCase(std::string_view text, std::string_view wanted);

@@ -21,7 +21,12 @@ Value Value::ArrayOfTexts(const std::vector<std::string>& texts) {
     return ArrayOf(std::vector<Value>(texts.begin(), texts.end()));
 }
 
-std::string Value::ToText() const {
+std::string Value::ToText() && {
+    if (auto* text = std::get_if<std::string>(&mContent)) return std::move(*text);
+    return static_cast<const Value&>(*this).ToText();
+}
+
+std::string Value::ToText() const& {
     if (IsEmpty()) return {};
     if (const auto* text = std::get_if<std::string>(&mContent)) return *text;
     if (const auto* boolean = std::get_if<bool>(&mContent)) return *boolean ? "True" : "False";

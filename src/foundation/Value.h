@@ -79,7 +79,8 @@ public:
     // What follows converts where a conversion makes sense and raises error 13 where none does.
 
     /// Booleans read "True" and "False"; empty reads as the empty text.
-    std::string ToText() const;
+    std::string ToText() const&;
+    std::string ToText() &&;
     /// True reads as -1, text by the leading-digits rule.
     double ToNumber() const;
     /// Rounded to the nearest, halves to even; outside 32 bits is error 6.

@@ -14,8 +14,8 @@ constexpr int kNoSuchMember = 438;
 struct Sample : Object {
     std::string TypeName() const override { return "Sample"; }
     Value Get(std::string_view member) const override {
-        Value result;
-        return Members().Get(*this, member, result) ? result : Object::Get(member);
+        const auto get = Members().FindGetter(member);
+        return get ? get(*this) : Object::Get(member);
     }
     void Set(std::string_view member, const Value& value) override {
         if (!Members().Set(*this, member, value)) Object::Set(member, value);
