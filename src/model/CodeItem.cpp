@@ -53,8 +53,7 @@ CodeItem::CodeItem(std::string typeName, std::string qualifiedName, Ref<CommentS
       mStore(std::move(store)) {}
 
 Value CodeItem::Get(std::string_view member) const {
-    Value result;
-    if (Members().Get(*this, member, result)) return result;
+    if (const auto get = Members().FindGetter(member)) return get(*this);
     if (member == "TaggedComments" && mStore) return Value(GetTaggedComments());
     return Object::Get(member);
 }

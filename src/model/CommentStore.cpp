@@ -1,6 +1,10 @@
 #include "model/CommentStore.h"
 
+#include "model/StoredComment.h"
+
 #include <algorithm>
+#include <optional>
+#include <utility>
 
 namespace paperkite {
 
@@ -32,35 +36,116 @@ void RemoveWhere(TaggedCommentCollection& comments, const Condition& condition) 
 
 } // namespace
 
+// Every item that is shown asks for its comments, and most have none. What they get is known to the
+// store while somebody holds it, and becomes a record when the first comment is added. The newest
+// one serves the next item too when nobody has kept it.
+class CommentStore::Pending : public TaggedCommentCollection {
+public:
+    Pending(Ref<CommentStore> store, std::string qualifiedName)
+        : mStore(store), mPending(store->mPending), mQualifiedName(std::move(qualifiedName)) {}
+    ~Pending() override { Forget(); }
+    Pending(const Pending&) = delete;
+    Pending& operator=(const Pending&) = delete;
+
+    const std::string& GetQualifiedName() const { return mQualifiedName; }
+    /// Makes it as good as new for another item.
+    void SetQualifiedName(const std::string& value) {
+        mQualifiedName = value;
+        SetConsolidated(false);
+    }
+    /// It stands in a record from now on.
+    void SetUsed() {
+        Forget();
+        mIsUsed = true;
+    }
+    /// Enters it under its name, by which it can be found from then on.
+    void Register() { mPlace = mPending->emplace(mQualifiedName, this).first; }
+
+protected:
+    void BecomesUsed() override {
+        if (mIsUsed) return;
+        SetUsed();
+        if (const Ref<CommentStore> store = mStore.Lock())
+            store->Keep(mQualifiedName, RefTo(*this));
+    }
+
+private:
+    void Forget() {
+        if (mPlace) mPending->erase(*mPlace);
+        mPlace.reset();
+    }
+
+    WeakRef<CommentStore> mStore;
+    std::shared_ptr<PendingByName> mPending;
+    std::string mQualifiedName;
+    std::optional<PendingByName::iterator> mPlace;
+    bool mIsUsed = false;
+};
+
 CommentStore::Record& CommentStore::RecordOf(const std::string& qualifiedName) {
-    const auto found = mRecords.find(qualifiedName);
-    if (found != mRecords.end()) return found->second;
-    if (mRecords.size() >= mSweepAt) SweepEmpty();
     Record& record = mRecords[qualifiedName];
-    record.Comments = MakeRef<TaggedCommentCollection>();
+    if (const Ref<Pending> held = record.Comments ? Ref<Pending>() : FindPending(qualifiedName)) {
+        held->SetUsed();
+        if (mNewest == held) mNewest = nullptr;
+        record.Comments = held;
+    }
+    Parse(record);
     return record;
 }
 
-// Every item that is shown asks for its comments, and most have none.
-void CommentStore::SweepEmpty() {
-    std::erase_if(mRecords, [](const auto& entry) {
-        const Record& record = entry.second;
-        return record.Comments->Count() == 0 && record.Comments.Pointer().use_count() == 1;
-    });
-    mSweepAt = std::max<std::size_t>(4096, 2 * mRecords.size());
+CommentStore::Record* CommentStore::FindRecord(const std::string& qualifiedName) const {
+    const auto found = mRecords.find(qualifiedName);
+    return found == mRecords.end() ? nullptr : &found->second;
+}
+
+void CommentStore::Parse(Record& record) {
+    if (!record.Comments) record.Comments = MakeRef<TaggedCommentCollection>();
+    const auto runs = std::exchange(record.Runs, {});
+    for (const Run& run : runs)
+        for (const StoredComment::Parsed& parsed : StoredComment::ParseRun(run.Bytes()))
+            AddTo(record, parsed.Comment, {run.File, {}, parsed.Bytes, run.Source});
+}
+
+void CommentStore::Keep(const std::string& qualifiedName,
+                        const Ref<TaggedCommentCollection>& comments) {
+    if (mNewest == comments) mNewest = nullptr;
+    mRecords.try_emplace(qualifiedName, Record{comments, {}, {}});
+}
+
+Ref<CommentStore::Pending> CommentStore::FindPending(const std::string& qualifiedName) const {
+    if (mNewest && mNewest->GetQualifiedName() == qualifiedName) return mNewest;
+    if (mPending->empty()) return {};
+    const auto found = mPending->find(qualifiedName);
+    return found == mPending->end() ? Ref<Pending>() : RefTo(*found->second);
+}
+
+Ref<TaggedCommentCollection> CommentStore::PendingOf(const std::string& qualifiedName) {
+    if (const Ref<Pending> found = FindPending(qualifiedName)) return found;
+    if (mNewest && mNewest.Pointer().use_count() == 1) {
+        mNewest->SetQualifiedName(qualifiedName);
+        return mNewest;
+    }
+    if (mNewest) mNewest->Register();
+    mNewest = MakeRef<Pending>(RefTo(*this), qualifiedName);
+    return mNewest;
 }
 
 Ref<TaggedCommentCollection> CommentStore::CommentsOf(const Ref<Object>& item,
                                                       const std::string& qualifiedName) {
-    const Ref<TaggedCommentCollection> comments = RecordOf(qualifiedName).Comments;
-    for (const auto& comment : *comments)
-        if (comment->GetItem() != item) comment->SetItem(item);
-    return comments;
+    if (Record* const record = FindRecord(qualifiedName)) {
+        Parse(*record);
+        for (const auto& comment : *record->Comments)
+            if (comment->GetItem() != item) comment->SetItem(item);
+        return record->Comments;
+    }
+    return PendingOf(qualifiedName);
 }
 
 Ref<TaggedCommentCollection> CommentStore::Find(const std::string& qualifiedName) const {
-    const auto found = mRecords.find(qualifiedName);
-    return found == mRecords.end() ? Ref<TaggedCommentCollection>() : found->second.Comments;
+    Record* const record = FindRecord(qualifiedName);
+    if (!record) return {};
+    Parse(*record);
+    return record->Comments;
 }
 
 void CommentStore::SetComments(const std::string& qualifiedName,
@@ -69,33 +154,57 @@ void CommentStore::SetComments(const std::string& qualifiedName,
     RecordOf(qualifiedName).Comments = comments;
 }
 
+std::size_t CommentStore::CountOf(const Record& record) {
+    std::size_t count = record.Comments ? record.Comments->UnDeletedCount() : 0;
+    for (const Run& run : record.Runs)
+        count += run.Count;
+    return count;
+}
+
 std::size_t CommentStore::CountOf(const std::string& qualifiedName) const {
-    const auto found = mRecords.find(qualifiedName);
-    return found == mRecords.end() ? 0 : found->second.Comments->UnDeletedCount();
+    const Record* const record = FindRecord(qualifiedName);
+    return record ? CountOf(*record) : 0;
 }
 
 std::size_t CommentStore::Count() const {
     std::size_t count = 0;
     for (const auto& [name, record] : mRecords)
-        count += record.Comments->UnDeletedCount();
+        count += CountOf(record);
     return count;
 }
 
 std::vector<std::string> CommentStore::QualifiedNames() const {
     std::vector<std::string> names;
     for (const auto& [name, record] : mRecords)
-        if (record.Comments->UnDeletedCount() > 0) names.push_back(name);
+        if (CountOf(record) > 0) names.push_back(name);
     std::sort(names.begin(), names.end());
     return names;
 }
 
-void CommentStore::Load(const std::string& qualifiedName, const Ref<TaggedComment>& comment,
-                        Origin origin) {
-    Record& record = RecordOf(qualifiedName);
+void CommentStore::AddTo(Record& record, const Ref<TaggedComment>& comment, Origin origin) {
     const bool isTaken = record.Comments->Contains(comment->GetId());
     const Ref<TaggedComment> stored = isTaken ? CopyUnderFreshId(*comment) : comment;
     record.Comments->Add(stored, stored->GetId());
     record.Origins.emplace_back(stored->GetId(), std::move(origin));
+}
+
+void CommentStore::Load(const std::string& qualifiedName, const Ref<TaggedComment>& comment,
+                        Origin origin) {
+    AddTo(RecordOf(qualifiedName), comment, std::move(origin));
+}
+
+void CommentStore::LoadRun(std::string qualifiedName, Run run) {
+    // Whoever holds the comments already sees these too.
+    const bool isHeld = FindPending(qualifiedName) != nullptr;
+    Record& record = isHeld ? RecordOf(qualifiedName) : mRecords[std::move(qualifiedName)];
+    record.Runs.push_back(std::move(run));
+    if (record.Comments) Parse(record);
+}
+
+const CommentStore::Run* CommentStore::SoleRunOf(const std::string& qualifiedName) const {
+    const Record* const record = FindRecord(qualifiedName);
+    const bool isSole = record && !record->Comments && record->Runs.size() == 1;
+    return isSole ? &record->Runs.front() : nullptr;
 }
 
 CommentStore::Origin CommentStore::OriginOf(const std::string& qualifiedName,
@@ -106,20 +215,28 @@ CommentStore::Origin CommentStore::OriginOf(const std::string& qualifiedName,
     return found == record->second.Origins.end() ? Origin() : found->second;
 }
 
-void CommentStore::MarkStored(const std::string& qualifiedName, const TaggedComment& comment,
-                              const Ref<ContentFile>& file) {
-    Record& record = RecordOf(qualifiedName);
-    const auto found = FindOrigin(record.Origins, comment.GetId());
-    if (found == record.Origins.end())
-        record.Origins.emplace_back(comment.GetId(), Origin{file, {}});
-    else
-        found->second.File = file;
-    if (record.Comments->Contains(comment.GetId()))
-        record.Comments->Item(comment.GetId())->SetState(0);
+void CommentStore::MarkStored(const Ref<ContentFile>& file,
+                              const std::function<bool(const Origin&)>& belongs) {
+    for (auto& [name, record] : mRecords) {
+        // What nobody has looked at is stored already.
+        if (!record.Comments) continue;
+        for (const auto& comment : *record.Comments) {
+            if (comment->GetState() == kTaggedCommentTombstone) continue;
+            const auto found = FindOrigin(record.Origins, comment->GetId());
+            const bool isNew = found == record.Origins.end();
+            if (!belongs(isNew ? Origin() : found->second)) continue;
+            if (isNew)
+                record.Origins.emplace_back(comment->GetId(), Origin{file, {}});
+            else
+                found->second.File = file;
+            comment->SetState(0);
+        }
+    }
 }
 
 void CommentStore::DropTombstones() {
     for (auto& [name, record] : mRecords) {
+        if (!record.Comments) continue;
         RemoveWhere(*record.Comments, [](const TaggedComment& comment) {
             return comment.GetState() == kTaggedCommentTombstone;
         });
@@ -131,6 +248,8 @@ void CommentStore::DropTombstones() {
 
 void CommentStore::DropFile(const Ref<ContentFile>& file) {
     for (auto& [name, record] : mRecords) {
+        std::erase_if(record.Runs, [&file](const Run& run) { return run.File == file; });
+        if (!record.Comments) continue;
         RemoveWhere(*record.Comments, [&origins = record.Origins, &file](const auto& comment) {
             const auto found = FindOrigin(origins, comment.GetId());
             return found != origins.end() && found->second.File == file;

@@ -3,12 +3,14 @@
 #include "foundation/Object.h"
 #include "foundation/TaggedCommentCollection.h"
 #include "model/ContentFile.h"
+#include "model/SharedText.h"
 #include "model/XmlElement.h"
 
 #include <cstddef>
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -33,6 +35,20 @@ public:
     struct Origin {
         Ref<ContentFile> File;
         std::shared_ptr<const KeptContent> Kept;
+        /// The bytes that it was read from, in `Source`; empty where nobody knows them.
+        std::string_view Stored = {};
+        SharedText Source = {};
+    };
+
+    /// Comments of one item that stay bytes until somebody asks for them; see ContentFileIndex.
+    struct Run {
+        Ref<ContentFile> File;
+        SharedText Source;
+        std::size_t Offset = 0;
+        std::size_t Length = 0;
+        std::size_t Count = 0;
+
+        std::string_view Bytes() const { return std::string_view(Source).substr(Offset, Length); }
     };
 
     std::string TypeName() const override { return "CommentStore"; }
@@ -61,29 +77,49 @@ public:
     /// Adds a comment that was read. One whose Id the item has already gets a fresh one: two
     /// branches may have copied it.
     void Load(const std::string& qualifiedName, const Ref<TaggedComment>& comment, Origin origin);
+    /// Adds comments as bytes.
+    void LoadRun(std::string qualifiedName, Run run);
+    /// How many runs are still to be expected, roughly.
+    void Expect(std::size_t runs) { mRecords.reserve(mRecords.size() + runs); }
+    /// The only run of an item of which nobody has asked for the comments yet; otherwise nothing.
+    const Run* SoleRunOf(const std::string& qualifiedName) const;
     /// Where a comment came from; a new one from nowhere.
     Origin OriginOf(const std::string& qualifiedName, const TaggedComment& comment) const;
 
     /// After a successful save: new comments belong to the file, their State is 0, and tombstones
     /// are gone.
-    void MarkStored(const std::string& qualifiedName, const TaggedComment& comment,
-                    const Ref<ContentFile>& file);
+    void MarkStored(const Ref<ContentFile>& file,
+                    const std::function<bool(const Origin&)>& belongs);
     void DropTombstones();
     /// Lets go of all comments of a Content File.
     void DropFile(const Ref<ContentFile>& file);
     void Clear();
 
 private:
+    class Pending;
+    using PendingByName = std::unordered_map<std::string_view, Pending*>;
+
     struct Record {
         Ref<TaggedCommentCollection> Comments;
         std::vector<std::pair<std::string, Origin>> Origins;
+        std::vector<Run> Runs;
     };
+    using Records = std::unordered_map<std::string, Record>;
 
     Record& RecordOf(const std::string& qualifiedName);
-    void SweepEmpty();
+    Record* FindRecord(const std::string& qualifiedName) const;
+    static std::size_t CountOf(const Record& record);
+    static void Parse(Record& record);
+    static void AddTo(Record& record, const Ref<TaggedComment>& comment, Origin origin);
+    Ref<Pending> FindPending(const std::string& qualifiedName) const;
+    Ref<TaggedCommentCollection> PendingOf(const std::string& qualifiedName);
+    void Keep(const std::string& qualifiedName, const Ref<TaggedCommentCollection>& comments);
 
-    std::unordered_map<std::string, Record> mRecords;
-    std::size_t mSweepAt = 4096;
+    /// Comments are made of bytes when somebody asks, which changes nothing for anybody.
+    mutable Records mRecords;
+    /// The collections without comments that somebody holds, but for the newest.
+    std::shared_ptr<PendingByName> mPending = std::make_shared<PendingByName>();
+    Ref<Pending> mNewest;
 };
 
 } // namespace paperkite

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/SharedText.h"
 #include "model/XmlElement.h"
 #include "model/XmlReader.h"
 
@@ -17,9 +18,9 @@ struct ContentFile {
     /// The root without its comments: what the reader did not understand, written back as it was.
     XmlFile Kept;
     /// The file as it was read or last written; empty for a new one.
-    std::string Bytes;
+    SharedText Bytes;
     /// What the writer made of it right then.
-    std::string CanonicalBytes;
+    SharedText CanonicalBytes;
     /// Whether the file of that path is the one of those bytes.
     bool ExistsOnDisk = false;
 };

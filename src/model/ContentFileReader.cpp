@@ -1,8 +1,9 @@
 #include "model/ContentFileReader.h"
 
+#include "model/ContentFileIndex.h"
 #include "model/ContentFileWriter.h"
 #include "model/SafeFile.h"
-#include "model/StoredText.h"
+#include "model/StoredComment.h"
 
 #include <algorithm>
 #include <array>
@@ -37,15 +38,6 @@ std::shared_ptr<CommentStore::KeptContent> KeptOf(const XmlElement& element,
     return std::make_shared<CommentStore::KeptContent>(std::move(kept));
 }
 
-Ref<TaggedComment> CommentOf(const XmlElement& element) {
-    auto comment = MakeRef<TaggedComment>(element.AttributeText("id"));
-    comment->SetTagIdentifier(element.AttributeText("tag"));
-    comment->SetQualifier(element.AttributeText("qualifier"));
-    comment->SetXMLCommentType(element.AttributeText("xmltag"));
-    comment->SetText(element.ContentText());
-    return comment;
-}
-
 std::optional<FileProblem> CheckComment(const XmlReader& reader, const XmlElement& element) {
     for (const char* name : {"item", "tag"}) {
         const std::string* value = element.FindAttribute(name);
@@ -77,7 +69,8 @@ std::optional<FileProblem> ReadRoot(const XmlReader& reader, ContentFile& file, 
         } else if (child.Name == "comment") {
             if (auto problem = CheckComment(reader, child)) return problem;
             auto keptContent = KeptOf(child, before);
-            comments.push_back({child.AttributeText("item"), CommentOf(child), keptContent});
+            comments.push_back(
+                {child.AttributeText("item"), StoredComment::FromElement(child), keptContent});
         } else if (child.Name == "property" && child.AttributeText("name") == "RelatedProject") {
             file.RelatedProject = child.ContentText();
         } else {
@@ -89,6 +82,42 @@ std::optional<FileProblem> ReadRoot(const XmlReader& reader, ContentFile& file, 
     std::move(before.begin(), before.end(), std::back_inserter(kept));
     root.Children = std::move(kept);
     file.Kept.Root = std::move(root);
+    return {};
+}
+
+/// Leaves the comments as bytes where the file allows it.
+bool ReadQuickly(const Ref<ContentFile>& file, const SharedText& bytes, CommentStore& store) {
+    std::vector<std::pair<std::string, CommentStore::Run>> runs;
+    std::string relatedProject;
+    const bool isUsual =
+        ContentFileIndex::Scan(bytes, relatedProject, [&](const ContentFileIndex::Run& run) {
+            runs.emplace_back(run.Item,
+                              CommentStore::Run{file, bytes, run.Offset, run.Length, run.Count});
+        });
+    if (!isUsual) return false;
+    store.Expect(runs.size());
+    for (auto& [item, run] : runs)
+        store.LoadRun(std::move(item), std::move(run));
+    file->RelatedProject = relatedProject;
+    file->CanonicalBytes = bytes;
+    return true;
+}
+
+std::optional<FileProblem> ReadWhole(const Ref<ContentFile>& file, const std::string& bytes,
+                                     CommentStore& store) {
+    const XmlReader reader(file->Path, bytes);
+    XmlFile xml;
+    if (auto problem = reader.Read(xml)) return problem;
+    if (auto problem =
+            reader.CheckRoot(xml.Root, "contentfile", kContentFileVersion, "a Content File"))
+        return problem;
+    std::vector<ReadComment> comments;
+    file->Kept.Prolog = std::move(xml.Prolog);
+    file->Kept.Epilog = std::move(xml.Epilog);
+    if (auto problem = ReadRoot(reader, *file, std::move(xml.Root), comments)) return problem;
+    for (ReadComment& read : comments)
+        store.Load(read.Item, read.Comment, {file, std::move(read.Kept)});
+    file->CanonicalBytes = ContentFileWriter::Canonical(*file, store);
     return {};
 }
 
@@ -109,21 +138,11 @@ std::optional<FileProblem> ContentFileReader::Read(const Ref<ContentFile>& file,
 
 std::optional<FileProblem> ContentFileReader::ReadBytes(const Ref<ContentFile>& file,
                                                         std::string bytes, CommentStore& store) {
-    const XmlReader reader(file->Path, bytes);
-    XmlFile xml;
-    if (auto problem = reader.Read(xml)) return problem;
-    if (auto problem =
-            reader.CheckRoot(xml.Root, "contentfile", kContentFileVersion, "a Content File"))
-        return problem;
-    std::vector<ReadComment> comments;
-    file->Kept.Prolog = std::move(xml.Prolog);
-    file->Kept.Epilog = std::move(xml.Epilog);
-    if (auto problem = ReadRoot(reader, *file, std::move(xml.Root), comments)) return problem;
-    for (ReadComment& read : comments)
-        store.Load(read.Item, read.Comment, {file, std::move(read.Kept)});
-    file->Bytes = std::move(bytes);
+    const SharedText shared(std::move(bytes));
+    if (!ReadQuickly(file, shared, store))
+        if (auto problem = ReadWhole(file, shared, store)) return problem;
+    file->Bytes = shared;
     file->ExistsOnDisk = true;
-    file->CanonicalBytes = ContentFileWriter::Canonical(*file, store);
     return {};
 }
 

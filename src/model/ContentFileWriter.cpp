@@ -1,6 +1,7 @@
 #include "model/ContentFileWriter.h"
 
 #include "model/ContentFileReader.h"
+#include "model/StoredComment.h"
 #include "model/XmlWriter.h"
 
 #include <algorithm>
@@ -21,11 +22,7 @@ std::vector<Ref<TaggedComment>> InStoredOrder(const TaggedCommentCollection& com
 
 XmlElement ElementOf(const std::string& item, const TaggedComment& comment,
                      const CommentStore::KeptContent* kept) {
-    XmlElement element = XmlElement::Named("comment");
-    element.With("item", item).With("tag", comment.GetTagIdentifier()).With("id", comment.GetId());
-    if (!comment.GetQualifier().empty()) element.With("qualifier", comment.GetQualifier());
-    if (!comment.GetXMLCommentType().empty()) element.With("xmltag", comment.GetXMLCommentType());
-    element.SetContentLines(comment.GetText());
+    XmlElement element = StoredComment::ToElement(item, comment);
     if (!kept) return element;
     for (const auto& attribute : kept->Attributes)
         element.Attributes.push_back(attribute);
@@ -34,16 +31,28 @@ XmlElement ElementOf(const std::string& item, const TaggedComment& comment,
     return element;
 }
 
-void AddComments(XmlElement& root, const std::string& item, const CommentStore& store,
-                 const ContentFileWriter::BelongsTest& belongs) {
+void AppendComment(std::string& out, const std::string& item, const TaggedComment& comment,
+                   const CommentStore::Origin& origin) {
+    if (!origin.Stored.empty() && StoredComment::SaysTheSame(origin.Stored, comment)) {
+        out.append(origin.Stored);
+        return;
+    }
+    if (origin.Kept)
+        for (const XmlElement& markup : origin.Kept->Before)
+            AppendXml(out, markup, 1);
+    AppendXml(out, ElementOf(item, comment, origin.Kept.get()), 1);
+}
+
+void AppendComments(std::string& out, const std::string& item, const CommentStore& store,
+                    const ContentFileWriter::BelongsTest& belongs) {
+    if (const CommentStore::Run* run = store.SoleRunOf(item)) {
+        if (belongs({run->File, {}})) out.append(run->Bytes());
+        return;
+    }
     const Ref<TaggedCommentCollection> comments = store.Find(item);
     for (const auto& comment : InStoredOrder(*comments)) {
         const CommentStore::Origin origin = store.OriginOf(item, *comment);
-        if (!belongs(origin)) continue;
-        if (origin.Kept)
-            for (const XmlElement& markup : origin.Kept->Before)
-                root.Children.push_back(markup);
-        root.Children.push_back(ElementOf(item, *comment, origin.Kept.get()));
+        if (belongs(origin)) AppendComment(out, item, *comment, origin);
     }
 }
 
@@ -60,24 +69,41 @@ std::string ContentFileWriter::Canonical(const ContentFile& file, const CommentS
     const BelongsTest own = [&file](const CommentStore::Origin& origin) {
         return origin.File.get() == &file;
     };
-    XmlFile xml = file.Kept;
-    xml.Root.Name = "contentfile";
-    SetVersion(xml.Root);
-    std::vector<XmlElement> kept;
-    kept.swap(xml.Root.Children);
+    XmlElement root = XmlElement::Named("contentfile");
+    root.Attributes = file.Kept.Root.Attributes;
+    SetVersion(root);
+    std::string out;
+    out.reserve(file.Bytes.size() + file.Bytes.size() / 64 + 4096);
+    out += kXmlDeclaration;
+    for (const XmlElement& node : file.Kept.Prolog)
+        AppendXml(out, node, 0);
+    out.append("\n<").append(root.Name);
+    AppendAttributes(out, root);
+    const std::size_t rootEnd = out.size();
+    out += '>';
     if (!file.RelatedProject.empty())
-        xml.Root.Add(XmlElement::WithText("property", file.RelatedProject))
-            .With("name", "RelatedProject");
+        AppendXml(
+            out,
+            XmlElement::WithText("property", file.RelatedProject).With("name", "RelatedProject"),
+            1);
     for (const std::string& item : store.QualifiedNames())
-        AddComments(xml.Root, item, store, belongs ? belongs : own);
-    std::move(kept.begin(), kept.end(), std::back_inserter(xml.Root.Children));
-    return WriteXml(xml);
+        AppendComments(out, item, store, belongs ? belongs : own);
+    for (const XmlElement& kept : file.Kept.Root.Children)
+        AppendXml(out, kept, 1);
+    if (out.size() == rootEnd + 1)
+        out.replace(rootEnd, 1, "/>");
+    else
+        out.append("\n</").append(root.Name).append(">");
+    for (const XmlElement& node : file.Kept.Epilog)
+        AppendXml(out, node, 0);
+    out += '\n';
+    return out;
 }
 
 std::string ContentFileWriter::Bytes(const ContentFile& file, const CommentStore& store,
                                      const BelongsTest& belongs) {
     std::string canonical = Canonical(file, store, belongs);
-    return canonical == file.CanonicalBytes ? file.Bytes : canonical;
+    return canonical == file.CanonicalBytes.Get() ? file.Bytes.Get() : canonical;
 }
 
 } // namespace paperkite

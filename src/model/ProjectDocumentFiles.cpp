@@ -148,7 +148,8 @@ std::optional<FileProblem> ProjectDocument::StoreContentFile(const Ref<ContentFi
         return IsHome(*file, origin);
     };
     const std::string canonical = ContentFileWriter::Canonical(*file, *mComments, belongs);
-    const std::string bytes = canonical == file->CanonicalBytes ? file->Bytes : canonical;
+    const std::string bytes =
+        canonical == file->CanonicalBytes.Get() ? file->Bytes.Get() : canonical;
     const bool isStored =
         file->ExistsOnDisk && bytes == file->Bytes && std::filesystem::exists(file->Path);
     if (!isStored) {
@@ -164,13 +165,8 @@ std::optional<FileProblem> ProjectDocument::StoreContentFile(const Ref<ContentFi
 }
 
 void ProjectDocument::MarkStored(const Ref<ContentFile>& file) {
-    for (const std::string& item : mComments->QualifiedNames()) {
-        const Ref<TaggedCommentCollection> comments = mComments->Find(item);
-        for (const auto& comment : *comments)
-            if (comment->GetState() != kTaggedCommentTombstone &&
-                IsHome(*file, mComments->OriginOf(item, *comment)))
-                mComments->MarkStored(item, *comment, file);
-    }
+    mComments->MarkStored(
+        file, [this, &file](const CommentStore::Origin& origin) { return IsHome(*file, origin); });
 }
 
 std::optional<FileProblem> ProjectDocument::StoreProjectFile(Overwriting overwriting) {

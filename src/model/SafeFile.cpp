@@ -16,6 +16,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr std::size_t kReadStep = 65536;
+
 /// A file descriptor that is closed with its scope.
 class Descriptor {
 public:
@@ -176,16 +178,22 @@ int Store(const std::string& target, std::string_view bytes) {
 std::optional<FileProblem> SafeFile::Read(const std::string& path, std::string& bytes) {
     const Descriptor descriptor(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
     if (descriptor.Number() < 0) return ReadProblem(path, errno);
-    std::string content;
-    char buffer[65536];
+    struct stat about {};
+    const bool isSized = ::fstat(descriptor.Number(), &about) == 0 && about.st_size > 0;
+    // One byte more than there should be tells the end without growing.
+    std::string content(isSized ? static_cast<std::size_t>(about.st_size) + 1 : kReadStep, '\0');
+    std::size_t length = 0;
     for (;;) {
-        const ssize_t count = ::read(descriptor.Number(), buffer, sizeof buffer);
+        if (length == content.size()) content.resize(2 * length);
+        const ssize_t count =
+            ::read(descriptor.Number(), content.data() + length, content.size() - length);
         if (count == 0) break;
         if (count > 0)
-            content.append(buffer, static_cast<std::size_t>(count));
+            length += static_cast<std::size_t>(count);
         else if (errno != EINTR)
             return ReadProblem(path, errno);
     }
+    content.resize(length);
     bytes = std::move(content);
     return {};
 }

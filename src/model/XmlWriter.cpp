@@ -48,11 +48,7 @@ void Append(std::string& out, const XmlElement& node, std::size_t level, bool in
 
 void AppendElement(std::string& out, const XmlElement& element, std::size_t level, bool inLine) {
     out += '<' + element.Name;
-    for (const auto& [name, value] : element.Attributes) {
-        out += ' ' + name + "=\"";
-        AppendEscaped(out, value, true);
-        out += '"';
-    }
+    AppendAttributes(out, element);
     if (element.Children.empty()) {
         out += "/>";
         return;
@@ -107,8 +103,20 @@ void KeepUnknownAttributes(XmlElement& fresh, const XmlElement& old,
 
 } // namespace
 
+void AppendAttributes(std::string& out, const XmlElement& element) {
+    for (const auto& [name, value] : element.Attributes) {
+        out += ' ' + name + "=\"";
+        AppendEscaped(out, value, true);
+        out += '"';
+    }
+}
+
+void AppendXml(std::string& out, const XmlElement& node, std::size_t level) {
+    Append(out, node, level, false);
+}
+
 std::string WriteXml(const XmlFile& file) {
-    std::string out = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>";
+    std::string out = kXmlDeclaration;
     for (const XmlElement& node : file.Prolog)
         Append(out, node, 0, false);
     Append(out, file.Root, 0, false);

@@ -10,9 +10,17 @@
 
 namespace paperkite {
 
+/// How every file begins.
+inline constexpr const char* kXmlDeclaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>";
+
 /// The bytes of an XML file in the one form that this program writes: UTF-8, line feeds, two blanks
 /// a level, attributes in their order; elements that hold text exactly as they are.
 std::string WriteXml(const XmlFile& file);
+
+/// Appends a piece of it on a line of its own, at a level of indentation.
+void AppendXml(std::string& out, const XmlElement& node, std::size_t level);
+/// Appends the attributes of an element as they stand behind its name.
+void AppendAttributes(std::string& out, const XmlElement& element);
 
 /// What a reader understands of an element.
 struct XmlVocabulary {

@@ -88,4 +88,49 @@ TEST(CommentStore, ACommentRemembersItsFileThroughAnotherCollection) {
     EXPECT_EQ(store->Count(), 0u);
 }
 
+TEST(CommentStore, TwoWhoAskForTheSameItemSeeTheSameComments) {
+    const auto store = MakeRef<CommentStore>();
+    const auto item = MakeRef<CodeItem>("ClassElement", "a", store);
+    const auto first = item->GetTaggedComments();
+    const auto other = MakeRef<CodeItem>("ClassElement", "b", store)->GetTaggedComments();
+    const auto second = item->GetTaggedComments();
+    EXPECT_EQ(first, second);
+    first->Add(MakeRef<TaggedComment>("1"), "1");
+    EXPECT_EQ(second->Count(), 1u);
+    EXPECT_EQ(store->CountOf("a"), 1u);
+    EXPECT_EQ(store->CountOf("b"), 0u);
+    EXPECT_EQ(other->Count(), 0u);
+}
+
+TEST(CommentStore, AnEmptyCollectionThatIsHeldGetsWhatIsLoadedLater) {
+    const auto store = MakeRef<CommentStore>();
+    const auto item = MakeRef<CodeItem>("ClassElement", "a", store);
+    const auto held = item->GetTaggedComments();
+    MakeRef<CodeItem>("ClassElement", "b", store)->GetTaggedComments();
+    store->Load("a", MakeRef<TaggedComment>("1"), {});
+    EXPECT_EQ(held->Count(), 1u);
+    EXPECT_EQ(store->Find("a"), held);
+}
+
+TEST(CommentStore, AnEmptyCollectionThatNobodyKeptLeavesNoTraceInTheNextOne) {
+    const auto store = MakeRef<CommentStore>();
+    MakeRef<CodeItem>("ClassElement", "a", store)->GetTaggedComments()->SetConsolidated(true);
+    const auto next = MakeRef<CodeItem>("ClassElement", "b", store)->GetTaggedComments();
+    EXPECT_FALSE(next->GetConsolidated());
+    next->Add(MakeRef<TaggedComment>("1"), "1");
+    EXPECT_EQ(store->CountOf("a"), 0u);
+    EXPECT_EQ(store->CountOf("b"), 1u);
+}
+
+TEST(CommentStore, ACollectionThatWasEmptiedStaysTheItemsOwn) {
+    const auto store = MakeRef<CommentStore>();
+    const auto item = MakeRef<CodeItem>("ClassElement", "a", store);
+    const auto comments = item->GetTaggedComments();
+    comments->Add(MakeRef<TaggedComment>("1"), "1");
+    comments->Remove("1");
+    comments->Add(MakeRef<TaggedComment>("2"), "2");
+    EXPECT_EQ(item->GetTaggedComments(), comments);
+    EXPECT_EQ(store->CountOf("a"), 1u);
+}
+
 } // namespace paperkite
