@@ -8,6 +8,8 @@ namespace paperkite {
 namespace {
 
 constexpr std::string_view kMark = "%%";
+/// May stand before a property's name.
+constexpr std::string_view kItem = "item";
 
 constexpr const char* kMembers[] = {
     "Name", "QualifiedName", "Access",      "Kind",     "Language", "Signature",        "Type",
@@ -17,27 +19,43 @@ constexpr const char* kMembers[] = {
 
 std::string SourceDataProvider::GetProperty(const std::string& name) {
     if (!mItem) return {};
-    std::string wanted = LowerCase(name);
-    if (wanted.starts_with("item")) wanted.erase(0, 4);
-    if (wanted == "caption") return mItem->Get("Name").ToText() + mItem->Get("Overload").ToText();
+    std::string_view wanted = name;
+    if (EqualIgnoringCase(wanted.substr(0, kItem.size()), kItem))
+        wanted.remove_prefix(kItem.size());
+    if (EqualIgnoringCase(wanted, "caption"))
+        return mItem->Get("Name").ToText() + mItem->Get("Overload").ToText();
     for (const char* member : kMembers)
         if (EqualIgnoringCase(wanted, member)) return mItem->Get(member).ToText();
     return {};
 }
 
 std::string SourceDataProvider::ParseForProperties(const std::string& text) {
+    // One template serves many items on end.
+    if (mTemplate != text) {
+        mPieces = PiecesOf(text);
+        mTemplate = text;
+    }
     std::string result;
+    for (const Piece& piece : mPieces)
+        result += piece.IsProperty ? GetProperty(piece.Text) : piece.Text;
+    return result;
+}
+
+std::vector<SourceDataProvider::Piece> SourceDataProvider::PiecesOf(const std::string& text) {
+    std::vector<Piece> pieces;
     std::size_t from = 0;
     while (true) {
         const std::size_t open = text.find(kMark, from);
         const std::size_t close =
             open == std::string::npos ? open : text.find(kMark, open + kMark.size());
-        if (close == std::string::npos) return result.append(text, from);
-        result.append(text, from, open - from);
+        if (close == std::string::npos) break;
+        if (open > from) pieces.push_back({text.substr(from, open - from), false});
         const std::size_t name = open + kMark.size();
-        result += GetProperty(text.substr(name, close - name));
+        pieces.push_back({text.substr(name, close - name), true});
         from = close + kMark.size();
     }
+    if (from < text.size()) pieces.push_back({text.substr(from), false});
+    return pieces;
 }
 
 std::string SourceDataProvider::ProvideData(const Ref<ParserElement>& element,

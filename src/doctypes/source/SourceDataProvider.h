@@ -3,6 +3,7 @@
 #include "foundation/DataProvider.h"
 
 #include <string>
+#include <vector>
 
 namespace paperkite {
 
@@ -29,6 +30,16 @@ public:
     void Terminate() override;
 
 private:
+    /// A stretch of a template: plain text, or the name of a property.
+    struct Piece {
+        std::string Text;
+        bool IsProperty = false;
+    };
+
+    static std::vector<Piece> PiecesOf(const std::string& text);
+
+    std::string mTemplate;
+    std::vector<Piece> mPieces; ///< of mTemplate
     Ref<NamespaceDef> mDefinition;
     Ref<Object> mItem;
     std::string mItemType;

@@ -46,9 +46,17 @@ bool SourceIndex::IsNamed(Id entity, std::string_view qualifiedName) const {
 }
 
 std::string SourceIndex::QualifiedName(Id entity) const {
-    std::string name(Step(entity));
-    while ((entity = At(entity).parent) != Nothing) {
-        name.insert(0, "~").insert(0, Step(entity));
+    std::size_t length = Step(entity).size();
+    for (Id above = At(entity).parent; above != Nothing; above = At(above).parent) {
+        length += Step(above).size() + 1;
+    }
+    // filled from its end
+    std::string name(length, '~');
+    for (; entity != Nothing; entity = At(entity).parent) {
+        const std::string_view step = Step(entity);
+        length -= step.size();
+        step.copy(name.data() + length, step.size());
+        length -= length > 0;
     }
     return name;
 }

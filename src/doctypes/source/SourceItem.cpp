@@ -2,8 +2,15 @@
 
 #include "doctypes/source/SourceNamespaceProvider.h"
 #include "foundation/MemberTable.h"
+#include "foundation/Text.h"
 
 namespace paperkite {
+
+namespace {
+
+constexpr std::string_view kTypeEnding = "Element";
+
+} // namespace
 
 struct SourceItemMembers {
     using I = SourceItem;
@@ -58,12 +65,19 @@ struct SourceItemMembers {
 };
 
 std::string SourceItem::TypeName() const {
-    return std::string(KindText(GetIndex().Kind(mEntity))) + "Element";
+    return std::string(KindText(GetIndex().Kind(mEntity))).append(kTypeEnding);
+}
+
+bool SourceItem::IsOfType(std::string_view typeName) const {
+    if (typeName.size() <= kTypeEnding.size()) return false;
+    const std::size_t kind = typeName.size() - kTypeEnding.size();
+    return EqualIgnoringCase(typeName.substr(kind), kTypeEnding) &&
+           EqualIgnoringCase(typeName.substr(0, kind), KindText(GetIndex().Kind(mEntity)));
 }
 
 Value SourceItem::Get(std::string_view member) const {
-    Value result;
-    return SourceItemMembers::Table().Get(*this, member, result) ? result : Object::Get(member);
+    const auto get = SourceItemMembers::Table().FindGetter(member);
+    return get ? get(*this) : Object::Get(member);
 }
 
 void SourceItem::Set(std::string_view member, const Value& value) {

@@ -26,6 +26,7 @@ public:
 
     /// The kind as a type name, "ClassElement".
     std::string TypeName() const override;
+    bool IsOfType(std::string_view typeName) const override;
     Value Get(std::string_view member) const override;
     void Set(std::string_view member, const Value& value) override;
 

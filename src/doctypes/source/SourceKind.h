@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -34,6 +35,8 @@ enum class SourceKind : std::uint8_t {
     Macro,
     Other, ///< anything else; its text is the word that ctags has for it
 };
+
+inline constexpr std::size_t kSourceKindCount = static_cast<std::size_t>(SourceKind::Other) + 1;
 
 enum class SourceLanguage : std::uint8_t {
     C,

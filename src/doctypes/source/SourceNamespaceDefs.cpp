@@ -52,8 +52,6 @@ constexpr Level kLevels[] = {
     {SourceKind::Other, "Others", Grouping::Grouped, false, "code-block"},
 };
 
-constexpr std::size_t kKindCount = static_cast<std::size_t>(SourceKind::Other) + 1;
-
 /// What kinds the code has, below which kinds.
 class Census {
 public:
@@ -74,7 +72,7 @@ private:
         mAccesses.insert(index.Access(entity));
     }
 
-    std::array<std::array<bool, kKindCount>, kKindCount> mChildren{};
+    std::array<std::array<bool, kSourceKindCount>, kSourceKindCount> mChildren{};
     std::set<SourceAccess> mAccesses;
 };
 

@@ -3,6 +3,7 @@
 #include "foundation/Text.h"
 
 #include <algorithm>
+#include <array>
 
 namespace paperkite {
 
@@ -28,9 +29,37 @@ private:
     std::vector<std::string> mWords;
 };
 
-bool ComesBefore(const SourceIndex& index, SourceIndex::Id left, SourceIndex::Id right) {
-    return LowerCase(index.Name(left)) < LowerCase(index.Name(right));
+/// Which kinds bear a text, by their numbers.
+std::array<bool, kSourceKindCount> KindsNamed(std::string_view text) {
+    std::array<bool, kSourceKindCount> named{};
+    for (std::size_t kind = 0; kind < named.size(); ++kind)
+        named[kind] = KindText(static_cast<SourceKind>(kind)) == text;
+    return named;
 }
+
+/// An entity with how its lower-case name begins, as numbers in the order of those letters: most
+/// names differ there, and need not be compared letter by letter.
+struct Sortable {
+    Sortable(const SourceIndex& index, SourceIndex::Id id) : Entity(id) {
+        const std::string_view name = index.Name(id);
+        for (std::size_t at = 0; at < 16; ++at) {
+            const char letter = at < name.size() ? name[at] : '\0';
+            const bool isUpper = letter >= 'A' && letter <= 'Z';
+            std::uint64_t& half = at < 8 ? First : Second;
+            half = half << 8 | static_cast<unsigned char>(isUpper ? letter + 32 : letter);
+        }
+    }
+
+    bool ComesBefore(const Sortable& other, const SourceIndex& index) const {
+        if (First != other.First) return First < other.First;
+        if (Second != other.Second) return Second < other.Second;
+        return CompareIgnoringCase(index.Name(Entity), index.Name(other.Entity)) < 0;
+    }
+
+    std::uint64_t First = 0;
+    std::uint64_t Second = 0;
+    SourceIndex::Id Entity;
+};
 
 } // namespace
 
@@ -46,9 +75,14 @@ Ref<Object> SourceNamespaceProvider::GetRootItem(Ref<NamespaceDef>&, const std::
 }
 
 Ref<Object> SourceNamespaceProvider::GetItem(const std::string& qualifiedName) {
+    // Whoever adds children asks for their parent each time.
+    if (mLastItem && mLastName == qualifiedName) return mLastItem;
     for (std::size_t root = 0; root < mRoots.size(); ++root)
-        if (const auto entity = mRoots[root]->Index.Find(qualifiedName))
-            return ItemOf(root, *entity);
+        if (const auto entity = mRoots[root]->Index.Find(qualifiedName)) {
+            mLastItem = ItemOf(root, *entity);
+            mLastName = qualifiedName;
+            return mLastItem;
+        }
     return {};
 }
 
@@ -63,21 +97,26 @@ Ref<ObjectCollection> SourceNamespaceProvider::GetItems(Ref<NamespaceDef>& defin
     if (!parent) return {};
     const SourceIndex& index = parent->GetIndex();
     const Scope scope(filter);
-    std::vector<SourceIndex::Id> found;
+    const auto isWanted = KindsNamed(definition->ItemType);
+    std::vector<Sortable> found;
     for (const SourceIndex::Id child : index.Children(parent->GetEntity()))
-        if (KindText(index.Kind(child)) == definition->ItemType && scope.Holds(index.Access(child)))
-            found.push_back(child);
+        if (isWanted[static_cast<std::size_t>(index.Kind(child))] &&
+            scope.Holds(index.Access(child)))
+            found.emplace_back(index, child);
     if (found.empty()) return {};
-    std::stable_sort(found.begin(), found.end(),
-                     [&](auto left, auto right) { return ComesBefore(index, left, right); });
+    std::stable_sort(found.begin(), found.end(), [&](const auto& left, const auto& right) {
+        return left.ComesBefore(right, index);
+    });
     auto items = MakeRef<ObjectCollection>();
-    for (const SourceIndex::Id entity : found)
-        items->Add(ItemOf(parent->GetRoot(), entity));
+    for (const Sortable& entry : found)
+        items->Add(ItemOf(parent->GetRoot(), entry.Entity));
     return items;
 }
 
 Ref<SourceItem> SourceNamespaceProvider::ItemOf(std::size_t root, SourceIndex::Id entity) {
-    Ref<SourceItem>& item = mRoots[root]->Items[entity];
+    auto& items = mRoots[root]->Items;
+    if (items.empty()) items.resize(mRoots[root]->Index.Size());
+    Ref<SourceItem>& item = items[entity];
     if (!item) item = MakeRef<SourceItem>(*this, root, entity);
     return item;
 }

@@ -12,7 +12,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 namespace paperkite {
@@ -60,12 +59,16 @@ private:
         SourceIndex Index;
         std::string Folder;
         std::unique_ptr<CommentExtractor> Comments;
-        std::unordered_map<SourceIndex::Id, Ref<SourceItem>> Items;
+        /// By entity; empty until the first one is asked for, nothing for those that nobody asked
+        /// for.
+        std::vector<Ref<SourceItem>> Items;
     };
 
     Ref<CommentStore> mComments;
     Ref<SourceDataProvider> mDataProvider = MakeRef<SourceDataProvider>();
     std::vector<std::unique_ptr<Root>> mRoots;
+    std::string mLastName;
+    Ref<SourceItem> mLastItem;
 };
 
 } // namespace paperkite

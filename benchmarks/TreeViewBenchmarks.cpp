@@ -1,0 +1,115 @@
+#include "BenchmarkCode.h"
+#include "BenchmarkTable.h"
+
+#include "itemtree/ProjectView.h"
+#include "platform/qt/TreeView.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QTreeWidget>
+
+#include <memory>
+
+#include <benchmark/benchmark.h>
+
+namespace paperkite::bench {
+
+namespace {
+
+const std::vector<std::int64_t> kSizes{1'000, 10'000, 100'000};
+constexpr QSize kWindowSize(500, 700);
+
+/// Counts how often a view was painted.
+class PaintCount : public QObject {
+public:
+    explicit PaintCount(QWidget* watched) { watched->installEventFilter(this); }
+
+    int Painted() const { return mPainted; }
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        mPainted += event->type() == QEvent::Paint;
+        return false;
+    }
+
+private:
+    int mPainted = 0;
+};
+
+void ShowAndSettle(QWidget& window) {
+    window.resize(kWindowSize);
+    window.show();
+    for (int round = 0; round < 5; ++round)
+        QCoreApplication::processEvents();
+}
+
+void WaitForPaint(const PaintCount& paints, int before) {
+    while (paints.Painted() == before)
+        QCoreApplication::processEvents();
+}
+
+void ExpandOurs(benchmark::State& state, std::int64_t children) {
+    BenchmarkCode code(IndexOfOneClass(children));
+    for (auto _ : state) {
+        state.PauseTiming();
+        ProjectView view;
+        view.SetGrouped(false);
+        view.SetKiteProject(code.Project);
+        auto screen = std::make_unique<TreeView>(view.tvwProject, nullptr);
+        view.LoadFromNamespaceDefs(code.Definitions, kSourceMoniker, true);
+        ShowAndSettle(*screen);
+        const PaintCount paints(screen->viewport());
+        const Ref<TreeNode> type = view.GetNodes().Item("engine~Registers");
+        state.ResumeTiming();
+        type->SetExpanded(true);
+        WaitForPaint(paints, 0);
+        state.PauseTiming();
+        screen.reset();
+        view.SetGrouped(true);
+        state.ResumeTiming();
+    }
+}
+
+void ExpandYardstick(benchmark::State& state, std::int64_t children) {
+    std::vector<std::pair<QString, QString>> nodes;
+    for (std::int64_t number = 0; number < children; ++number) {
+        const QString name = QString("registerValue%1").arg(number);
+        nodes.emplace_back("engine~Registers~" + name, name);
+    }
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto tree = std::make_unique<QTreeWidget>();
+        tree->setHeaderHidden(true);
+        tree->setUniformRowHeights(true);
+        auto* project = new QTreeWidgetItem(tree.get(), QStringList("engine"));
+        project->setExpanded(true);
+        auto* type = new QTreeWidgetItem(project, QStringList("Registers"));
+        type->setChildIndicatorPolicy(QTreeWidgetItem::ShowIndicator);
+        QObject::connect(tree.get(), &QTreeWidget::itemExpanded, [&](QTreeWidgetItem* opened) {
+            if (opened != type) return;
+            QList<QTreeWidgetItem*> items;
+            for (const auto& [key, text] : nodes) {
+                items.append(new QTreeWidgetItem(QStringList(text)));
+                items.back()->setData(0, Qt::UserRole, key);
+            }
+            type->addChildren(items);
+        });
+        ShowAndSettle(*tree);
+        const PaintCount paints(tree->viewport());
+        state.ResumeTiming();
+        type->setExpanded(true);
+        WaitForPaint(paints, 0);
+        state.PauseTiming();
+        tree.reset();
+        state.ResumeTiming();
+    }
+}
+
+} // namespace
+
+void AddTreeViewRows(std::vector<Row>& rows) {
+    rows.push_back({"tree.expand", "expand a node of 100,000 children until painted", ExpandOurs,
+                    "the same in a QTreeWidget", ExpandYardstick, kSizes, Judged::TimeRatio, 1});
+}
+
+} // namespace paperkite::bench

@@ -1,0 +1,66 @@
+#include "BenchmarkTable.h"
+
+#include "host/HeadlessServices.h"
+
+#include <QApplication>
+
+#include <iostream>
+
+#include <CLI/CLI.hpp>
+#include <benchmark/benchmark.h>
+
+namespace {
+
+int Run(int argc, char** argv) {
+    using namespace paperkite::bench;
+    CLI::App options("Measures the components beside what one would use instead.", "bench");
+    bool asJson = false;
+    bool onlyNames = false;
+    std::vector<std::string> names;
+    options.add_flag("--json", asJson, "Print the table as JSON");
+    options.add_flag("--list", onlyNames, "Print the names of the rows");
+    options.add_option("name", names, "Only rows whose names begin like this");
+    try {
+        options.parse(argc, argv);
+    } catch (const CLI::ParseError& problem) {
+        return options.exit(problem) == 0 ? 0 : 2;
+    }
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    const auto helper = paperkite::InstallHeadlessServices(PAPERKITE_SOURCE_DIR);
+
+    std::vector<Row> rows;
+    for (const auto add : {AddTreeRows, AddTreeViewRows, AddStoreRows, AddEditorRows,
+                           AddProcedureRows, AddStartRows})
+        add(rows);
+    if (onlyNames) {
+        for (const Row& row : rows)
+            std::cout << row.Name << '\n';
+        return 0;
+    }
+    char program[] = "bench";
+    char turns[] = "--benchmark_enable_random_interleaving=true";
+    char* arguments[] = {program, turns, nullptr};
+    int count = 2;
+    benchmark::Initialize(&count, arguments);
+    const std::vector<Result> results = RunRows(rows, names);
+    if (results.empty()) {
+        std::cerr << "No row begins like that; bench --list prints all names.\n";
+        return 2;
+    }
+    std::cout << (asJson ? AsJson(results) : AsText(results)) << std::flush;
+    for (const Result& result : results)
+        if (!result.IsWithin) return 1;
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    try {
+        return Run(argc, argv);
+    } catch (const std::exception& problem) {
+        std::cerr << problem.what() << '\n';
+        return 2;
+    }
+}
