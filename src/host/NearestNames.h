@@ -33,8 +33,4 @@ private:
     std::vector<Found> mFound;
 };
 
-/// How many letters must be inserted, removed or replaced to make one text of the other; `limit`
-/// + 1 stands for anything above the limit.
-std::size_t EditDistance(const std::string& left, const std::string& right, std::size_t limit);
-
 } // namespace paperkite

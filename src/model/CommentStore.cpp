@@ -154,6 +154,25 @@ void CommentStore::SetComments(const std::string& qualifiedName,
     RecordOf(qualifiedName).Comments = comments;
 }
 
+void CommentStore::Move(const std::string& from, const std::string& to) {
+    if (from == to || !FindRecord(from)) return;
+    // Making the one may move the other.
+    RecordOf(to);
+    Record& source = RecordOf(from);
+    Record& target = RecordOf(to);
+    std::vector<Ref<TaggedComment>> comments(source.Comments->begin(), source.Comments->end());
+    for (const auto& comment : comments) {
+        const auto origin = FindOrigin(source.Origins, comment->GetId());
+        Origin kept = origin == source.Origins.end() ? Origin() : origin->second;
+        // Those bytes name the old item.
+        kept.Stored = {};
+        source.Comments->Remove(comment->GetId());
+        comment->SetItem(nullptr);
+        AddTo(target, comment, std::move(kept));
+    }
+    mRecords.erase(from);
+}
+
 std::size_t CommentStore::CountOf(const Record& record) {
     std::size_t count = record.Comments ? record.Comments->UnDeletedCount() : 0;
     for (const Run& run : record.Runs)

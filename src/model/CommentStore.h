@@ -63,6 +63,10 @@ public:
     void SetComments(const std::string& qualifiedName,
                      const Ref<TaggedCommentCollection>& comments);
 
+    /// Gives the comments of one name to another one, behind those that it has; they stay in their
+    /// files. A collection of the old name that somebody holds is empty afterwards.
+    void Move(const std::string& from, const std::string& to);
+
     /// How many comments an item has, tombstones not counted; makes nothing.
     std::size_t CountOf(const std::string& qualifiedName) const;
     /// An item is documented when it has any comment. It is the same test by which the tree shows

@@ -150,6 +150,17 @@ void SourceNamespaceProvider::ForEach(const std::function<void(const CoverageRow
     }
 }
 
+void SourceNamespaceProvider::ForEachItem(
+    const std::function<void(const ItemPlace&)>& visit) const {
+    for (const auto& root : mRoots) {
+        const SourceIndex& index = root->Index;
+        for (SourceIndex::Id entity = 1; entity < index.Size(); ++entity)
+            visit({index.QualifiedName(entity), std::string(index.KindText(entity)),
+                   std::string(kSourceMoniker).append(":").append(KindText(index.Kind(entity))),
+                   std::string(index.Signature(entity))});
+    }
+}
+
 void SourceNamespaceProvider::ForEachName(
     const std::function<bool(const std::string&)>& visit) const {
     for (const auto& root : mRoots)

@@ -7,6 +7,7 @@
 #include "foundation/NamespaceProvider.h"
 #include "model/CommentStore.h"
 #include "model/CoverageSource.h"
+#include "model/ItemDirectory.h"
 
 #include <functional>
 #include <memory>
@@ -24,7 +25,9 @@ inline constexpr const char* kSourceMoniker = "kite.source";
 ///     auto provider = MakeRef<SourceNamespaceProvider>(project->GetComments());
 ///     provider->AddRoot(std::move(*scan.Index), folder);
 ///     project->RegisterProvider(kSourceMoniker, provider);
-class SourceNamespaceProvider : public NamespaceProvider, public CoverageSource {
+class SourceNamespaceProvider : public NamespaceProvider,
+                                public CoverageSource,
+                                public ItemDirectory {
 public:
     explicit SourceNamespaceProvider(Ref<CommentStore> comments) : mComments(std::move(comments)) {}
 
@@ -51,6 +54,8 @@ public:
     /// Every item but the roots that is not private, nor inside a private one.
     bool Exists(const std::string& qualifiedName) const override;
     void ForEach(const std::function<void(const CoverageRow&)>& visit) const override;
+    /// Every item but the roots, private ones too.
+    void ForEachItem(const std::function<void(const ItemPlace&)>& visit) const override;
     /// Every entity's qualified name, for suggestions; the visitor ends it with false.
     void ForEachName(const std::function<bool(const std::string&)>& visit) const;
 
