@@ -124,6 +124,12 @@ void ProjectSession::Adopt(ScannedCode code) {
     mProject->RegisterProvider(kSourceMoniker, mCode.Provider);
 }
 
+void ProjectSession::Replace(Ref<ProjectDocument> project) {
+    project->TakeStoreOf(*mProject);
+    mProject = std::move(project);
+    mProject->RegisterProvider(kSourceMoniker, mCode.Provider);
+}
+
 ProjectSession::~ProjectSession() {
     if (mCode.Definitions) mCode.Definitions->Release();
 }

@@ -79,6 +79,9 @@ public:
     /// Takes a scan's code in place of the present one. Whoever holds items lets go of them first.
     void Adopt(ScannedCode code);
 
+    /// Goes on with another reading of the same project's files, on the same code.
+    void Replace(Ref<ProjectDocument> project);
+
     /// The qualified name of what an author calls an item: the name itself, or without the first
     /// step, or only the last steps; "::", "." and "/" may stand between them. Empty when there is
     /// no such item, or more than one.
