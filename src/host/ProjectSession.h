@@ -41,6 +41,9 @@ public:
 
     using Progress = SourceScanner::Progress;
 
+    /// The project file that a user means: `path` may leave the ending out, or name a folder that
+    /// holds one project.
+    static std::string FileOf(const std::string& path);
     /// `path` may leave the ending out, or name a folder that holds one project. Source folders
     /// that are missing, or hold no source code at all, are problems.
     static OpenResult Open(const std::string& path, const Progress& progress = {});

@@ -85,8 +85,9 @@ FileProblem WriteProblem(const std::string& path, int error) {
     FileProblem problem;
     problem.Reason = FileProblem::ReasonCode::CannotWrite;
     problem.File = path;
-    problem.What = std::string("Unsaved comments cannot be kept against a failure of the program: ") +
-                   std::strerror(error) + ".";
+    problem.What =
+        std::string("Unsaved comments cannot be kept against a failure of the program: ") +
+        std::strerror(error) + ".";
     problem.Remedy = "Save often, and make room in that folder or the permission to write there.";
     return problem;
 }
@@ -125,8 +126,7 @@ CommentJournal::~CommentJournal() {
 int CommentJournal::Begin() {
     std::error_code failed;
     fs::create_directories(mFolder, failed);
-    const std::string time =
-        ReplaceAll(ReplaceAll(ProcessIdentity::Now(), ":", ""), " ", "-");
+    const std::string time = ReplaceAll(ReplaceAll(ProcessIdentity::Now(), ":", ""), " ", "-");
     const std::string path = mFolder + "/" + NameOf(mProject) + time + "-" +
                              KeyGenerator().Generate().substr(0, 8) + kEnding;
     // What an author writes is nobody else's business.
@@ -240,7 +240,11 @@ std::vector<CommentJournal::Contents> CommentJournal::FindLeftOver(const std::st
 }
 
 void CommentJournal::Discard(const Contents& journal) {
-    ::unlink(journal.Path.c_str());
+    // Somebody may still be able to read what this program cannot.
+    if (journal.DamagedLines > 0)
+        ::rename(journal.Path.c_str(), (journal.Path + ".damaged").c_str());
+    else
+        ::unlink(journal.Path.c_str());
 }
 
 CommentJournal::Contents CommentJournal::Read(const std::string& bytes) {

@@ -64,7 +64,8 @@ public:
     /// Reads them, the oldest first. One that holds nothing is removed.
     static std::vector<Contents> FindLeftOver(const std::string& folder,
                                               const std::string& project);
-    /// Takes a journal away that was dealt with.
+    /// Takes a journal away that was dealt with. A damaged one stays under another name, with
+    /// ".damaged" behind it, and is not offered again.
     static void Discard(const Contents& journal);
     /// Reads a journal's bytes.
     static Contents Read(const std::string& bytes);

@@ -24,8 +24,7 @@ Ref<TaggedComment> FindPresent(const JournalEntry& entry, const CommentStore& st
 bool IsAsPresent(const JournalEntry& entry, const Ref<TaggedComment>& present) {
     if (!entry.Text) return !present;
     return present && present->GetText() == *entry.Text &&
-           present->GetTagIdentifier() == entry.Tag &&
-           present->GetQualifier() == entry.Qualifier &&
+           present->GetTagIdentifier() == entry.Tag && present->GetQualifier() == entry.Qualifier &&
            present->GetXMLCommentType() == entry.XmlTag;
 }
 

@@ -13,10 +13,10 @@ std::string StampOf(const std::string& path) {
     struct stat status {};
     if (::stat(path.c_str(), &status) != 0) return {};
     std::string stamp;
-    for (const auto number : {static_cast<long long>(status.st_ino), //
-                              static_cast<long long>(status.st_size),
-                              static_cast<long long>(status.st_mtim.tv_sec),
-                              static_cast<long long>(status.st_mtim.tv_nsec)})
+    for (const auto number :
+         {static_cast<long long>(status.st_ino), //
+          static_cast<long long>(status.st_size), static_cast<long long>(status.st_mtim.tv_sec),
+          static_cast<long long>(status.st_mtim.tv_nsec)})
         stamp += std::to_string(number) + " ";
     return stamp;
 }

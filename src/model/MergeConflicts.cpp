@@ -32,8 +32,8 @@ void FindComments(XmlElement& root, std::vector<Place>& places) {
         const std::string id = comment.AttributeText(kConflictIdAttribute);
         // Versions of one comment may belong to different items by now.
         const auto [entry, isNew] = known.emplace(id, places.size());
-        if (isNew || (side == "ours" ? places[entry->second].Ours : places[entry->second].Theirs) !=
-                         kNone) {
+        if (isNew ||
+            (side == "ours" ? places[entry->second].Ours : places[entry->second].Theirs) != kNone) {
             entry->second = places.size();
             places.emplace_back();
         }
@@ -161,7 +161,8 @@ void Sweep(XmlElement& parent) {
 } // namespace
 
 bool MergeConflicts::MayBeIn(const std::string& bytes) {
-    return bytes.find(kConflictAttribute) != std::string::npos;
+    return bytes.find("conflict=") != std::string::npos ||
+           bytes.find("<conflict") != std::string::npos;
 }
 
 std::vector<MergeConflict> MergeConflicts::Find(const std::string& bytes) {

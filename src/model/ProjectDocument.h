@@ -71,6 +71,8 @@ public:
     std::vector<FileProblem> GetMissingFiles() const;
     /// The files that somebody else has written since they were read or saved.
     std::vector<std::string> ChangedOnDisk();
+    /// Whether the files as they were read may hold what a merge left for the author; quick.
+    bool MayHoldConflicts() const;
     /// What Save would write, of every file that there is to be.
     FileBytes PresentBytes() const;
 

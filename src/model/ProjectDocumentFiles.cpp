@@ -160,11 +160,10 @@ std::optional<FileProblem> ProjectDocument::SyncContentFiles() {
 // A file that is missing may come back: what is new must not stand in its place then.
 std::optional<FileProblem> ProjectDocument::MakeHomeOfNew() {
     if (HomeOfNew() || mComments->Count() == 0) return {};
-    const std::string name =
-        ProjectPaths::FolderOf(mPath) + "/" + ProjectPaths::BaseName(mPath);
+    const std::string name = ProjectPaths::FolderOf(mPath) + "/" + ProjectPaths::BaseName(mPath);
     std::string path = name + ".ktc";
-    for (int number = 2; FindContentFile(path) || (!mContentFiles.empty() &&
-                                                   std::filesystem::exists(path));
+    for (int number = 2;
+         FindContentFile(path) || (!mContentFiles.empty() && std::filesystem::exists(path));
          ++number)
         path = name + "-" + std::to_string(number) + ".ktc";
     return AddContentFile(path);

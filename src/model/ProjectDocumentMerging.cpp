@@ -1,4 +1,5 @@
 #include "model/CommentStore.h"
+#include "model/MergeConflicts.h"
 #include "model/ProjectDocument.h"
 #include "model/ProjectReader.h"
 #include "model/SafeFile.h"
@@ -29,6 +30,13 @@ std::vector<std::string> ProjectDocument::ChangedOnDisk() {
         if ((file->ExistsOnDisk || file->IsMissing) && mStamps.Differs(file->Path, file->Bytes))
             changed.push_back(file->Path);
     return changed;
+}
+
+bool ProjectDocument::MayHoldConflicts() const {
+    if (MergeConflicts::MayBeIn(mBytes)) return true;
+    for (const auto& file : mContentFiles)
+        if (MergeConflicts::MayBeIn(file->Bytes)) return true;
+    return false;
 }
 
 ProjectDocument::FileBytes ProjectDocument::PresentBytes() const {

@@ -58,8 +58,13 @@ std::vector<ProjectDocument::OldFile> ProjectDocument::RememberFiles() const {
     std::vector<OldFile> old;
     for (const auto& entry : GetCommentFiles())
         if (const auto file = FindContentFile(ProjectPaths::Normal(entry->FileName)))
-            old.push_back({entry, file, file->Path, file->Bytes, file->CanonicalBytes,
-                           file->ExistsOnDisk, {}});
+            old.push_back({entry,
+                           file,
+                           file->Path,
+                           file->Bytes,
+                           file->CanonicalBytes,
+                           file->ExistsOnDisk,
+                           {}});
     return old;
 }
 

@@ -32,8 +32,7 @@ public:
     static std::unique_ptr<ProjectLock> Take(const std::string& project, Purpose purpose,
                                              std::optional<Holder>& other);
     /// Takes the lock for writing and waits for others as long as that many milliseconds.
-    static std::unique_ptr<ProjectLock> TakeForWriting(const std::string& project,
-                                                       int milliseconds,
+    static std::unique_ptr<ProjectLock> TakeForWriting(const std::string& project, int milliseconds,
                                                        std::optional<Holder>& other);
     /// Who has the project open now, in whatever program.
     static std::optional<Holder> WhoHasOpen(const std::string& project);

@@ -131,8 +131,7 @@ void Tell(SafeFile::Step step) {
 bool WriteAll(int descriptor, std::string_view bytes) {
     constexpr std::size_t kPart = 1 << 20;
     while (!bytes.empty()) {
-        const ssize_t written =
-            ::write(descriptor, bytes.data(), std::min(bytes.size(), kPart));
+        const ssize_t written = ::write(descriptor, bytes.data(), std::min(bytes.size(), kPart));
         if (written < 0) {
             if (errno == EINTR) continue;
             return false;

@@ -19,9 +19,9 @@ std::optional<FileProblem> CheckComments(const XmlReader& reader, const XmlEleme
         if (!node.IsElement() || node.Name != "comment") continue;
         for (const char* name : {"item", "tag"})
             if (node.AttributeText(name).empty())
-                return reader.ProblemAt(
-                    node, std::string("This comment does not say its ") + name + ".",
-                    std::string("Add ") + name + "=\"…\" to it, or remove it.");
+                return reader.ProblemAt(node,
+                                        std::string("This comment does not say its ") + name + ".",
+                                        std::string("Add ") + name + "=\"…\" to it, or remove it.");
     }
     return {};
 }
@@ -58,9 +58,9 @@ struct Versions {
 std::optional<FileProblem> AgreeOnRoot(const Input& base, const Input& ours, const Input& theirs,
                                        Versions& versions) {
     std::string name;
-    for (const auto& [input, file] : {std::pair(&base, &versions.Base),
-                                      std::pair(&ours, &versions.Ours),
-                                      std::pair(&theirs, &versions.Theirs)}) {
+    for (const auto& [input, file] :
+         {std::pair(&base, &versions.Base), std::pair(&ours, &versions.Ours),
+          std::pair(&theirs, &versions.Theirs)}) {
         if (input->Bytes.empty()) continue;
         if (!name.empty() && name != file->Root.Name) return OtherKind(*input, file->Root.Name);
         name = file->Root.Name;
@@ -78,9 +78,8 @@ XmlFile MergeProjects(const Versions& versions, std::size_t& conflicts) {
         {&versions.Base.Prolog, &versions.Ours.Prolog, &versions.Theirs.Prolog});
     merged.Epilog = XmlTreeMerge::MergeUnknown(
         {&versions.Base.Epilog, &versions.Ours.Epilog, &versions.Theirs.Epilog});
-    merged.Root =
-        merge.Merge({&versions.Base.Root, &versions.Ours.Root, &versions.Theirs.Root},
-                    ProjectWriter::Vocabulary(), behind);
+    merged.Root = merge.Merge({&versions.Base.Root, &versions.Ours.Root, &versions.Theirs.Root},
+                              ProjectWriter::Vocabulary(), behind);
     // Nothing may stand behind the root.
     std::move(behind.begin(), behind.end(), std::back_inserter(merged.Root.Children));
     conflicts = merge.GetConflicts();
@@ -92,9 +91,9 @@ XmlFile MergeProjects(const Versions& versions, std::size_t& conflicts) {
 ThreeWayMerge::Result ThreeWayMerge::Merge(const Input& base, const Input& ours,
                                            const Input& theirs) {
     Versions versions;
-    for (const auto& [input, file] : {std::pair(&base, &versions.Base),
-                                      std::pair(&ours, &versions.Ours),
-                                      std::pair(&theirs, &versions.Theirs)})
+    for (const auto& [input, file] :
+         {std::pair(&base, &versions.Base), std::pair(&ours, &versions.Ours),
+          std::pair(&theirs, &versions.Theirs)})
         if (auto problem = Read(*input, *file)) return {{}, 0, problem};
     if (auto problem = AgreeOnRoot(base, ours, theirs, versions)) return {{}, 0, problem};
     if (ours.Bytes == theirs.Bytes || theirs.Bytes == base.Bytes) return {ours.Bytes, 0, {}};

@@ -115,8 +115,8 @@ bool XmlTreeMerge::MergeAttributes(const ThreeVersions<XmlElement>& versions, Xm
             if (std::find(names.begin(), names.end(), name) == names.end()) names.push_back(name);
     for (const std::string& name : names) {
         const Held ours = held(ValueOf(versions.Ours, name));
-        const auto chosen = Choose(held(ValueOf(versions.Base, name)), ours,
-                                   held(ValueOf(versions.Theirs, name)));
+        const auto chosen =
+            Choose(held(ValueOf(versions.Base, name)), ours, held(ValueOf(versions.Theirs, name)));
         isClean = isClean && chosen.has_value();
         const Held& value = chosen ? *chosen : ours;
         if (value) result.Attributes.emplace_back(name, *value);
@@ -152,10 +152,9 @@ XmlElement XmlTreeMerge::Merge(const ThreeVersions<XmlElement>& versions,
 
 std::vector<XmlElement> XmlTreeMerge::MergeNodes(const ThreeVersions<Nodes>& versions,
                                                  const XmlVocabulary& vocabulary) {
-    const std::vector<KeyedNodes::Count> counts{
-        KeyedNodes::CountKeys(versions.Base, vocabulary),
-        KeyedNodes::CountKeys(versions.Ours, vocabulary),
-        KeyedNodes::CountKeys(versions.Theirs, vocabulary)};
+    const std::vector<KeyedNodes::Count> counts{KeyedNodes::CountKeys(versions.Base, vocabulary),
+                                                KeyedNodes::CountKeys(versions.Ours, vocabulary),
+                                                KeyedNodes::CountKeys(versions.Theirs, vocabulary)};
     const KeyedNodes base(versions.Base, vocabulary, counts);
     const KeyedNodes ours(versions.Ours, vocabulary, counts);
     const KeyedNodes theirs(versions.Theirs, vocabulary, counts);

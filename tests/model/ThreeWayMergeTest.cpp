@@ -148,8 +148,7 @@ TEST(ThreeWayMerge, NoTextOfEitherSideThatIsNewIsLeftOut) {
                 const std::string name(1, static_cast<char>('a' + item));
                 const auto kind = random() % 4;
                 if (kind == 0) continue;
-                const std::string text =
-                    kind == 1 ? "base" : side + std::to_string(++number) + ".";
+                const std::string text = kind == 1 ? "base" : side + std::to_string(++number) + ".";
                 comments.push_back({name, "1", text});
             }
             return comments;
@@ -260,9 +259,8 @@ TEST(ThreeWayMerge, UnknownElementsAttributesAndXmlCommentsOfBothSidesStay) {
         Merge(base, FileOf({{"a", "1", "one", " x=\"1\""}}, "  <old/>\n  <mine n=\"1\"/>\n"),
               FileOf({{"a", "1", "one", " y=\"2\""}}, "  <yours>text</yours>\n  <!-- why -->\n"));
     EXPECT_EQ(merged.Conflicts, 0u);
-    EXPECT_EQ(merged.Bytes,
-              FileOf({{"a", "1", "one", " x=\"1\" y=\"2\""}},
-                     "  <mine n=\"1\"/>\n  <yours>text</yours>\n  <!-- why -->\n"));
+    EXPECT_EQ(merged.Bytes, FileOf({{"a", "1", "one", " x=\"1\" y=\"2\""}},
+                                   "  <mine n=\"1\"/>\n  <yours>text</yours>\n  <!-- why -->\n"));
 }
 
 TEST(ThreeWayMerge, AnyBytesOfATextComeThrough) {
@@ -271,24 +269,26 @@ TEST(ThreeWayMerge, AnyBytesOfATextComeThrough) {
     const std::string changed = "<contentfile version='1'><comment item='a' tag='##' id='1'>"
                                 "<![CDATA[" +
                                 stored + "]]></comment></contentfile>";
-    const auto merged = Merge(FileOf({{"a", "1", "one"}}), changed,
-                              FileOf({{"a", "1", "one"}, {"b", "2", "two"}}));
+    const auto merged =
+        Merge(FileOf({{"a", "1", "one"}}), changed, FileOf({{"a", "1", "one"}, {"b", "2", "two"}}));
     EXPECT_EQ(Comments(merged.Bytes), "a#1=" + odd + " b#2=two");
 }
 
 // Projects
 
 TEST(ThreeWayMerge, ProjectsMergeElementByElement) {
-    const std::string base = ProjectOf("  <title>Zoo</title>\n"
-                                       "  <source moniker=\"kite.source\" folder=\"a\" root=\"a\"/>\n"
-                                       "  <contentfile path=\"a.ktc\"/>\n");
+    const std::string base =
+        ProjectOf("  <title>Zoo</title>\n"
+                  "  <source moniker=\"kite.source\" folder=\"a\" root=\"a\"/>\n"
+                  "  <contentfile path=\"a.ktc\"/>\n");
     const auto merged = Merge(
         base,
-        ProjectOf("  <title>Our Zoo</title>\n"
-                  "  <source moniker=\"kite.source\" folder=\"a\" root=\"a\">\n"
-                  "    <exclude>build</exclude>\n  </source>\n"
-                  "  <contentfile path=\"a.ktc\"/>\n"
-                  "  <settings>\n    <setting name=\"OutputFolder\">out</setting>\n  </settings>\n"),
+        ProjectOf(
+            "  <title>Our Zoo</title>\n"
+            "  <source moniker=\"kite.source\" folder=\"a\" root=\"a\">\n"
+            "    <exclude>build</exclude>\n  </source>\n"
+            "  <contentfile path=\"a.ktc\"/>\n"
+            "  <settings>\n    <setting name=\"OutputFolder\">out</setting>\n  </settings>\n"),
         ProjectOf("  <title>Zoo</title>\n"
                   "  <source moniker=\"kite.source\" folder=\"../a\" root=\"a\"/>\n"
                   "  <contentfile path=\"a.ktc\"/>\n  <contentfile path=\"b.ktc\"/>\n"
@@ -306,9 +306,9 @@ TEST(ThreeWayMerge, ProjectsMergeElementByElement) {
 }
 
 TEST(ThreeWayMerge, WhatBothChangedInAProjectIsThereBothWays) {
-    const auto merged = Merge(ProjectOf("  <title>Zoo</title>\n"),
-                              ProjectOf("  <title>Ours</title>\n"),
-                              ProjectOf("  <title>Theirs</title>\n"));
+    const auto merged =
+        Merge(ProjectOf("  <title>Zoo</title>\n"), ProjectOf("  <title>Ours</title>\n"),
+              ProjectOf("  <title>Theirs</title>\n"));
     EXPECT_EQ(merged.Conflicts, 1u);
     EXPECT_EQ(Conflicts(merged.Bytes), "[title : - > Ours | Theirs]");
     EXPECT_EQ(MergeConflicts::Resolve(merged.Bytes, {Keeping::Ours}),
@@ -346,7 +346,8 @@ TEST(ThreeWayMerge, ElementsThatShareAKeyAreNotMixedUp) {
 
 TEST(ThreeWayMerge, WhatCannotBeReadIsAProblemOfThatFile) {
     EXPECT_TRUE(ProblemOf(kBase, "no xml", kBase).starts_with("ours:1:1: This is not well-formed"));
-    EXPECT_TRUE(ProblemOf(kBase, kBase, "<html/>").starts_with("theirs:1:1: This is not a Content"));
+    EXPECT_TRUE(
+        ProblemOf(kBase, kBase, "<html/>").starts_with("theirs:1:1: This is not a Content"));
     EXPECT_NE(ProblemOf("<contentfile version='2'/>", kBase, kBase).find("newer version"),
               std::string::npos);
     EXPECT_NE(ProblemOf(kBase, ProjectOf(""), kBase).find("of another kind"), std::string::npos);
