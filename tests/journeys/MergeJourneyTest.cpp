@@ -50,7 +50,8 @@ protected:
     }
     std::string TextOf(const std::string& item) const {
         std::string texts;
-        for (const auto& comment : DoJson({"comments", Project(), item})["comments"])
+        const Json json = DoJson({"comments", Project(), item});
+        for (const auto& comment : json["comments"])
             texts += comment["text"].get<std::string>() + ";";
         return texts;
     }

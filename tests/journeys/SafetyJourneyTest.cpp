@@ -12,6 +12,7 @@
 #include <QTest>
 #include <QTreeWidget>
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <filesystem>
@@ -70,7 +71,11 @@ protected:
                 for (int column = 0; column < 4; ++column)
                     mSeen += list->topLevelItem(row)->text(column).toStdString() + "|";
                 list->setCurrentItem(list->topLevelItem(row));
-                for (auto* text : dialog.findChildren<QPlainTextEdit*>())
+                auto texts = dialog.findChildren<QPlainTextEdit*>();
+                std::sort(texts.begin(), texts.end(), [&dialog](auto* left, auto* right) {
+                    return left->mapTo(&dialog, QPoint()).x() < right->mapTo(&dialog, QPoint()).x();
+                });
+                for (auto* text : texts)
                     if (text->isVisible())
                         mSeen += " " + text->accessibleName().toStdString() + "=" +
                                  text->toPlainText().toStdString();

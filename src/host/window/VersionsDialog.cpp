@@ -19,6 +19,8 @@ namespace {
 
 constexpr int kItemColumn = 0;
 constexpr int kChoiceColumn = 3;
+constexpr int kNarrowestColumn = 96;
+constexpr int kRowPadding = 10;
 
 /// A text that can be read and not changed, under its name.
 QWidget* MakePane(const QString& name, QPlainTextEdit*& text, QWidget* parent) {
@@ -55,6 +57,7 @@ VersionsDialog::VersionsDialog(const Words& words, std::vector<Row> rows, QWidge
     mList->header()->setStretchLastSection(false);
     mList->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     mList->header()->setSectionResizeMode(kItemColumn, QHeaderView::Stretch);
+    mList->header()->setMinimumSectionSize(kNarrowestColumn);
     mList->setAccessibleName(words.Title);
     column->addWidget(mList, 2);
     column->addWidget(MakeTexts(), 3);
@@ -122,6 +125,7 @@ void VersionsDialog::FillList() {
         auto* line = new QTreeWidgetItem(
             mList, {item.replace("~", " ~ "), row.Tag, row.State, ChoiceText(row)});
         line->setToolTip(kItemColumn, item);
+        line->setSizeHint(kItemColumn, {0, fontMetrics().height() + kRowPadding});
     }
     connect(mList, &QTreeWidget::currentItemChanged, this,
             [this] { ShowRow(mList->indexOfTopLevelItem(mList->currentItem())); });
