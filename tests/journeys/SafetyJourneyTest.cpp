@@ -59,7 +59,7 @@ protected:
     }
     /// Answers the next list of versions, and keeps what it shows.
     void ExpectVersions(const std::string& button, std::optional<Keeping> choice = {}) {
-        mDialogs.Expect([this, button, choice](QDialog& dialog) {
+        mDialogs.ExpectBehindProgress([this, button, choice](QDialog& dialog) {
             mSeen = dialog.windowTitle().toStdString() + "\n";
             auto* list = dialog.findChild<QTreeWidget*>();
             if (!list) {
