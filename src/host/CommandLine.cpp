@@ -2,6 +2,7 @@
 
 #include "foundation/Version.h"
 #include "host/Commands.h"
+#include "host/MergeCommand.h"
 
 #include <CLI/CLI.hpp>
 
@@ -25,6 +26,7 @@ struct Arguments {
     TreeCommand Tree;
     CommentCommand Comment;
     CoverageCommand Coverage;
+    MergeCommand Merge;
     ScreenshotRequest Screenshot;
     std::string Size = "1280x800";
     bool Json = false;
@@ -111,6 +113,16 @@ void AddScreenshot(CLI::App& app, Arguments& arguments) {
         ->capture_default_str();
 }
 
+void AddMerge(CLI::App& app, Arguments& arguments) {
+    CLI::App* command = app.add_subcommand(
+        "merge", "Merge two versions of a project or Content File, as version control asks for it");
+    command->add_option("BASE", arguments.Merge.Base, "The version before both; may be empty")
+        ->required();
+    command->add_option("OURS", arguments.Merge.Ours, "Our version; the result is written into it")
+        ->required();
+    command->add_option("THEIRS", arguments.Merge.Theirs, "The other version")->required();
+}
+
 int RunChosen(const CLI::App& app, Arguments& arguments, const WindowCommands& windows,
               Output& output) {
     const auto chosen = app.get_subcommands();
@@ -118,6 +130,7 @@ int RunChosen(const CLI::App& app, Arguments& arguments, const WindowCommands& w
     const std::string name = chosen.front()->get_name();
     output.Json = arguments.Json;
     if (name == "new") return arguments.New.Run(arguments.Project, output);
+    if (name == "merge") return arguments.Merge.Run(output);
     if (name == "open") return windows.Open(arguments.Project);
     if (name == "screenshot") {
         ScreenshotRequest& request = arguments.Screenshot;
@@ -152,6 +165,7 @@ int RunCommandLine(int argc, const char* const* argv, const WindowCommands& wind
     AddItem(AddCommand(app, arguments, "next", "Show the next item without comments"), arguments,
             false);
     AddScreenshot(app, arguments);
+    AddMerge(app, arguments);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

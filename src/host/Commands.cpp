@@ -2,6 +2,8 @@
 
 #include "foundation/GlobalConfig.h"
 #include "foundation/Text.h"
+#include "host/StateFolder.h"
+#include "model/CommentJournal.h"
 
 #include <unistd.h>
 
@@ -55,6 +57,16 @@ private:
     std::chrono::steady_clock::time_point mLast;
 };
 
+/// What does not keep a command from its work, and what the user should know.
+void TellWhatIsAmiss(const ProjectDocument& project, Output& output) {
+    for (const FileProblem& problem : project.GetMissingFiles())
+        output.Err << problem.Message() << '\n';
+    if (CommentJournal::HasLeftOver(JournalFolder(), project.GetPath()))
+        output.Err << project.GetPath()
+                   << ": A program that did not come to its end left unsaved comments of this "
+                      "project. Open it in the window to recover or discard them.\n";
+}
+
 void ShowEverything() {
     ProjectViewOptions& options = GlobalConfig().ProjectViewOptions;
     options.Grouped = false;
@@ -78,6 +90,7 @@ std::unique_ptr<Workspace> OpenWorkspace(const std::string& project, Output& out
         output.Fail(opened.Problem);
         return nullptr;
     }
+    TellWhatIsAmiss(*opened.Session->GetProject(), output);
     ShowEverything();
     return std::make_unique<Workspace>(std::move(opened.Session));
 }

@@ -3,6 +3,7 @@
 #include "foundation/GlobalConfig.h"
 #include "foundation/Text.h"
 #include "host/NearestNames.h"
+#include "model/ProjectLock.h"
 
 #include <nlohmann/json.hpp>
 
@@ -13,6 +14,9 @@ namespace paperkite {
 namespace {
 
 using Json = nlohmann::ordered_json;
+
+/// How long a command waits for others that write.
+constexpr int kWaitMilliseconds = 30000;
 
 std::string NameOf(const TaggedComment& comment) {
     const auto definition = comment.GetTaggedCommentDef();
@@ -153,6 +157,11 @@ int CommentCommand::Run(const CommandTarget& target, Output& output) const {
     if (!definition) return output.Fail(UnknownTag(Tag));
     if (!Delete && !HasText && definition->TagType != "f")
         return output.Fail("Say what to write with --text, or --delete.");
+    // From reading to saving nobody else writes, so that commands that run side by side all count.
+    std::optional<ProjectLock::Holder> other;
+    const auto lock = ProjectLock::TakeForWriting(ProjectSession::FileOf(target.Project),
+                                                  kWaitMilliseconds, other);
+    if (other) return output.Fail("Another program is writing this project. Try again later.");
     const auto workspace = OpenWorkspace(target.Project, output);
     if (!workspace) return 2;
     const auto name = FindTarget(*workspace, target, output);
@@ -173,6 +182,10 @@ int CommentCommand::Run(const CommandTarget& target, Output& output) const {
         output.Out << "Wrote \"" << definition->DisplayName << "\" of " << *name << ".\n";
     }
     if (const auto problem = workspace->Save()) return output.Fail(problem->Message());
+    const std::string path = workspace->GetSession().GetProject()->GetPath();
+    if (const auto open = ProjectLock::WhoHasOpen(path))
+        output.Err << path << " is open in process " << open->Process << " on " << open->Host
+                   << " since " << open->Since << ", which will take the change up.\n";
     return 0;
 }
 

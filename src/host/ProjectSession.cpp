@@ -13,20 +13,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The project file that a user means.
-std::string ProjectPath(const std::string& given) {
-    std::error_code ignored;
-    if (fs::is_directory(given, ignored)) {
-        std::vector<std::string> found;
-        for (const auto& entry : fs::directory_iterator(given, ignored))
-            if (entry.path().extension() == kProjectEnding) found.push_back(entry.path().string());
-        return found.size() == 1 ? found.front() : given;
-    }
-    if (!fs::exists(given, ignored) && fs::exists(given + kProjectEnding, ignored))
-        return given + kProjectEnding;
-    return given;
-}
-
 std::string WithEnding(const std::string& path) {
     return EndsWithIgnoringCase(path, kProjectEnding) ? path : path + kProjectEnding;
 }
@@ -52,8 +38,21 @@ ProjectSession::OpenResult Problem(std::string message) {
 
 } // namespace
 
+std::string ProjectSession::FileOf(const std::string& given) {
+    std::error_code ignored;
+    if (fs::is_directory(given, ignored)) {
+        std::vector<std::string> found;
+        for (const auto& entry : fs::directory_iterator(given, ignored))
+            if (entry.path().extension() == kProjectEnding) found.push_back(entry.path().string());
+        return found.size() == 1 ? found.front() : given;
+    }
+    if (!fs::exists(given, ignored) && fs::exists(given + kProjectEnding, ignored))
+        return given + kProjectEnding;
+    return given;
+}
+
 ProjectSession::OpenResult ProjectSession::Open(const std::string& path, const Progress& progress) {
-    auto opened = ProjectDocument::Open(ProjectPath(path));
+    auto opened = ProjectDocument::Open(FileOf(path));
     if (opened.Problem) return Problem(opened.Problem->Message());
     return Scanned(opened.Project, progress);
 }
@@ -121,6 +120,12 @@ ProjectSession::ScanAnswer ProjectSession::Scan(const Progress& progress) const 
 void ProjectSession::Adopt(ScannedCode code) {
     if (mCode.Definitions) mCode.Definitions->Release();
     mCode = std::move(code);
+    mProject->RegisterProvider(kSourceMoniker, mCode.Provider);
+}
+
+void ProjectSession::Replace(Ref<ProjectDocument> project) {
+    project->TakeStoreOf(*mProject);
+    mProject = std::move(project);
     mProject->RegisterProvider(kSourceMoniker, mCode.Provider);
 }
 

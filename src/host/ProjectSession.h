@@ -41,6 +41,9 @@ public:
 
     using Progress = SourceScanner::Progress;
 
+    /// The project file that a user means: `path` may leave the ending out, or name a folder that
+    /// holds one project.
+    static std::string FileOf(const std::string& path);
     /// `path` may leave the ending out, or name a folder that holds one project. Source folders
     /// that are missing, or hold no source code at all, are problems.
     static OpenResult Open(const std::string& path, const Progress& progress = {});
@@ -78,6 +81,9 @@ public:
     ScanAnswer Scan(const Progress& progress = {}) const;
     /// Takes a scan's code in place of the present one. Whoever holds items lets go of them first.
     void Adopt(ScannedCode code);
+
+    /// Goes on with another reading of the same project's files, on the same code.
+    void Replace(Ref<ProjectDocument> project);
 
     /// The qualified name of what an author calls an item: the name itself, or without the first
     /// step, or only the last steps; "::", "." and "/" may stand between them. Empty when there is

@@ -40,6 +40,13 @@ void Workspace::Load() {
     mEditor.LoadFromNamespaceDefs(mSession->GetDefinitions(), kSourceMoniker);
 }
 
+std::unique_ptr<ProjectSession> Workspace::Release() {
+    mEditor.CommitEdit();
+    mEditor.cEditor.SetCurrentCodeElement(nullptr);
+    mEditor.Clear();
+    return std::move(mSession);
+}
+
 bool Workspace::Select(const std::string& qualifiedName) {
     if (!mEditor.SelectItem(qualifiedName)) return false;
     const auto node = mEditor.Project.GetSelectedItem();

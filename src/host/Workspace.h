@@ -26,6 +26,9 @@ public:
     /// Takes newly scanned code: commits what is being edited, lets go of the old items, and loads
     /// the tree anew, opened and selected as it was as far as the items are still there.
     void Adopt(ProjectSession::ScannedCode code);
+    /// Commits what is being edited and gives the session to the caller; the workspace is of no use
+    /// then.
+    std::unique_ptr<ProjectSession> Release();
     /// Opens the way to an item and selects it, grouped or not; false when the tree does not show
     /// it.
     bool Select(const std::string& qualifiedName);

@@ -121,6 +121,8 @@ Ref<CommentStore::Pending> CommentStore::FindPending(const std::string& qualifie
 
 Ref<TaggedCommentCollection> CommentStore::PendingOf(const std::string& qualifiedName) {
     if (const Ref<Pending> found = FindPending(qualifiedName)) return found;
+    // A store that nobody shares cannot be told later.
+    if (weak_from_this().expired()) return RecordOf(qualifiedName).Comments;
     if (mNewest && mNewest.Pointer().use_count() == 1) {
         mNewest->SetQualifiedName(qualifiedName);
         return mNewest;
@@ -263,6 +265,22 @@ void CommentStore::DropTombstones() {
             return !comments->Contains(entry.first);
         });
     }
+}
+
+void CommentStore::SwapComments(CommentStore& other) {
+    mRecords.swap(other.mRecords);
+    HandToHolders();
+    other.HandToHolders();
+}
+
+// Whoever holds an empty collection of an item gets the comments that there are now.
+void CommentStore::HandToHolders() {
+    std::vector<std::string> held;
+    for (const auto& [name, pending] : *mPending)
+        held.emplace_back(name);
+    if (mNewest) held.push_back(mNewest->GetQualifiedName());
+    for (const std::string& name : held)
+        if (FindRecord(name)) RecordOf(name);
 }
 
 void CommentStore::DropFile(const Ref<ContentFile>& file) {

@@ -95,6 +95,8 @@ public:
     void MarkStored(const Ref<ContentFile>& file,
                     const std::function<bool(const Origin&)>& belongs);
     void DropTombstones();
+    /// Exchanges all comments; collections that somebody holds stay with their store.
+    void SwapComments(CommentStore& other);
     /// Lets go of all comments of a Content File.
     void DropFile(const Ref<ContentFile>& file);
     void Clear();
@@ -117,6 +119,7 @@ private:
     static void AddTo(Record& record, const Ref<TaggedComment>& comment, Origin origin);
     Ref<Pending> FindPending(const std::string& qualifiedName) const;
     Ref<TaggedCommentCollection> PendingOf(const std::string& qualifiedName);
+    void HandToHolders();
     void Keep(const std::string& qualifiedName, const Ref<TaggedCommentCollection>& comments);
 
     /// Comments are made of bytes when somebody asks, which changes nothing for anybody.

@@ -23,6 +23,8 @@ struct ContentFile {
     SharedText CanonicalBytes;
     /// Whether the file of that path is the one of those bytes.
     bool ExistsOnDisk = false;
+    /// The project lists it and it was not there: nothing is written in its place.
+    bool IsMissing = false;
 };
 
 } // namespace paperkite

@@ -4,10 +4,12 @@
 #include "foundation/KiteProject.h"
 #include "model/CommentStore.h"
 #include "model/ContentFile.h"
+#include "model/DiskStamps.h"
 #include "model/FileProblem.h"
 #include "model/SourceSettings.h"
 #include "model/XmlReader.h"
 
+#include <map>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -49,8 +51,12 @@ public:
     /// A project that is in no file yet, with one Content File beside where it will be saved. If
     /// that is there already its comments are taken up; one that cannot be read is a problem.
     static OpenResult New(const std::string& path);
-    /// Reads a project with all its Content Files, or says why it cannot.
-    static OpenResult Open(const std::string& path);
+    /// Bytes of files by their whole paths.
+    using FileBytes = std::map<std::string, std::string>;
+    /// Reads a project with all its Content Files, or says why it cannot. A Content File that is
+    /// missing is in GetMissingFiles and in no way of the others. What is `inPlace` counts as the
+    /// content of files instead of what is on the disk; the project is dirty then.
+    static OpenResult Open(const std::string& path, const FileBytes& inPlace = {});
 
     /// Writes what changed and nothing else. A problem leaves every file either old or new, and the
     /// project dirty; saving again writes what is left.
@@ -59,6 +65,28 @@ public:
     /// written beside the new one, those that bear its name under the new name; others stay shared.
     std::optional<FileProblem> SaveAs(const std::string& path,
                                       Overwriting overwriting = Overwriting::Refused);
+
+    /// What is wrong with Content Files that are listed and were not there. Their entries stay, and
+    /// nothing is written in their places; new comments go to another file, a new one if need be.
+    std::vector<FileProblem> GetMissingFiles() const;
+    /// The files that somebody else has written since they were read or saved.
+    std::vector<std::string> ChangedOnDisk();
+    /// Whether the files as they were read may hold what a merge left for the author; quick.
+    bool MayHoldConflicts() const;
+    /// What Save would write, of every file that there is to be.
+    FileBytes PresentBytes() const;
+
+    struct DiskMerge {
+        /// For Open: what holds unsaved work. Empty when nothing does.
+        FileBytes Bytes;
+        std::size_t Conflicts = 0;
+        std::optional<FileProblem> Problem;
+    };
+    /// Puts unsaved work together with what somebody else wrote meanwhile; changes nothing.
+    DiskMerge MergeWithDisk() const;
+    /// Takes over the comments' store of a project that this one replaces: whoever holds it sees
+    /// the comments of this project from now on.
+    void TakeStoreOf(ProjectDocument& other);
 
     /// The whole path of the project file; empty for none.
     const std::string& GetPath() const { return mPath; }
@@ -115,7 +143,16 @@ private:
     friend class ProjectReader;
     friend class ProjectWriter;
 
-    std::optional<FileProblem> LoadContentFiles();
+    struct OldFile;
+    std::optional<FileProblem> LoadContentFiles(const FileBytes& inPlace);
+    std::optional<FileProblem> LoadInPlace(const Ref<ContentFile>& file, const std::string& bytes);
+    Ref<ContentFile> HomeOfNew() const;
+    std::optional<FileProblem> MakeHomeOfNew();
+    std::string BytesOf(const ContentFile& file, std::string& canonical) const;
+    std::string BytesOfProject(std::string& canonical) const;
+    std::optional<FileProblem> CheckListed(const std::string& projectBytes) const;
+    std::vector<OldFile> RememberFiles() const;
+    void GoBackTo(std::vector<OldFile> old);
     std::optional<FileProblem> SyncContentFiles();
     Ref<ContentFile> FindContentFile(const std::string& path) const;
     bool IsHome(const ContentFile& file, const CommentStore::Origin& origin) const;
@@ -138,6 +175,7 @@ private:
     std::unordered_map<std::string, Ref<paperkite::NamespaceProvider>> mProviders;
     Scope mScope;
     Scope mStoredScope;
+    DiskStamps mStamps;
     bool mDirty = false;
 };
 

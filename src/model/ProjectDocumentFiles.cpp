@@ -46,26 +46,29 @@ std::optional<FileProblem> Store(const std::string& path, bool isOurs, const std
                                  const std::string& bytes, bool mayOverwrite) {
     if (!mayOverwrite)
         if (auto problem = CheckUntouched(path, isOurs, oldBytes)) return problem;
+    SafeFile::CleanUp(path);
     return SafeFile::Write(path, bytes);
-}
-
-bool IsBelow(const std::string& folder, const std::string& path) {
-    return path.starts_with(folder == "/" ? folder : folder + "/");
 }
 
 } // namespace
 
-ProjectDocument::OpenResult ProjectDocument::Open(const std::string& path) {
+ProjectDocument::OpenResult ProjectDocument::Open(const std::string& path,
+                                                  const FileBytes& inPlace) {
     auto project = MakeRef<ProjectDocument>();
     project->mPath = ProjectPaths::Normal(path);
+    SafeFile::CleanUp(project->mPath);
     std::string bytes;
     std::optional<FileProblem> problem = SafeFile::Read(project->mPath, bytes);
-    if (!problem) problem = ProjectReader::Read(bytes, *project);
-    if (!problem) problem = project->LoadContentFiles();
+    const auto other = inPlace.find(project->mPath);
+    const bool isAsOnDisk = other == inPlace.end() || other->second == bytes;
+    if (!problem) problem = ProjectReader::Read(isAsOnDisk ? bytes : other->second, *project);
+    if (!problem) problem = project->LoadContentFiles(inPlace);
     if (problem) return {{}, problem};
     project->mBytes = std::move(bytes);
     project->mExistsOnDisk = true;
-    project->mCanonicalBytes = ProjectWriter::Canonical(*project);
+    // Nothing is what the writer makes of it: it will be written.
+    if (isAsOnDisk) project->mCanonicalBytes = ProjectWriter::Canonical(*project);
+    project->mDirty = !inPlace.empty();
     return {project, {}};
 }
 
@@ -75,7 +78,7 @@ Ref<ContentFile> ProjectDocument::FindContentFile(const std::string& path) const
     return {};
 }
 
-std::optional<FileProblem> ProjectDocument::LoadContentFiles() {
+std::optional<FileProblem> ProjectDocument::LoadContentFiles(const FileBytes& inPlace) {
     for (const auto& entry : GetCommentFiles()) {
         if (FindContentFile(entry->FileName))
             return Problem(FileProblem::ReasonCode::BadContent, mPath,
@@ -83,9 +86,28 @@ std::optional<FileProblem> ProjectDocument::LoadContentFiles() {
                            "Remove one of the two entries.");
         auto file = MakeRef<ContentFile>();
         file->Path = entry->FileName;
-        if (auto problem = ContentFileReader::Read(file, *mComments)) return problem;
+        SafeFile::CleanUp(file->Path);
+        const auto other = inPlace.find(file->Path);
+        auto problem = other == inPlace.end() ? ContentFileReader::Read(file, *mComments)
+                                              : LoadInPlace(file, other->second);
+        if (problem && problem->Reason == FileProblem::ReasonCode::Missing)
+            file->IsMissing = true;
+        else if (problem)
+            return problem;
         mContentFiles.push_back(file);
     }
+    return {};
+}
+
+std::optional<FileProblem> ProjectDocument::LoadInPlace(const Ref<ContentFile>& file,
+                                                        const std::string& bytes) {
+    std::string onDisk;
+    const bool exists = !SafeFile::Read(file->Path, onDisk);
+    if (auto problem = ContentFileReader::ReadBytes(file, bytes, *mComments)) return problem;
+    if (exists && onDisk == bytes) return {};
+    file->ExistsOnDisk = exists;
+    file->Bytes = std::move(onDisk);
+    file->CanonicalBytes = SharedText();
     return {};
 }
 
@@ -132,24 +154,50 @@ std::optional<FileProblem> ProjectDocument::SyncContentFiles() {
         if (std::find(listed.begin(), listed.end(), file) == listed.end())
             mComments->DropFile(file);
     mContentFiles = std::move(listed);
-    if (!mContentFiles.empty() || mComments->Count() == 0) return {};
-    return AddContentFile(ProjectPaths::FolderOf(mPath) + "/" + ProjectPaths::BaseName(mPath) +
-                          ".ktc");
+    return MakeHomeOfNew();
+}
+
+// A file that is missing may come back: what is new must not stand in its place then.
+std::optional<FileProblem> ProjectDocument::MakeHomeOfNew() {
+    if (HomeOfNew() || mComments->Count() == 0) return {};
+    const std::string name = ProjectPaths::FolderOf(mPath) + "/" + ProjectPaths::BaseName(mPath);
+    std::string path = name + ".ktc";
+    for (int number = 2;
+         FindContentFile(path) || (!mContentFiles.empty() && std::filesystem::exists(path));
+         ++number)
+        path = name + "-" + std::to_string(number) + ".ktc";
+    return AddContentFile(path);
+}
+
+Ref<ContentFile> ProjectDocument::HomeOfNew() const {
+    for (const auto& file : mContentFiles)
+        if (!file->IsMissing) return file;
+    return {};
 }
 
 bool ProjectDocument::IsHome(const ContentFile& file, const CommentStore::Origin& origin) const {
     if (origin.File) return origin.File.get() == &file;
-    return mContentFiles.front().get() == &file;
+    return HomeOfNew().get() == &file;
+}
+
+std::string ProjectDocument::BytesOf(const ContentFile& file, std::string& canonical) const {
+    const auto belongs = [this, &file](const CommentStore::Origin& origin) {
+        return IsHome(file, origin);
+    };
+    canonical = ContentFileWriter::Canonical(file, *mComments, belongs);
+    return canonical == file.CanonicalBytes.Get() ? file.Bytes.Get() : canonical;
+}
+
+std::string ProjectDocument::BytesOfProject(std::string& canonical) const {
+    canonical = ProjectWriter::Canonical(*this);
+    return canonical == mCanonicalBytes ? mBytes : canonical;
 }
 
 std::optional<FileProblem> ProjectDocument::StoreContentFile(const Ref<ContentFile>& file,
                                                              Overwriting overwriting) {
-    const auto belongs = [this, &file](const CommentStore::Origin& origin) {
-        return IsHome(*file, origin);
-    };
-    const std::string canonical = ContentFileWriter::Canonical(*file, *mComments, belongs);
-    const std::string bytes =
-        canonical == file->CanonicalBytes.Get() ? file->Bytes.Get() : canonical;
+    if (file->IsMissing) return {};
+    std::string canonical;
+    const std::string bytes = BytesOf(*file, canonical);
     const bool isStored =
         file->ExistsOnDisk && bytes == file->Bytes && std::filesystem::exists(file->Path);
     if (!isStored) {
@@ -170,8 +218,8 @@ void ProjectDocument::MarkStored(const Ref<ContentFile>& file) {
 }
 
 std::optional<FileProblem> ProjectDocument::StoreProjectFile(Overwriting overwriting) {
-    const std::string canonical = ProjectWriter::Canonical(*this);
-    const std::string bytes = canonical == mCanonicalBytes ? mBytes : canonical;
+    std::string canonical;
+    const std::string bytes = BytesOfProject(canonical);
     if (mExistsOnDisk && bytes == mBytes && std::filesystem::exists(mPath)) return {};
     if (auto problem =
             Store(mPath, mExistsOnDisk, mBytes, bytes, overwriting == Overwriting::Allowed))
@@ -193,54 +241,6 @@ std::optional<FileProblem> ProjectDocument::Save(Overwriting overwriting) {
     mComments->DropTombstones();
     SetDirty(false);
     return {};
-}
-
-void ProjectDocument::MoveTo(const std::string& path) {
-    const std::string oldFolder = ProjectPaths::FolderOf(mPath);
-    const std::string oldName = ProjectPaths::BaseName(mPath);
-    const std::string newFolder = ProjectPaths::FolderOf(path);
-    for (const auto& entry : GetCommentFiles()) {
-        const Ref<ContentFile> file = FindContentFile(entry->FileName);
-        if (!file || mPath.empty() || !IsBelow(oldFolder, file->Path)) continue;
-        std::filesystem::path moved = newFolder + file->Path.substr(oldFolder.size());
-        if (moved.stem() == oldName)
-            moved.replace_filename(ProjectPaths::BaseName(path) + moved.extension().string());
-        if (moved.string() == file->Path) continue;
-        file->Path = entry->FileName = moved.string();
-        file->ExistsOnDisk = false;
-    }
-    mPath = path;
-    mExistsOnDisk = false;
-}
-
-std::optional<FileProblem> ProjectDocument::SaveAs(const std::string& path,
-                                                   Overwriting overwriting) {
-    const std::string whole = ProjectPaths::Normal(path);
-    if (whole == mPath) return Save(overwriting);
-    if (auto problem = SyncContentFiles()) return problem;
-
-    const std::string oldPath = mPath;
-    const bool existed = mExistsOnDisk;
-    std::vector<std::pair<std::string, bool>> old;
-    for (const auto& file : mContentFiles)
-        old.emplace_back(file->Path, file->ExistsOnDisk);
-    MoveTo(whole);
-    const auto problem = Save(overwriting);
-    if (!problem) return {};
-
-    for (const auto& entry : GetCommentFiles())
-        for (std::size_t index = 0; index < old.size(); ++index)
-            if (mContentFiles[index]->Path == entry->FileName) {
-                entry->FileName = old[index].first;
-                break;
-            }
-    for (std::size_t index = 0; index < old.size(); ++index) {
-        mContentFiles[index]->Path = old[index].first;
-        mContentFiles[index]->ExistsOnDisk = old[index].second;
-    }
-    mPath = oldPath;
-    mExistsOnDisk = existed;
-    return problem;
 }
 
 } // namespace paperkite

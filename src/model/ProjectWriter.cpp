@@ -16,35 +16,6 @@ bool IsKnownSetting(const XmlElement& element) {
     return ProjectSettings::Has(element.AttributeText("name"));
 }
 
-const XmlVocabulary& Vocabulary() {
-    static const XmlVocabulary vocabulary{
-        "kiteproject",
-        {"version"},
-        "",
-        {
-            {"title", {}, "", {}},
-            {"source", {"moniker", "folder", "root"}, "root", {{"exclude", {}, ".", {}}}},
-            {"contentfile", {"path", "item", "doctype"}, "path", {}},
-            {"scope", {"private", "friend", "protected", "protectedfriend"}, "", {}},
-            {"settings", {}, "", {{"setting", {"name"}, "name", {}, IsKnownSetting}}},
-            {"exclusions", {}, "", {{"exclusion", {}, ".", {}}}},
-            {"memberfilters", {}, "", {{"memberfilter", {}, ".", {}}}},
-            {"variables", {}, "", {{"variable", {"name"}, "name", {}}}},
-            {"additionalfiles", {}, "", {{"additionalfile", {"path"}, "path", {}}}},
-            {"ignorerelationships",
-             {},
-             "",
-             {{"relationship", {"module", "procedure"}, "procedure", {}}}},
-            {"diagramstyle",
-             {"bold", "centercaptions", "border", "dropshadow", "useshapes", "usetemplatestyle",
-              "objectfill", "objecttext", "objectborder", "collectionfill", "collectiontext",
-              "collectionborder"},
-             "",
-             {}},
-        }};
-    return vocabulary;
-}
-
 std::string FlagText(bool value) {
     return value ? "true" : "false";
 }
@@ -163,6 +134,35 @@ void AddDiagramStyle(XmlElement& root, const DiagramStyle& style) {
 }
 
 } // namespace
+
+const XmlVocabulary& ProjectWriter::Vocabulary() {
+    static const XmlVocabulary vocabulary{
+        "kiteproject",
+        {"version"},
+        "",
+        {
+            {"title", {}, "", {}},
+            {"source", {"moniker", "folder", "root"}, "root", {{"exclude", {}, ".", {}}}},
+            {"contentfile", {"path", "item", "doctype"}, "path", {}},
+            {"scope", {"private", "friend", "protected", "protectedfriend"}, "", {}},
+            {"settings", {}, "", {{"setting", {"name"}, "name", {}, IsKnownSetting}}},
+            {"exclusions", {}, "", {{"exclusion", {}, ".", {}}}},
+            {"memberfilters", {}, "", {{"memberfilter", {}, ".", {}}}},
+            {"variables", {}, "", {{"variable", {"name"}, "name", {}}}},
+            {"additionalfiles", {}, "", {{"additionalfile", {"path"}, "path", {}}}},
+            {"ignorerelationships",
+             {},
+             "",
+             {{"relationship", {"module", "procedure"}, "procedure", {}}}},
+            {"diagramstyle",
+             {"bold", "centercaptions", "border", "dropshadow", "useshapes", "usetemplatestyle",
+              "objectfill", "objecttext", "objectborder", "collectionfill", "collectiontext",
+              "collectionborder"},
+             "",
+             {}},
+        }};
+    return vocabulary;
+}
 
 std::string ProjectWriter::Canonical(const ProjectDocument& project) {
     XmlElement root = XmlElement::Named("kiteproject");

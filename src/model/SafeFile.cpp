@@ -2,11 +2,13 @@
 
 #include "foundation/KeyGenerator.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -124,14 +126,20 @@ FileProblem WriteProblem(const std::string& path, const std::string& target, int
     return problem;
 }
 
+void Tell(SafeFile::Step step) {
+    if (SafeFile::StepDone) SafeFile::StepDone(step);
+}
+
 bool WriteAll(int descriptor, std::string_view bytes) {
+    constexpr std::size_t kPart = 1 << 20;
     while (!bytes.empty()) {
-        const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
+        const ssize_t written = ::write(descriptor, bytes.data(), std::min(bytes.size(), kPart));
         if (written < 0) {
             if (errno == EINTR) continue;
             return false;
         }
         bytes.remove_prefix(static_cast<std::size_t>(written));
+        Tell(SafeFile::Step::Written);
     }
     return true;
 }
@@ -152,6 +160,32 @@ bool KeepPermissions(int descriptor, const struct stat& old) {
     return ::fchmod(descriptor, old.st_mode & 07777) == 0;
 }
 
+constexpr std::size_t kMarkLength = 8;
+constexpr const char* kTemporaryEnding = ".tmp";
+
+/// Makes a temporary file for a target and locks it, as a sign that somebody is at work on it.
+/// Gives its descriptor, or -1 with errno.
+int MakeTemporary(const std::string& target, std::string& name) {
+    for (int attempt = 0; attempt < 10; ++attempt) {
+        name = target + "." + KeyGenerator().Generate().substr(0, kMarkLength) + kTemporaryEnding;
+        const int number = ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        if (number < 0) return -1;
+        ::flock(number, LOCK_EX | LOCK_NB);
+        // Somebody who cleans up may have been between the two.
+        struct stat made {};
+        if (::fstat(number, &made) != 0 || made.st_nlink > 0) return number;
+        ::close(number);
+    }
+    errno = EBUSY;
+    return -1;
+}
+
+bool IsTemporaryOf(const std::string& target, const std::string& name) {
+    const std::string ending = kTemporaryEnding;
+    return name.size() == target.size() + 1 + kMarkLength + ending.size() &&
+           name.starts_with(target + ".") && name.ends_with(ending);
+}
+
 /// 0, or what errno was.
 int Store(const std::string& target, std::string_view bytes) {
     struct stat old {};
@@ -160,16 +194,23 @@ int Store(const std::string& target, std::string_view bytes) {
     // Renaming would replace a write-protected file without a word.
     if (exists && ::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0) return errno;
 
-    const std::string name = target + "." + KeyGenerator().Generate().substr(0, 8) + ".tmp";
-    Descriptor descriptor(::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+    std::string name;
+    Descriptor descriptor(MakeTemporary(target, name));
     if (descriptor.Number() < 0) return errno;
     TemporaryFile temporary(name);
+    // Locked until it is in its place.
+    const Descriptor lock(::fcntl(descriptor.Number(), F_DUPFD_CLOEXEC, 0));
+    Tell(SafeFile::Step::Made);
     if (exists && !KeepPermissions(descriptor.Number(), old)) return errno;
     if (!WriteAll(descriptor.Number(), bytes)) return errno;
     if (::fsync(descriptor.Number()) != 0) return errno;
+    Tell(SafeFile::Step::Flushed);
     if (!descriptor.Close()) return errno;
+    Tell(SafeFile::Step::Closed);
     if (!temporary.MoveTo(target)) return errno;
+    Tell(SafeFile::Step::Renamed);
     FlushFolder(FolderOf(target));
+    Tell(SafeFile::Step::FolderFlushed);
     return 0;
 }
 
@@ -203,6 +244,17 @@ std::optional<FileProblem> SafeFile::Write(const std::string& path, std::string_
     const int error = Store(target, bytes);
     if (error == 0) return {};
     return WriteProblem(path, target, error);
+}
+
+void SafeFile::CleanUp(const std::string& path) {
+    const fs::path target = Resolve(path);
+    std::error_code failed;
+    for (const auto& entry : fs::directory_iterator(FolderOf(target.string()), failed)) {
+        if (!IsTemporaryOf(target.filename().string(), entry.path().filename().string())) continue;
+        const Descriptor descriptor(::open(entry.path().c_str(), O_RDONLY | O_CLOEXEC));
+        if (descriptor.Number() < 0) continue;
+        if (::flock(descriptor.Number(), LOCK_EX | LOCK_NB) == 0) ::unlink(entry.path().c_str());
+    }
 }
 
 std::string SafeFile::Resolve(const std::string& path) {

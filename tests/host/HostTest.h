@@ -15,7 +15,9 @@ namespace paperkite::test {
 /// A small code base in a folder of its own, with the services of the program without a screen.
 class HostTest : public testing::Test {
 protected:
-    HostTest() : mSettings("XDG_CONFIG_HOME", mFolder / "settings") {
+    HostTest()
+        : mSettings("XDG_CONFIG_HOME", mFolder / "settings"),
+          mState("XDG_STATE_HOME", mFolder / "state") {
         InstallHeadlessServices(PAPERKITE_SOURCE_DIR);
         GlobalConfig().ProjectViewOptions = {};
         GlobalConfig().ProjectViewOptions.Grouped = false;
@@ -49,6 +51,7 @@ protected:
 
     TemporaryFolder mFolder;
     EnvironmentChange mSettings;
+    EnvironmentChange mState;
 };
 
 } // namespace paperkite::test

@@ -29,7 +29,7 @@ DialogAnswers::DialogAnswers() {
 }
 
 void DialogAnswers::ExpectBox(const std::string& button) {
-    Expect([this, button](QDialog& dialog) {
+    ExpectBehindProgress([this, button](QDialog& dialog) {
         auto* box = qobject_cast<QMessageBox*>(&dialog);
         if (!box) {
             ADD_FAILURE() << "Not a message box: " << dialog.windowTitle().toStdString();
@@ -60,8 +60,9 @@ void DialogAnswers::Look() {
         dialog->reject();
         return;
     }
+    if (isProgress && mAnswers.front().LetsProgressPass) return;
     mAnswered = dialog;
-    const Answer answer = std::move(mAnswers.front());
+    const Answer answer = std::move(mAnswers.front().Give);
     mAnswers.pop_front();
     answer(*dialog);
 }

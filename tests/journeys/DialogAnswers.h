@@ -19,7 +19,9 @@ public:
 
     DialogAnswers();
 
-    void Expect(Answer answer) { mAnswers.push_back(std::move(answer)); }
+    void Expect(Answer answer) { mAnswers.push_back({std::move(answer), false}); }
+    /// The same; progress that is shown on the way, on a slow machine, is let pass.
+    void ExpectBehindProgress(Answer answer) { mAnswers.push_back({std::move(answer), true}); }
     /// Clicks the button with that text ("&" left out) in a message box, whose texts are kept.
     void ExpectBox(const std::string& button);
 
@@ -29,10 +31,15 @@ public:
     const std::string& GetText() const { return mText; }
 
 private:
+    struct Expected {
+        Answer Give;
+        bool LetsProgressPass;
+    };
+
     void Look();
 
     QTimer mTimer;
-    std::deque<Answer> mAnswers;
+    std::deque<Expected> mAnswers;
     std::string mText;
     QPointer<QDialog> mAnswered;
 };

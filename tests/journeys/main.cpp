@@ -10,6 +10,7 @@
 int main(int argc, char** argv) {
     const paperkite::test::TemporaryFolder settings;
     const paperkite::test::EnvironmentChange place("XDG_CONFIG_HOME", settings.Path());
+    const paperkite::test::EnvironmentChange state("XDG_STATE_HOME", settings / "state");
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     testing::InitGoogleTest(&argc, argv);

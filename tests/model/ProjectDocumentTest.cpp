@@ -431,16 +431,6 @@ TEST(ProjectDocument, AContentFileIsNoProject) {
                                      "<contentfile> and not <kiteproject>. Choose another file.");
 }
 
-TEST(ProjectDocument, AMissingContentFileIsNamed) {
-    const TemporaryFolder folder;
-    folder.Write("p.kiteproject", "<kiteproject version='1'><contentfile path='no.ktc'/>"
-                                  "</kiteproject>");
-    EXPECT_EQ(OpenMessage(folder / "p.kiteproject"),
-              (folder / "no.ktc") +
-                  ": This Content File of the project is missing. Put it back, or "
-                  "remove it from the project's list of Content Files.");
-}
-
 TEST(ProjectDocument, AContentFileThatIsListedTwiceIsAProblem) {
     const TemporaryFolder folder;
     folder.Write("c.ktc", "<contentfile version='1'/>");

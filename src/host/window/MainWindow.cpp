@@ -1,6 +1,7 @@
 #include "host/window/MainWindow.h"
 
 #include "host/window/CoverageStatus.h"
+#include "host/window/SafeKeeping.h"
 
 #include "foundation/GlobalConfig.h"
 #include "foundation/Settings.h"
@@ -135,7 +136,9 @@ void MainWindow::ShowTitle() {
         return;
     }
     const auto& project = mWorkspace->GetSession().GetProject();
-    setWindowTitle(QString::fromStdString(project->GetTitle()) + "[*] — Paperkite");
+    const bool isReadOnly = mKeeping && mKeeping->IsReadOnly();
+    setWindowTitle(QString::fromStdString(project->GetTitle()) +
+                   (isReadOnly ? tr(" (read-only)") : QString()) + "[*] — Paperkite");
     setWindowModified(project->GetDirty());
     mModified->setText(project->GetDirty() ? tr("Modified") : QString());
 }

@@ -22,6 +22,8 @@ class QStackedWidget;
 namespace paperkite {
 
 class CoverageStatus;
+class ProjectLock;
+class SafeKeeping;
 
 /// The window of the desktop program: menus, the authoring components, the item's details and the
 /// status bar. It owns the open project.
@@ -42,6 +44,13 @@ public:
     bool SaveAs();
     /// Asks about unsaved work; false when the author wants to go on with it.
     bool CloseProject();
+    /// Looks whether somebody else changed the files of the open project, as the window does each
+    /// time that the author comes back to it.
+    void LookAtDisk();
+    /// Shows what a merge could not put together, and lets the author choose.
+    void ResolveConflicts();
+    /// What keeps the open project's unsaved work; nothing without a project.
+    SafeKeeping* GetKeeping() const { return mKeeping.get(); }
 
     /// Nothing when no project is open.
     Workspace* GetWorkspace() const { return mWorkspace.get(); }
@@ -49,6 +58,7 @@ public:
     QAction* GetAction(const QString& name) const;
 
 protected:
+    void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
@@ -86,6 +96,17 @@ private:
     bool SavedOrGivenUp();
     bool StoreOrAsk(bool asNew, const QString& path);
 
+    // Safety
+    void BeginKeeping(std::unique_ptr<SafeKeeping> keeping);
+    void BeginKeepingAnew();
+    void TellMissingFiles();
+    bool ReadFilesAgain(const ProjectDocument::FileBytes& inPlace);
+    bool MergeWithDisk();
+    void OfferConflicts();
+    bool SaveOverOthers(const FileProblem& problem);
+    bool SaveReadOnly();
+    std::unique_ptr<ProjectLock> WaitForWriters(const std::string& path);
+
     // Items
     void ShowItem(const Ref<TreeNode>& node);
     void ShowSource(const Ref<Object>& item);
@@ -120,6 +141,11 @@ private:
     ViewFactory mFactory;
     RecentProjects mRecent;
     std::unique_ptr<Workspace> mWorkspace;
+    std::unique_ptr<SafeKeeping> mKeeping;
+    /// Files that somebody else changed and the author did not want to merge yet.
+    std::vector<std::string> mNotMerged;
+    bool mLooking = false;
+    bool mMayOverwrite = false;
     Ref<SourcePane> mSourcePane;
     Ref<Label> mNoItem;
     Ref<ItemFinder> mFinder;

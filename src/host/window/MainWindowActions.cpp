@@ -80,6 +80,8 @@ void MainWindow::MakeEditMenu() {
     AddAction(menu, "PasteComments", tr("&Paste Comments to the Item"), "edit-paste",
               QKeySequence("Ctrl+Shift+V"), &MainWindow::PasteComments);
     menu.addSeparator();
+    AddAction(menu, "ResolveConflicts", tr("&Choose Between Versions …"), "", {},
+              &MainWindow::ResolveConflicts);
     AddAction(menu, "FindItem", tr("&Find an Item …"), "edit-find", QKeySequence::Find,
               &MainWindow::FocusFinder);
 }
@@ -160,8 +162,8 @@ void MainWindow::MakeToolbar() {
 void MainWindow::UpdateActions() {
     const bool open = mWorkspace != nullptr;
     for (const char* name :
-         {"FindItem", "Save", "SaveAs", "Rescan", "Properties", "Close", "NextSibling",
-          "PreviousSibling", "NextUndocumented", "PreviousUndocumented"})
+         {"FindItem", "ResolveConflicts", "Save", "SaveAs", "Rescan", "Properties", "Close",
+          "NextSibling", "PreviousSibling", "NextUndocumented", "PreviousUndocumented"})
         GetAction(name)->setEnabled(open);
     GetAction("CopyComments")
         ->setEnabled(open && mWorkspace->GetEditor().cEditor.GetCurrentCodeElement());

@@ -2,6 +2,7 @@
 
 #include "foundation/Text.h"
 #include "host/window/CoverageStatus.h"
+#include "host/window/SafeKeeping.h"
 
 #include <QAction>
 #include <QLabel>
@@ -41,6 +42,7 @@ void MainWindow::ShowItem(const Ref<TreeNode>& node) {
     mSourcePane->SetVisible(static_cast<bool>(item));
     if (item) ShowSource(item);
     const std::string name = node->GetKey();
+    if (item && mKeeping) mKeeping->GetWork().ItemShown(name);
     mPath->setText(item ? QString::fromStdString(ReplaceAll(name, "~", " ~ "))
                         : QString::fromStdString(node->GetText()));
     mPath->setToolTip(mPath->text());
@@ -65,6 +67,7 @@ void MainWindow::CommentsChanged(const Ref<Object>& item) {
     const auto& project = mWorkspace->GetSession().GetProject();
     project->SetDirty(true);
     const std::string name = item->Get("QualifiedName").ToText();
+    if (mKeeping) mKeeping->GetWork().ItemChanged(name);
     const bool documented = project->GetComments()->IsDocumented(name);
     mCoverage->SetDocumented(name, documented);
     ShowTitle();

@@ -2,6 +2,7 @@
 
 #include "host/window/CoverageStatus.h"
 #include "host/window/NewProjectDialog.h"
+#include "host/window/SafeKeeping.h"
 #include "host/window/ScanDialog.h"
 #include "platform/qt/TreeItemModel.h"
 #include "widgets/Container.h"
@@ -79,7 +80,15 @@ bool MainWindow::ShowOpened(ProjectSession::OpenResult opened, const std::string
         Warn(this, title, failure.empty() ? opened.Problem : failure);
         return false;
     }
+    // The window's own lock must not keep it from opening a project again.
+    if (mKeeping && mKeeping->GetProject() == opened.Session->GetProject()->GetPath())
+        mKeeping->GiveLockBack();
+    auto keeping = SafeKeeping::Begin(*opened.Session, this);
+    if (!keeping) return false;
     ShowProject(std::move(opened.Session));
+    BeginKeeping(std::move(keeping));
+    TellMissingFiles();
+    OfferConflicts();
     return true;
 }
 
@@ -137,6 +146,8 @@ void MainWindow::AddFinder() {
 
 void MainWindow::HideProject() {
     if (!mWorkspace) return;
+    mKeeping.reset();
+    mNotMerged.clear();
     mConnections.clear();
     TreeItemModel::SetStateText({});
     mCoverage->SetSession(nullptr);
@@ -190,7 +201,9 @@ bool MainWindow::SavedOrGivenUp() {
     box.setDefaultButton(QMessageBox::Save);
     const int answer = box.exec();
     if (answer == QMessageBox::Save) return Save();
-    return answer == QMessageBox::Discard;
+    if (answer != QMessageBox::Discard) return false;
+    if (mKeeping) mKeeping->GetWork().Settle();
+    return true;
 }
 
 bool MainWindow::CloseProject() {
@@ -202,6 +215,7 @@ bool MainWindow::CloseProject() {
 
 bool MainWindow::Save() {
     if (!mWorkspace) return true;
+    if (mKeeping && mKeeping->IsReadOnly()) return SaveReadOnly();
     return StoreOrAsk(false, {});
 }
 
@@ -221,23 +235,27 @@ bool MainWindow::SaveAs() {
 
 bool MainWindow::StoreOrAsk(bool asNew, const QString& path) {
     mWorkspace->GetEditor().CommitEdit();
-    const auto& project = mWorkspace->GetSession().GetProject();
-    const auto store = [&](ProjectDocument::Overwriting overwriting) {
+    mMayOverwrite = false;
+    const auto store = [&] {
+        const auto& project = mWorkspace->GetSession().GetProject();
+        const auto overwriting = mMayOverwrite ? ProjectDocument::Overwriting::Allowed
+                                               : ProjectDocument::Overwriting::Refused;
+        const auto lock = WaitForWriters(asNew ? path.toStdString() : project->GetPath());
         return asNew ? project->SaveAs(path.toStdString(), overwriting)
                      : project->Save(overwriting);
     };
-    auto problem = store(ProjectDocument::Overwriting::Refused);
+    auto problem = store();
     if (problem && (problem->Reason == FileProblem::ReasonCode::ChangedOnDisk ||
                     problem->Reason == FileProblem::ReasonCode::AlreadyExists)) {
-        QMessageBox box(QMessageBox::Warning, tr("Save Project"),
-                        QString::fromStdString(problem->Message()), QMessageBox::Cancel, this);
-        QAbstractButton* overwrite = box.addButton(tr("&Overwrite"), QMessageBox::DestructiveRole);
-        box.setDefaultButton(QMessageBox::Cancel);
-        box.exec();
-        if (box.clickedButton() != overwrite) return false;
-        problem = store(ProjectDocument::Overwriting::Allowed);
+        if (!SaveOverOthers(*problem)) return false;
+        problem = store();
     }
-    if (problem) Warn(this, tr("Save Project"), problem->Message());
+    if (problem)
+        Warn(this, tr("Save Project"), problem->Message());
+    else if (mKeeping && asNew)
+        BeginKeepingAnew();
+    else if (mKeeping)
+        mKeeping->GetWork().Settle();
     ShowTitle();
     return !problem;
 }

@@ -62,6 +62,8 @@ int WriteScreenshot(QApplication& application, ModelControlHelper& helper,
         std::cerr << opened.Problem << '\n';
         return kExitBadInput;
     }
+    for (const FileProblem& problem : opened.Session->GetProject()->GetMissingFiles())
+        std::cerr << problem.Message() << '\n';
     InstallDesktopServices(helper);
     CurrentServices().Registry = std::make_shared<PictureSettings>();
     Theme theme(application);

@@ -1,0 +1,14 @@
+#include "host/StateFolder.h"
+
+#include <cstdlib>
+
+namespace paperkite {
+
+std::string JournalFolder() {
+    const char* state = std::getenv("XDG_STATE_HOME");
+    if (state && *state == '/') return std::string(state) + "/paperkite/unsaved";
+    const char* home = std::getenv("HOME");
+    return std::string(home && *home ? home : "/tmp") + "/.local/state/paperkite/unsaved";
+}
+
+} // namespace paperkite

@@ -1,0 +1,192 @@
+#include "model/MergeConflicts.h"
+
+#include "model/ContentFileMerge.h"
+#include "model/XmlTreeMerge.h"
+#include "model/XmlWriter.h"
+
+#include <unordered_map>
+
+namespace paperkite {
+
+namespace {
+
+constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+
+/// Where the two versions of a conflict stand among the children of an element.
+struct Place {
+    XmlElement* Parent = nullptr;
+    std::size_t Ours = kNone;
+    std::size_t Theirs = kNone;
+    /// The element that holds the other version of a project's element.
+    std::size_t Mark = kNone;
+    MergeConflict Conflict;
+};
+
+void FindComments(XmlElement& root, std::vector<Place>& places) {
+    std::unordered_map<std::string, std::size_t> known;
+    for (std::size_t index = 0; index < root.Children.size(); ++index) {
+        const XmlElement& comment = root.Children[index];
+        if (!comment.IsElement() || comment.Name != "comment") continue;
+        const std::string side = comment.AttributeText(kConflictAttribute);
+        if (side != "ours" && side != "theirs") continue;
+        const std::string id = comment.AttributeText(kConflictIdAttribute);
+        // Versions of one comment may belong to different items by now.
+        const auto [entry, isNew] = known.emplace(id, places.size());
+        if (isNew ||
+            (side == "ours" ? places[entry->second].Ours : places[entry->second].Theirs) != kNone) {
+            entry->second = places.size();
+            places.emplace_back();
+        }
+        Place& place = places[entry->second];
+        place.Parent = &root;
+        (side == "ours" ? place.Ours : place.Theirs) = index;
+        (side == "ours" ? place.Conflict.Ours : place.Conflict.Theirs) = comment.ContentText();
+        if (place.Conflict.Item.empty() || side == "ours") {
+            place.Conflict.Item = comment.AttributeText("item");
+            place.Conflict.Tag = comment.AttributeText("tag");
+        }
+        if (comment.FindAttribute(kConflictBaseAttribute))
+            place.Conflict.Base = comment.AttributeText(kConflictBaseAttribute);
+    }
+}
+
+/// What an element of a project says, in one text.
+std::string TextOf(const XmlElement& element) {
+    std::string text = element.ContentText();
+    for (const auto& [name, value] : element.Attributes)
+        text += (text.empty() ? "" : "\n") + name + ": " + element.AttributeText(name);
+    return text;
+}
+
+void FindElements(XmlElement& parent, std::vector<Place>& places) {
+    for (std::size_t index = 0; index < parent.Children.size(); ++index) {
+        XmlElement& child = parent.Children[index];
+        if (!child.IsElement()) continue;
+        const std::string side = child.AttributeText(kConflictSide);
+        const bool isMark = child.Name == kConflictElement && !side.empty();
+        if (!isMark) {
+            FindElements(child, places);
+            continue;
+        }
+        Place place;
+        place.Parent = &parent;
+        place.Mark = index;
+        place.Conflict.MayKeepBoth = false;
+        const bool isDeleted = child.AttributeText(kConflictDeleted) == "true";
+        const XmlElement* other = child.Children.empty() ? nullptr : &child.Children.front();
+        const bool isOfRoot = other && other->Name == parent.Name;
+        const XmlElement* before = isOfRoot ? &parent : nullptr;
+        for (std::size_t at = index; !before && at-- > 0;)
+            if (parent.Children[at].IsElement()) before = &parent.Children[at];
+        if (!before) continue;
+        (side == "ours" ? place.Conflict.Theirs : place.Conflict.Ours) = TextOf(*before);
+        if (!isDeleted && other)
+            (side == "ours" ? place.Conflict.Ours : place.Conflict.Theirs) = TextOf(*other);
+        place.Conflict.Item = before->Name;
+        for (const char* key : {"name", "path", "root"})
+            if (place.Conflict.Tag.empty()) place.Conflict.Tag = before->AttributeText(key);
+        if (!isOfRoot) place.Ours = static_cast<std::size_t>(before - parent.Children.data());
+        places.push_back(std::move(place));
+    }
+}
+
+std::vector<Place> PlacesIn(XmlFile& file) {
+    std::vector<Place> places;
+    FindComments(file.Root, places);
+    FindElements(file.Root, places);
+    return places;
+}
+
+void TakeMarksOff(XmlElement& comment) {
+    std::erase_if(comment.Attributes, [](const auto& attribute) {
+        return attribute.first == kConflictAttribute || attribute.first == kConflictIdAttribute ||
+               attribute.first == kConflictBaseAttribute;
+    });
+}
+
+/// Children that go are emptied first, so that the places of the others stay.
+void Drop(XmlElement& child) {
+    child = XmlElement();
+    child.Kind = XmlElement::NodeKind::Text;
+}
+
+void ResolveComment(Place& place, Keeping keeping) {
+    auto& children = place.Parent->Children;
+    const bool hasBoth = place.Ours != kNone && place.Theirs != kNone;
+    if (hasBoth && keeping == Keeping::Theirs) {
+        // The comment keeps the Id that both sides know it by.
+        XmlElement& theirs = children[place.Theirs];
+        for (auto& [name, value] : theirs.Attributes)
+            if (name == "id") value = *children[place.Ours].FindAttribute("id");
+    }
+    const auto settle = [&](std::size_t index, bool isKept) {
+        if (index == kNone) return;
+        if (isKept)
+            TakeMarksOff(children[index]);
+        else
+            Drop(children[index]);
+    };
+    settle(place.Ours, keeping != Keeping::Theirs);
+    settle(place.Theirs, keeping != Keeping::Ours);
+}
+
+void ResolveElement(Place& place, Keeping keeping) {
+    auto& children = place.Parent->Children;
+    XmlElement mark = std::move(children[place.Mark]);
+    const bool markIsOurs = mark.AttributeText(kConflictSide) == "ours";
+    Drop(children[place.Mark]);
+    const bool takesMark = keeping != Keeping::Both && (keeping == Keeping::Ours) == markIsOurs;
+    if (!takesMark) return;
+    XmlElement* present = place.Ours == kNone ? place.Parent : &children[place.Ours];
+    if (mark.Children.empty()) {
+        Drop(*present);
+        return;
+    }
+    XmlElement& other = mark.Children.front();
+    present->Attributes = other.Attributes;
+    if (place.Ours == kNone) return;
+    std::erase_if(present->Children, [](const XmlElement& node) {
+        return node.Kind == XmlElement::NodeKind::Text || node.Kind == XmlElement::NodeKind::CData;
+    });
+    std::move(other.Children.begin(), other.Children.end(),
+              std::inserter(present->Children, present->Children.begin()));
+}
+
+void Sweep(XmlElement& parent) {
+    std::erase_if(parent.Children, [](const XmlElement& child) {
+        return child.Kind == XmlElement::NodeKind::Text && child.Text.empty();
+    });
+}
+
+} // namespace
+
+bool MergeConflicts::MayBeIn(const std::string& bytes) {
+    return bytes.find("conflict=") != std::string::npos ||
+           bytes.find("<conflict") != std::string::npos;
+}
+
+std::vector<MergeConflict> MergeConflicts::Find(const std::string& bytes) {
+    std::vector<MergeConflict> conflicts;
+    XmlFile file;
+    if (!MayBeIn(bytes) || XmlReader({}, bytes).Read(file)) return conflicts;
+    for (Place& place : PlacesIn(file))
+        conflicts.push_back(std::move(place.Conflict));
+    return conflicts;
+}
+
+std::string MergeConflicts::Resolve(const std::string& bytes, const std::vector<Keeping>& choices) {
+    XmlFile file;
+    if (choices.empty() || XmlReader({}, bytes).Read(file)) return bytes;
+    std::vector<Place> places = PlacesIn(file);
+    for (std::size_t index = 0; index < places.size() && index < choices.size(); ++index) {
+        if (places[index].Mark == kNone)
+            ResolveComment(places[index], choices[index]);
+        else
+            ResolveElement(places[index], choices[index]);
+    }
+    for (Place& place : places)
+        Sweep(*place.Parent);
+    return WriteXml(file);
+}
+
+} // namespace paperkite
