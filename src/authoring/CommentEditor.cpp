@@ -18,6 +18,7 @@ constexpr const char* kHiddenOption = "x";
 constexpr const char* kTitleImage = "headerimage";
 constexpr std::size_t kTitleImagePosition = 2;
 constexpr int kShownDescriptionHeight = 49;
+constexpr int kHighestDescription = 1000;
 constexpr int kBarPercentage = 28;
 
 bool ServesNamespace(const PageTemplate& pageTemplate, const std::string& name) {
@@ -120,7 +121,7 @@ void CommentEditor::zReadDescriptionPane() {
     prpTags->SetDescriptionVisible(
         GetAppValue("Visible", 1, kConvertToNumber, kDescriptionPane).ToBoolean());
     prpTags->SetDescriptionHeight(
-        GetAppValue("Height", 75, kConvertToNumber, kDescriptionPane).ToInteger());
+        GetAppNumber("Height", 75, 0, kHighestDescription, kDescriptionPane));
 }
 
 void CommentEditor::zLoadIcons() {
