@@ -110,6 +110,8 @@ void CommentEditor::InitControl() {
 }
 
 void CommentEditor::zMakeButtons() {
+    // An initialisation that failed behind this is tried again.
+    if (AddButtonIndex != 0) return;
     AddButtonIndex =
         prpTags->AddButton("AddButton", "Click to add this tag", "list-add", "Add Tag");
     DeleteButtonIndex = prpTags->AddButton("DeleteButton", "Delete Tag", "edit-delete");
@@ -127,8 +129,10 @@ void CommentEditor::zReadDescriptionPane() {
 void CommentEditor::zLoadIcons() {
     if (!CurrentServices().FileSystem) return;
     const std::string folder = CurrentServices().ApplicationFolder + kIconFolder;
-    for (const std::string& name : CurrentServices().FileSystem->FilesWithExtension(folder, ".ico"))
-        eb->GetImageList()->Add(LowerCase(name), {{}, folder + "/" + name + ".ico", {}});
+    const auto names = CurrentServices().FileSystem->FilesWithExtension(folder, ".ico");
+    for (const std::string& name : names)
+        if (!eb->GetImageList()->Contains(LowerCase(name)))
+            eb->GetImageList()->Add(LowerCase(name), {{}, folder + "/" + name + ".ico", {}});
 }
 
 void CommentEditor::UserControl_Show() {
