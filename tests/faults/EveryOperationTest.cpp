@@ -214,8 +214,4 @@ Reports ExpectedReports(const WalkedOperation& operation, const std::vector<std:
 
 } // namespace
 
-void PrintTo(const WalkedOperation& operation, std::ostream* stream) {
-    *stream << operation.Title();
-}
-
 } // namespace paperkite::test

@@ -1,6 +1,8 @@
 #include "faults/WalkedOperations.h"
 #include "widgets/Keys.h"
 
+#include <ostream>
+
 namespace paperkite::test {
 
 namespace {
@@ -135,16 +137,18 @@ void AddListGestures(std::vector<WalkedOperation>& list) {
     add("UserResizeDescription", [](WalkScene& s) { s.Tags().UserResizeDescription(90); });
 }
 
-Ref<CheckBox> FlagBox(WalkScene& scene, const std::string& tag) {
+/// Clicks the box of a flag; behind the end there is none.
+void ClickFlag(WalkScene& scene, const std::string& tag) {
     const auto item = scene.Comments().eb->GetGroup("flags")->Item("checkboxcontainer");
-    for (const auto& control : item->GetControl().As<Container>()->Controls)
-        if (control->GetTag() == tag) return control.As<CheckBox>();
-    return {};
+    const auto frame = item->GetControl().As<Container>();
+    if (!frame) return;
+    for (const auto& control : frame->Controls)
+        if (control->GetTag() == tag) return control.As<CheckBox>()->UserClick();
 }
 
 void AddBarGestures(std::vector<WalkedOperation>& list) {
-    Add(list, "CheckBox", "UserClick", [](WalkScene& s) { FlagBox(s, "#old")->UserClick(); });
-    Add(list, "CheckBox", "UserClick", [](WalkScene& s) { FlagBox(s, "#todo")->UserClick(); });
+    Add(list, "CheckBox", "UserClick", [](WalkScene& s) { ClickFlag(s, "#old"); });
+    Add(list, "CheckBox", "UserClick", [](WalkScene& s) { ClickFlag(s, "#todo"); });
     Add(list, "ExplorerBar", "UserClick", [](WalkScene& s) {
         s.Comments().eb->UserClick(s.Comments().eb->GetGroup("other")->Item("other"));
     });
@@ -183,6 +187,10 @@ std::vector<WalkedOperation> AllOperations() {
                              ProjectEditorOperations(), Gestures()})
         all.insert(all.end(), part.begin(), part.end());
     return all;
+}
+
+void PrintTo(const WalkedOperation& operation, std::ostream* stream) {
+    *stream << operation.Title();
 }
 
 } // namespace paperkite::test

@@ -3,6 +3,7 @@
 #include "faults/WalkScene.h"
 
 #include <functional>
+#include <iosfwd>
 #include <string>
 #include <vector>
 
@@ -29,5 +30,8 @@ std::vector<WalkedOperation> ProjectEditorOperations();
 std::vector<WalkedOperation> Gestures();
 
 std::vector<WalkedOperation> AllOperations();
+
+/// For the names that a test's report gives.
+void PrintTo(const WalkedOperation& operation, std::ostream* stream);
 
 } // namespace paperkite::test

@@ -30,6 +30,7 @@ public:
 
     void Use(const std::string& what) {
         if (!mArmed) return;
+        if (OnUse) OnUse(what);
         mUsed.push_back(what + (Context ? Context() : std::string()));
         if (++mUses != mFailAt) return;
         mFailed = mUsed.back();
@@ -44,6 +45,8 @@ public:
 
     /// Says under which circumstances a use happens; stands behind its name.
     std::function<std::string()> Context;
+    /// Runs at each use.
+    std::function<void(const std::string&)> OnUse;
 
 private:
     [[noreturn]] void Raise() const {
