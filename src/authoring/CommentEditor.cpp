@@ -18,6 +18,7 @@ constexpr const char* kHiddenOption = "x";
 constexpr const char* kTitleImage = "headerimage";
 constexpr std::size_t kTitleImagePosition = 2;
 constexpr int kShownDescriptionHeight = 49;
+constexpr int kHighestDescription = 1000;
 constexpr int kBarPercentage = 28;
 
 bool ServesNamespace(const PageTemplate& pageTemplate, const std::string& name) {
@@ -109,6 +110,8 @@ void CommentEditor::InitControl() {
 }
 
 void CommentEditor::zMakeButtons() {
+    // An initialisation that failed behind this is tried again.
+    if (AddButtonIndex != 0) return;
     AddButtonIndex =
         prpTags->AddButton("AddButton", "Click to add this tag", "list-add", "Add Tag");
     DeleteButtonIndex = prpTags->AddButton("DeleteButton", "Delete Tag", "edit-delete");
@@ -120,14 +123,16 @@ void CommentEditor::zReadDescriptionPane() {
     prpTags->SetDescriptionVisible(
         GetAppValue("Visible", 1, kConvertToNumber, kDescriptionPane).ToBoolean());
     prpTags->SetDescriptionHeight(
-        GetAppValue("Height", 75, kConvertToNumber, kDescriptionPane).ToInteger());
+        GetAppNumber("Height", 75, 0, kHighestDescription, kDescriptionPane));
 }
 
 void CommentEditor::zLoadIcons() {
     if (!CurrentServices().FileSystem) return;
     const std::string folder = CurrentServices().ApplicationFolder + kIconFolder;
-    for (const std::string& name : CurrentServices().FileSystem->FilesWithExtension(folder, ".ico"))
-        eb->GetImageList()->Add(LowerCase(name), {{}, folder + "/" + name + ".ico", {}});
+    const auto names = CurrentServices().FileSystem->FilesWithExtension(folder, ".ico");
+    for (const std::string& name : names)
+        if (!eb->GetImageList()->Contains(LowerCase(name)))
+            eb->GetImageList()->Add(LowerCase(name), {{}, folder + "/" + name + ".ico", {}});
 }
 
 void CommentEditor::UserControl_Show() {

@@ -124,8 +124,7 @@ void ProjectEditor::ReloadSettings() {
         cEditor.CommitEdit();
         cEditor.ReloadSettings();
         splitMain->SetPercentage(
-            GetAppValue(kSplitPercentage, kDefaultPercentage, kConvertToNumber, kLayoutPath)
-                .ToInteger());
+            GetAppNumber(kSplitPercentage, kDefaultPercentage, 0, 100, kLayoutPath));
     });
 }
 

@@ -5,8 +5,7 @@
 namespace paperkite {
 
 void ReadSplitSetting(SplitPanel& panel, const char* name) {
-    const Value size = GetAppValue(name, panel.GetPercentage(), kConvertToText, {});
-    panel.SetPercentage(size.ToInteger());
+    panel.SetPercentage(GetAppNumber(name, panel.GetPercentage(), 0, 100, {}));
 }
 
 void WriteSplitSetting(const SplitPanel& panel, const char* name) {

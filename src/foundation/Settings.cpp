@@ -43,6 +43,13 @@ Value GetAppValue(const std::string& KeyName, const Value& DefaultValue, int Con
     return Value(value.ToText());
 }
 
+std::int32_t GetAppNumber(const std::string& KeyName, std::int32_t DefaultValue, std::int32_t least,
+                          std::int32_t most, const std::string& ExtraPath) {
+    const double stored =
+        GetAppValue(KeyName, DefaultValue, kConvertToNumber, ExtraPath).ToNumber();
+    return stored >= least && stored <= most ? Value(stored).ToInteger() : DefaultValue;
+}
+
 void SetAppValue(const std::string& KeyName, const Value& Value, const std::string& ExtraPath) {
     const std::string text = Value.IsBoolean() ? (Value.ToBoolean() ? "1" : "0") : Value.ToText();
     const std::string keyPath = WithExtraPath(RegKeyPath(), ExtraPath);

@@ -32,6 +32,10 @@ std::string CommonPath();
 Value GetAppValue(const std::string& KeyName, const Value& DefaultValue, int ConversionType,
                   const std::string& ExtraPath, RegistryHive Root = HKEY_CURRENT_USER,
                   const std::string& RootPath = {});
+/// A numeric setting as a whole number between two bounds, whatever is stored: what lies outside
+/// counts as missing.
+std::int32_t GetAppNumber(const std::string& KeyName, std::int32_t DefaultValue, std::int32_t least,
+                          std::int32_t most, const std::string& ExtraPath);
 /// Stores a setting as text, True as 1 and False as 0; its key is made where it is missing.
 void SetAppValue(const std::string& KeyName, const Value& Value, const std::string& ExtraPath);
 

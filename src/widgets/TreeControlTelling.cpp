@@ -77,6 +77,8 @@ void TreeControl::TellClearing() {
 }
 
 void TreeControl::TellCleared() {
+    // Views ask for the selection when they are told, and its node is gone by now.
+    mSelected = nullptr;
     if (!mRedraw) return;
     Tell<TreeControlObserver>([&](TreeControlObserver& view) { view.ChildrenChanged(nullptr); });
 }

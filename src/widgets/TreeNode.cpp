@@ -124,6 +124,8 @@ void TreeNode::Delete() {
     const bool hadSelection = tree.HasSelectionBelow(*this);
     tree.Nodes.Unlink(*this);
     tree.Nodes.DetachSubtree(*this);
+    // Views ask for the selection when they are told.
+    if (hadSelection) tree.mSelected = nullptr;
     tree.TellWent(parent.get());
     if (hadSelection) tree.SelectionLost();
 }

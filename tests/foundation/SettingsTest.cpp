@@ -152,4 +152,24 @@ TEST_F(SettingsTest, ADefinitionIsMarkedBeforeUse) {
     EXPECT_TRUE(definition->Prepared);
 }
 
+TEST_F(SettingsTest, ANumberOutOfItsBoundsCountsAsMissing) {
+    for (const auto& [stored, wanted] :
+         std::vector<std::pair<std::string, int>>{{"34", 34},
+                                                  {"0", 0},
+                                                  {"100", 100},
+                                                  {"-5", 40},
+                                                  {"101", 40},
+                                                  {"1e308", 40},
+                                                  {"-1e308", 40},
+                                                  {"99999999999999999999", 40},
+                                                  {"abc", 0},
+                                                  {"nan", 0},
+                                                  {"inf", 0},
+                                                  {"33.6", 34},
+                                                  {"", 40}}) {
+        Store(kKey, "Share", stored);
+        EXPECT_EQ(GetAppNumber("Share", 40, 0, 100, {}), wanted) << stored;
+    }
+}
+
 } // namespace paperkite

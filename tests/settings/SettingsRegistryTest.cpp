@@ -138,4 +138,49 @@ TEST_F(SettingsRegistryTest, CreatingAKeyMakesAWriteNoDifferent) {
     EXPECT_EQ(Read(kKey, "Value"), "1");
 }
 
+TEST_F(SettingsRegistryTest, AFileThatIsNoSettingsFileReadsAsEmptyAndTakesValues) {
+    std::string binary;
+    for (int byte = 0; byte < 256; ++byte)
+        binary += static_cast<char>(byte);
+    for (const std::string& bytes :
+         {std::string("not a settings file\n"), std::string("[Software\nBrindlewick=\n"), binary,
+          std::string(100000, '['), std::string("\xff\xfe[\0S\0", 6), std::string()}) {
+        mFolder.Write("damaged.ini", bytes);
+        SettingsRegistry registry(mFolder / "damaged.ini", mFolder / "machine.ini");
+        EXPECT_EQ(TextOf(registry, kKey, "Value"), "(empty)");
+        registry.WriteValue(HKEY_CURRENT_USER, kKey, "Value", kRegistryString, "1");
+        SettingsRegistry again(mFolder / "damaged.ini", mFolder / "machine.ini");
+        EXPECT_EQ(TextOf(again, kKey, "Value"), "1");
+    }
+}
+
+TEST_F(SettingsRegistryTest, WhatADamagedFileStillSaysIsKept) {
+    Write(kKey, "Kept", "some text");
+    Write(std::string(kKey) + "\\Layout", "Share", "34");
+    mFolder.Write("user.ini", mFolder.Read("user.ini") + "no setting at all\n[Cut off");
+    SettingsRegistry registry(mFolder / "user.ini", mFolder / "machine.ini");
+    registry.WriteValue(HKEY_CURRENT_USER, kKey, "Value", kRegistryString, "1");
+    SettingsRegistry again(mFolder / "user.ini", mFolder / "machine.ini");
+    EXPECT_EQ(TextOf(again, kKey, "Kept"), "some text");
+    EXPECT_EQ(TextOf(again, std::string(kKey) + "\\Layout", "Share"), "34");
+    EXPECT_EQ(TextOf(again, kKey, "Value"), "1");
+}
+
+TEST_F(SettingsRegistryTest, AFolderInTheFilesPlaceReadsAsEmptyAndCannotBeWrittenTo) {
+    mFolder.Write("folder/inside", "kept");
+    SettingsRegistry registry(mFolder / "folder", mFolder / "machine.ini");
+    EXPECT_EQ(TextOf(registry, kKey, "Value"), "(empty)");
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        int number = 0;
+        try {
+            registry.WriteValue(HKEY_CURRENT_USER, kKey, "Value", kRegistryString, "1");
+        } catch (const Error& error) {
+            number = error.GetNumber();
+            EXPECT_NE(error.GetDescription().find(mFolder / "folder"), std::string::npos);
+        }
+        EXPECT_EQ(number, static_cast<int>(ErrorNumber::PermissionDenied));
+    }
+    EXPECT_EQ(mFolder.Read("folder/inside"), "kept");
+}
+
 } // namespace paperkite

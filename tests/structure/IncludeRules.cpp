@@ -211,6 +211,8 @@ std::string IncludeRules::CheckQuoted(const std::string& header, const Module& m
                    ? ""
                    : "tests of " + module.Folder + " may not include " + header;
     }
+    if (file.starts_with("tests/") && header.starts_with("fuzz/") && fs::exists(mRoot / header))
+        return "";
     if (!fs::exists(mRoot / "src" / header)) return "there is no " + header + " below src";
     if (PermittedFolders(module).contains(FolderOf(header))) return "";
     return module.Folder + " may not include " + header;

@@ -347,6 +347,32 @@ TEST_F(TreeControlTest, ADetachedViewIsToldNothing) {
     EXPECT_EQ(view.Log.Take(), "");
 }
 
+/// Asks for the selection whenever it is told of rows.
+class SelectionAsker : public TreeControlObserver {
+public:
+    explicit SelectionAsker(const TreeControl& tree) : mTree(tree) {}
+    void NodeWent(const Ref<TreeNode>&) override { Ask(); }
+    void ChildrenChanged(const Ref<TreeNode>&) override { Ask(); }
+
+    EventLog Log;
+
+private:
+    void Ask() { Log.Add(TellLog::Name(mTree.GetSelectedItem())); }
+
+    const TreeControl& mTree;
+};
+
+TEST_F(TreeControlTest, AViewThatAsksSeesNoSelectionThatIsGone) {
+    SelectionAsker view(*mTree);
+    auto tie = mTree->Observe(view);
+    Below(Top("a"), "b")->SetSelected(true);
+    mTree->Nodes.Item("a")->Delete();
+    EXPECT_EQ(view.Log.Take(), "-");
+    Top("c")->SetSelected(true);
+    mTree->Nodes.Clear();
+    EXPECT_EQ(view.Log.Take(), "-");
+}
+
 TEST_F(TreeControlTest, EnsureVisibleOpensTheAncestors) {
     auto a = Top("a");
     auto b = Below(a, "b");

@@ -20,8 +20,6 @@
 #include <QStatusBar>
 #include <QVBoxLayout>
 
-#include <algorithm>
-
 namespace paperkite {
 
 namespace {
@@ -29,6 +27,7 @@ namespace {
 constexpr const char* kWindowPath = "Window";
 constexpr int kFirstWidth = 1280;
 constexpr int kFirstHeight = 800;
+constexpr int kLargest = 8192;
 
 struct TreeOption {
     const char* Name;
@@ -152,19 +151,19 @@ void MainWindow::SetScheme(ColourScheme scheme) {
 }
 
 void MainWindow::RestoreAppearance() {
-    const auto number = [](const char* name, int byDefault) {
-        return GetAppValue(name, byDefault, kConvertToNumber, kWindowPath).ToInteger();
+    const auto number = [](const char* name, int byDefault, int least, int most) {
+        return GetAppNumber(name, byDefault, least, most, kWindowPath);
     };
     Ignoring([&] {
-        resize(std::max(number("Width", kFirstWidth), 400),
-               std::max(number("Height", kFirstHeight), 300));
-        if (number("Maximised", 0) != 0) setWindowState(Qt::WindowMaximized);
-        mTheme.SetTextScale(number("TextScale", mTheme.GetTextScale()));
+        resize(number("Width", kFirstWidth, 400, kLargest),
+               number("Height", kFirstHeight, 300, kLargest));
+        if (number("Maximised", 0, 0, 1) != 0) setWindowState(Qt::WindowMaximized);
+        mTheme.SetTextScale(number("TextScale", mTheme.GetTextScale(), 0, kLargest));
         mTheme.SetScheme(static_cast<ColourScheme>(
-            std::clamp(number("Colours", static_cast<int>(mTheme.GetScheme())), 0, 2)));
+            number("Colours", static_cast<int>(mTheme.GetScheme()), 0, 2)));
         for (const TreeOption& option : kTreeOptions) {
             bool& field = GlobalConfig().ProjectViewOptions.*option.Field;
-            field = number(option.Name, field) != 0;
+            field = number(option.Name, field, 0, 1) != 0;
         }
     });
 }

@@ -93,7 +93,8 @@ void SettingsRegistry::WriteValue(RegistryHive root, const std::string& keyPath,
     QSettings& store = mStores->Fresh(root);
     store.setValue(KeyOf(keyPath, name), FromText(value));
     store.sync();
-    if (store.status() != QSettings::NoError)
+    // A file that was damaged when it was read stays called so, and is whole by now.
+    if (store.status() == QSettings::AccessError || !store.isWritable())
         RaiseError(ErrorNumber::PermissionDenied, "The setting \"" + name +
                                                       "\" cannot be written to " +
                                                       store.fileName().toStdString());

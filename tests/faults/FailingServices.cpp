@@ -1,0 +1,167 @@
+#include "faults/FailingServices.h"
+
+#include <utility>
+
+namespace paperkite::test {
+
+namespace {
+
+class CountingErrorComponent : public ErrorComponent {
+public:
+    explicit CountingErrorComponent(std::shared_ptr<std::string> reports)
+        : mReports(std::move(reports)) {}
+    void ErrorHandler(const Report& report) override {
+        *mReports += report.ModuleName + "." + report.ProcedureName + " (" +
+                     std::to_string(report.ErrorNumber) + ")\n";
+    }
+    std::string GetAction() const override { return {}; }
+
+private:
+    std::shared_ptr<std::string> mReports;
+};
+
+} // namespace
+
+void FailingRegistry::CreateKey(RegistryHive root, const std::string& keyPath) {
+    mFailure.Use("Registry.CreateKey");
+    MemoryRegistry::CreateKey(root, keyPath);
+}
+
+void FailingRegistry::WriteValue(RegistryHive root, const std::string& keyPath,
+                                 const std::string& name, int type, const std::string& value) {
+    mFailure.Use("Registry.WriteValue(" + name + ")");
+    MemoryRegistry::WriteValue(root, keyPath, name, type, value);
+}
+
+Value FailingRegistry::ReadValue(RegistryHive root, const std::string& keyPath,
+                                 const std::string& name) {
+    mFailure.Use("Registry.ReadValue(" + name + ")");
+    return MemoryRegistry::ReadValue(root, keyPath, name);
+}
+
+MessageAnswer FailingMessageBox::Show(const std::string& text, const std::string& title,
+                                      MessageIcon icon, MessageButtons buttons) {
+    mFailure.Use("MessageBox.Show");
+    return ScriptedMessageBox::Show(text, title, icon, buttons);
+}
+
+void FailingShell::ShellExecute(std::intptr_t window, const std::string& verb,
+                                const std::string& file, const std::string& parameters,
+                                const std::string& directory, int showCommand) {
+    mFailure.Use("Shell.ShellExecute");
+    ScriptedShell::ShellExecute(window, verb, file, parameters, directory, showCommand);
+}
+
+void FailingScreen::SetMousePointer(MousePointer pointer) {
+    mFailure.Use("Screen.SetMousePointer");
+    RecordingScreen::SetMousePointer(pointer);
+}
+
+std::vector<std::string> FailingFileSystem::FilesWithExtension(const std::string& folder,
+                                                               const std::string& ending) const {
+    mFailure.Use("FileSystem.FilesWithExtension");
+    return ScriptedFileSystem::FilesWithExtension(folder, ending);
+}
+
+FailingControlHelper::FailingControlHelper(FailureSwitch& failure) : mFailure(failure) {
+    SetSystemClipboard = [this](const std::string&) { mFailure.Use("SystemClipboard"); };
+}
+
+std::string FailingControlHelper::GetTreePath(TreeControl& tree) {
+    mFailure.Use("Helper.GetTreePath");
+    return ModelControlHelper::GetTreePath(tree);
+}
+
+void FailingControlHelper::SetTreePath(TreeControl& tree, const std::string& path) {
+    mFailure.Use("Helper.SetTreePath");
+    ModelControlHelper::SetTreePath(tree, path);
+}
+
+void FailingControlHelper::CopyComments(const Ref<Object>& item) {
+    mFailure.Use("Helper.CopyComments");
+    ModelControlHelper::CopyComments(item);
+}
+
+void FailingControlHelper::PasteComments(const Ref<Object>& item) {
+    mFailure.Use("Helper.PasteComments");
+    ModelControlHelper::PasteComments(item);
+}
+
+bool FailingControlHelper::GetClipboardHasComments() const {
+    mFailure.Use("Helper.ClipboardHasComments");
+    return ModelControlHelper::GetClipboardHasComments();
+}
+
+std::string FailingControlHelper::GetClipboardItemType() const {
+    mFailure.Use("Helper.ClipboardItemType");
+    return ModelControlHelper::GetClipboardItemType();
+}
+
+std::string FailingControlHelper::GetClipboardQualifiedName() const {
+    mFailure.Use("Helper.ClipboardQualifiedName");
+    return ModelControlHelper::GetClipboardQualifiedName();
+}
+
+void FailingControlHelper::SyncGeneralComment(const Ref<Object>& item, bool load) {
+    mFailure.Use("Helper.SyncGeneralComment");
+    ModelControlHelper::SyncGeneralComment(item, load);
+}
+
+Ref<TaggedComment>
+FailingControlHelper::FindTaggedComment(const Ref<TaggedCommentCollection>& comments,
+                                        const std::string& tag) {
+    mFailure.Use("Helper.FindTaggedComment");
+    return ModelControlHelper::FindTaggedComment(comments, tag);
+}
+
+void FailingControlHelper::ApplyToolbarStyle(DockHost& dock, int style) {
+    mFailure.Use("Helper.ApplyToolbarStyle");
+    ModelControlHelper::ApplyToolbarStyle(dock, style);
+}
+
+Ref<TaggedCommentCollection>
+FailingPipe::Consolidate(const Ref<TaggedCommentCollection>& comments) {
+    mFailure.Use("Pipe.Consolidate");
+    return CommentPipeModel::Consolidate(comments);
+}
+
+Ref<TaggedCommentCollection> FailingPipe::Separate(const Ref<TaggedCommentCollection>& comments) {
+    mFailure.Use("Pipe.Separate");
+    return CommentPipeModel::Separate(comments);
+}
+
+void FailingObject::Set(std::string_view member, const Value&) {
+    mFailure.Use(mName + "." + std::string(member));
+}
+
+Value FailingObject::Call(std::string_view member, const std::vector<Value>&) {
+    mFailure.Use(mName + "." + std::string(member));
+    return {};
+}
+
+FailingServices::FailingServices(FailureSwitch& failure)
+    : Registry(std::make_shared<FailingRegistry>(failure)),
+      Messages(std::make_shared<FailingMessageBox>(failure)),
+      Helper(std::make_shared<FailingControlHelper>(failure)) {
+    Services& services = CurrentServices();
+    services.Registry = Registry;
+    services.MessageBox = Messages;
+    services.Shell = std::make_shared<FailingShell>(failure);
+    services.Screen = std::make_shared<FailingScreen>(failure);
+    services.FileSystem = std::make_shared<FailingFileSystem>(failure);
+    services.ControlHelper = Helper;
+    services.ApplicationFolder = "/program";
+    services.CreateCommentPipe = [&failure] {
+        failure.Use("CreateCommentPipe");
+        return MakeRef<FailingPipe>(failure);
+    };
+    services.CreateErrorComponent = [reports = mReports] {
+        return std::make_shared<CountingErrorComponent>(reports);
+    };
+}
+
+std::string FailingServices::TakeReports() {
+    return std::exchange(*mReports, {});
+}
+
+} // namespace paperkite::test
