@@ -205,9 +205,9 @@ std::optional<SourceDeclaration> LanguageRefiner::RefineTag(const CtagsTag& tag,
         declaration.EndLine = work.Code.EndOfBody(place + tag.Name.size());
     }
     declaration.EndLine = std::max(declaration.EndLine, declaration.Line);
-    // texts that were read from the source may be in another encoding
-    for (std::string* text : {&declaration.Name, &declaration.Signature, &declaration.Type,
-                              &declaration.Inherits, &declaration.Template, &declaration.Trait}) {
+    // texts that were read from the source may be in another encoding; the index sees to names
+    for (std::string* text : {&declaration.Signature, &declaration.Type, &declaration.Inherits,
+                              &declaration.Template, &declaration.Trait}) {
         *text = IsValidUtf8(*text) ? std::move(*text) : PrintableUtf8(*text);
     }
     return std::move(declaration);

@@ -61,6 +61,26 @@ std::string_view StringPool::Keep(std::string_view text) {
     return kept;
 }
 
+void StringPool::Freeze() {
+    mSlots = {};
+    mTexts.shrink_to_fit();
+}
+
+StringPool StringPool::Frozen(std::unique_ptr<char[]> block,
+                              const std::vector<std::uint32_t>& ends) {
+    StringPool pool;
+    pool.mTexts.clear();
+    pool.mTexts.reserve(ends.size());
+    std::size_t start = 0;
+    for (const std::uint32_t end : ends) {
+        pool.mTexts.emplace_back(block.get() + start, end - start);
+        start = end;
+    }
+    pool.mBlocks.push_back(std::move(block));
+    pool.mSlots = {};
+    return pool;
+}
+
 void StringPool::Grow() {
     mSlots.assign(mSlots.size() * 2, NotThere);
     for (Id id = 0; id < mTexts.size(); ++id) {

@@ -23,6 +23,13 @@ public:
 
     std::size_t Size() const { return mTexts.size(); }
 
+    /// Gives back the memory that only finding and interning need. Afterwards there is only View.
+    void Freeze();
+
+    /// A frozen pool of texts that stand one behind the other in a block; `ends` says where each
+    /// ends. They must ascend to the size of the block.
+    static StringPool Frozen(std::unique_ptr<char[]> block, const std::vector<std::uint32_t>& ends);
+
 private:
     std::size_t SlotOf(std::string_view text) const;
     std::string_view Keep(std::string_view text);
