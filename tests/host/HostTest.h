@@ -15,7 +15,9 @@ namespace paperkite::test {
 /// A small code base in a folder of its own, with the services of the program without a screen.
 class HostTest : public testing::Test {
 protected:
-    HostTest() : mSettings("XDG_CONFIG_HOME", mFolder / "settings") {
+    HostTest()
+        : mSettings("XDG_CONFIG_HOME", mFolder / "settings"),
+          mCacheHome("XDG_CACHE_HOME", mCacheFolder.Path()) {
         InstallHeadlessServices(PAPERKITE_SOURCE_DIR);
         GlobalConfig().ProjectViewOptions = {};
         GlobalConfig().ProjectViewOptions.Grouped = false;
@@ -48,7 +50,9 @@ protected:
     }
 
     TemporaryFolder mFolder;
+    TemporaryFolder mCacheFolder;
     EnvironmentChange mSettings;
+    EnvironmentChange mCacheHome;
 };
 
 } // namespace paperkite::test

@@ -35,6 +35,7 @@ void Redirect(const std::string& file, int to) {
 Program::Program(std::string folder) : mFolder(std::move(folder)) {
     fs::create_directories(mFolder);
     mEnvironment["XDG_CONFIG_HOME"] = mFolder + "/settings";
+    mEnvironment["XDG_CACHE_HOME"] = mFolder + "/cache";
     mEnvironment["QT_QPA_PLATFORM"] = "offscreen";
 }
 

@@ -15,6 +15,12 @@ constexpr std::uintmax_t largestFile = 64u << 20;
 
 SourceText::SourceText(std::string text) : mText(std::move(text)) {
     mStarts.push_back(0);
+    if (mText.find('\r') == std::string::npos) {
+        for (std::size_t i = 0; (i = mText.find('\n', i)) < mText.size() && ++i < mText.size();) {
+            mStarts.push_back(i);
+        }
+        return;
+    }
     for (std::size_t i = 0; i < mText.size(); ++i) {
         const bool isLoneReturn =
             mText[i] == '\r' && (i + 1 == mText.size() || mText[i + 1] != '\n');
