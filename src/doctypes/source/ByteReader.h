@@ -33,7 +33,11 @@ public:
     }
 
     std::string_view Text() {
-        const std::uint64_t size = NumberUpTo(mBytes.size());
+        const std::uint64_t size = Number();
+        mIsGood = mIsGood && size <= mBytes.size();
+        if (!mIsGood) {
+            return {};
+        }
         const std::string_view text = mBytes.substr(0, size);
         mBytes.remove_prefix(size);
         return text;

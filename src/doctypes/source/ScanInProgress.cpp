@@ -276,7 +276,7 @@ bool ScanInProgress::Add(std::uint32_t number, ReadFile read) {
         record.Stamp = file.Found.Stamp;
         record.ContentHash = read.ContentHash;
     }
-    record.Survey = file.IsSame ? file.Known->Survey : std::move(file.Survey);
+    record.Survey = std::move(file.Survey);
     record.LeftOut = std::move(read.LeftOut);
     record.BadLineCount = read.BadLineCount;
     mWriter->AddDeclarations(read.Declarations, record);

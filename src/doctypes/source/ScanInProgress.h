@@ -37,7 +37,7 @@ private:
         const CachedFile* Known = nullptr; ///< from the cache
         bool IsSame = false;               ///< as it was then: nothing of it need be read
         std::uint64_t ContentHash = 0;
-        std::string Survey; ///< CodeSurvey::Encoded, where it is not Known's
+        std::string Survey; ///< CodeSurvey::Encoded; empty when it was not surveyed
     };
 
     // ScanInProgress.cpp: the steps

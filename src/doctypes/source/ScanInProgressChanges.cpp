@@ -103,9 +103,8 @@ ScanOutcome ScanInProgress::Survey() {
     std::vector<File*> fresh;
     for (File& file : mFiles) {
         if (file.IsSame) {
-            if (!file.Known->Survey.empty() && !mSurvey.MergeEncoded(file.Known->Survey)) {
-                file.IsSame = false;
-            }
+            file.Survey = file.Known->Survey;
+            file.IsSame = file.Survey.empty() || mSurvey.MergeEncoded(file.Survey);
         }
         if (!file.IsSame && !IsTooLarge(file) && CodeSurvey::IsOfInterest(file.Found.Path)) {
             fresh.push_back(&file);
