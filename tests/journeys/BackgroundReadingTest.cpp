@@ -33,9 +33,7 @@ protected:
     bool IsUpToDateSoon() const {
         return QTest::qWaitFor([this] { return Session().IsUpToDate(); }, 20'000);
     }
-    QToolButton* CancelButton() const {
-        return mWindow->findChild<QToolButton*>("CancelReading");
-    }
+    QToolButton* CancelButton() const { return mWindow->findChild<QToolButton*>("CancelReading"); }
     /// A ctags that stands still when it is to read files, and says so in a file, until the test
     /// lets it go.
     void MakeCtagsHang() {
@@ -46,8 +44,8 @@ protected:
                              (mFolder / "go") +
                              " ] && exec /usr/bin/ctags \"$@\"; sleep 0.1; done\n");
         fs::permissions(path, fs::perms::owner_all);
-        mPath = std::make_unique<EnvironmentChange>(
-            "PATH", (mFolder / "bin") + ":" + std::getenv("PATH"));
+        mPath = std::make_unique<EnvironmentChange>("PATH",
+                                                    (mFolder / "bin") + ":" + std::getenv("PATH"));
     }
     bool HangsSoon() const {
         return QTest::qWaitFor([this] { return fs::exists(mFolder / "hangs"); }, 20'000);

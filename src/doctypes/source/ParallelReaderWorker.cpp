@@ -194,13 +194,12 @@ void ParallelReader::Worker::TakeLine(std::string_view line) {
     if (mHasTooMany) {
         return;
     }
-    CtagsTag tag;
-    const auto read = mTagReader.Read(line, tag);
+    const auto read = mTagReader.Read(line, mFile.Tags.emplace_back());
     mBadLines += read == CtagsTagReader::Result::Bad;
-    if (read == CtagsTagReader::Result::Tag) {
-        mFile.Tags.push_back(std::move(tag));
-        mHasTooMany = mFile.Tags.size() > mostTags;
+    if (read != CtagsTagReader::Result::Tag) {
+        mFile.Tags.pop_back();
     }
+    mHasTooMany = mFile.Tags.size() > mostTags;
 }
 
 void ParallelReader::Worker::FinishFile(std::size_t job) {

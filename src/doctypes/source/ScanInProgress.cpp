@@ -94,7 +94,8 @@ ScanOutcome ScanInProgress::Cancelled() const {
 
 bool ScanInProgress::Report(ScanPhase phase, std::size_t done, std::string_view file) {
     const std::size_t total = phase == ScanPhase::FindingFiles ? 0 : mFiles.size();
-    return !mProgress || mProgress({phase, done, total, file});
+    mIsCancelled = mIsCancelled || (mProgress && !mProgress({phase, done, total, file}));
+    return !mIsCancelled;
 }
 
 bool ScanInProgress::Stand(ScanPhase phase) {

@@ -74,6 +74,7 @@ private:
     std::unique_ptr<ScanCacheReader> mCache;
     std::unique_ptr<ScanCacheWriter> mWriter;
     bool mIsCacheDamaged = false;
+    bool mIsCancelled = false; ///< once said, it stays
     std::atomic<bool> mHadDoubts = false;
 
     CtagsProcess mCtags;
