@@ -22,6 +22,9 @@ void ContentHash::Mix(std::uint64_t word) {
 }
 
 void ContentHash::Add(std::string_view bytes) {
+    if (bytes.empty()) {
+        return;
+    }
     mLength += bytes.size();
     if (mRestSize > 0) {
         const std::size_t taken = std::min(mRest.size() - mRestSize, bytes.size());

@@ -39,7 +39,7 @@ template <typename Element>
 bool LoadArray(std::vector<Element>& elements, std::uint64_t count,
                const SourceIndexStorage::Read& read) {
     elements.resize(count);
-    return read(elements.data(), count * sizeof(Element));
+    return count == 0 || read(elements.data(), count * sizeof(Element));
 }
 
 } // namespace
@@ -88,7 +88,7 @@ bool SourceIndexStorage::LoadTexts(const Counts& counts, const Read& read, Sourc
         return false;
     }
     auto block = std::make_unique_for_overwrite<char[]>(counts.textBytes);
-    const bool isRead = read(block.get(), counts.textBytes);
+    const bool isRead = counts.textBytes == 0 || read(block.get(), counts.textBytes);
     index.mStrings = StringPool::Frozen(std::move(block), ends);
     return isRead;
 }
