@@ -57,6 +57,23 @@ ProjectSession::OpenResult ProjectSession::Open(const std::string& path, const P
     return Scanned(opened.Project, progress);
 }
 
+ProjectSession::OpenResult ProjectSession::OpenLastKnown(const std::string& path,
+                                                         const Progress& progress) {
+    auto opened = ProjectDocument::Open(ProjectPath(path));
+    if (opened.Problem) return Problem(opened.Problem->Message());
+    const auto& sources = opened.Project->GetSources();
+    auto reading = sources.empty() ? std::nullopt : LastKnownSources(sources);
+    if (reading) {
+        std::unique_ptr<ProjectSession> session(new ProjectSession(opened.Project));
+        if (ScanAnswer answer = session->Code(std::move(*reading)); answer.Code) {
+            session->Adopt(std::move(*answer.Code));
+            session->mIsUpToDate = false;
+            return {std::move(session), {}};
+        }
+    }
+    return Scanned(opened.Project, progress);
+}
+
 ProjectSession::OpenResult ProjectSession::Create(const NewProject& wanted,
                                                   const Progress& progress) {
     const std::string path = WithEnding(wanted.Path);
@@ -93,16 +110,18 @@ ProjectSession::ScanAnswer ProjectSession::Scan(const Progress& progress) const 
         return {{},
                 mProject->GetPath() + ": The project names no source folder. Add a <source> "
                                       "element with the folder of the code."};
+    return Code(ReadSources(mProject->GetSources(), progress));
+}
+
+ProjectSession::ScanAnswer ProjectSession::Code(SourceReading reading) const {
+    if (reading.Cancelled || !reading.Problem.empty())
+        return {{}, reading.Problem, reading.Cancelled};
     ScannedCode code;
+    code.Digests = reading.Digests();
     code.Provider = MakeRef<SourceNamespaceProvider>(mProject->GetComments());
-    for (const SourceSettings& source : mProject->GetSources()) {
-        SourceScanner scanner(source.Folder, source.RootName);
-        for (const std::string& pattern : source.Excludes)
-            scanner.Exclude(pattern);
-        ScanResult scan = scanner.Scan(progress);
-        if (!scan.Outcome.IsDone())
-            return {{}, scan.Outcome.Message, scan.Outcome.Status == ScanStatus::Cancelled};
-        code.Provider->AddRoot(std::move(*scan.Index), source.Folder);
+    for (std::size_t i = 0; i < reading.Scans.size(); ++i) {
+        ScanResult& scan = reading.Scans[i];
+        code.Provider->AddRoot(std::move(*scan.Index), mProject->GetSources()[i].Folder);
         code.Warnings.insert(code.Warnings.end(), scan.Warnings.begin(), scan.Warnings.end());
         code.FileCount += scan.FileCount;
     }
@@ -120,6 +139,7 @@ ProjectSession::ScanAnswer ProjectSession::Scan(const Progress& progress) const 
 void ProjectSession::Adopt(ScannedCode code) {
     if (mCode.Definitions) mCode.Definitions->Release();
     mCode = std::move(code);
+    mIsUpToDate = true;
     mProject->RegisterProvider(kSourceMoniker, mCode.Provider);
 }
 

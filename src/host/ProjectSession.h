@@ -2,8 +2,8 @@
 
 #include "doctypes/source/SourceNamespaceDefs.h"
 #include "doctypes/source/SourceNamespaceProvider.h"
-#include "doctypes/source/SourceScanner.h"
 #include "foundation/NamespaceDefs.h"
+#include "host/SourceReading.h"
 #include "model/ProjectDocument.h"
 #include "widgets/Picture.h"
 
@@ -47,6 +47,9 @@ public:
     /// `path` may leave the ending out, or name a folder that holds one project. Source folders
     /// that are missing, or hold no source code at all, are problems.
     static OpenResult Open(const std::string& path, const Progress& progress = {});
+    /// As Open, but with the code as it was read the last time where that was kept: then the
+    /// session is not up to date, and somebody reads the sources and adopts what changed.
+    static OpenResult OpenLastKnown(const std::string& path, const Progress& progress = {});
     /// Makes a project and saves it. A file that is there already, and a source folder without any
     /// source code, are problems.
     static OpenResult Create(const NewProject& wanted, const Progress& progress = {});
@@ -69,6 +72,8 @@ public:
         Ref<NamespaceDefs> Definitions;
         std::vector<std::string> Warnings;
         std::size_t FileCount = 0;
+        /// See SourceReading.
+        std::vector<std::uint64_t> Digests;
     };
     struct ScanAnswer {
         /// Nothing when there is a problem, or when the author cancelled the scan.
@@ -79,6 +84,13 @@ public:
 
     /// Reads the source code; changes nothing, so that it can run beside the window.
     ScanAnswer Scan(const Progress& progress = {}) const;
+    /// Makes items out of source code that was read, which is used up.
+    ScanAnswer Code(SourceReading reading) const;
+    /// False when the code is only what was known the last time.
+    bool IsUpToDate() const { return mIsUpToDate; }
+    /// The code was found to be what the session has.
+    void SetUpToDate() { mIsUpToDate = true; }
+    const std::vector<std::uint64_t>& GetDigests() const { return mCode.Digests; }
     /// Takes a scan's code in place of the present one. Whoever holds items lets go of them first.
     void Adopt(ScannedCode code);
 
@@ -103,6 +115,7 @@ private:
 
     Ref<ProjectDocument> mProject;
     ScannedCode mCode;
+    bool mIsUpToDate = true;
     Ref<ImageList> mImages = MakeSourceImages();
 };
 

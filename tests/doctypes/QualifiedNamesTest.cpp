@@ -98,7 +98,7 @@ TEST(SourceIndexBuilder, KeepsALargeIndexSmallAndFindsEverythingInIt) {
             builder.Add(declaration);
         }
     }
-    const SourceIndex index = builder.Finish();
+    const SourceIndex index = builder.Finish().value();
     EXPECT_EQ(index.Size(), 1u + 200u + 20000u);
     for (SourceIndex::Id id = 0; id < index.Size(); ++id) {
         ASSERT_EQ(index.Find(index.QualifiedName(id)), id);

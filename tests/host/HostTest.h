@@ -17,7 +17,8 @@ class HostTest : public testing::Test {
 protected:
     HostTest()
         : mSettings("XDG_CONFIG_HOME", mFolder / "settings"),
-          mState("XDG_STATE_HOME", mFolder / "state") {
+          mState("XDG_STATE_HOME", mFolder / "state"),
+          mCacheHome("XDG_CACHE_HOME", mCacheFolder.Path()) {
         InstallHeadlessServices(PAPERKITE_SOURCE_DIR);
         GlobalConfig().ProjectViewOptions = {};
         GlobalConfig().ProjectViewOptions.Grouped = false;
@@ -50,8 +51,10 @@ protected:
     }
 
     TemporaryFolder mFolder;
+    TemporaryFolder mCacheFolder;
     EnvironmentChange mSettings;
     EnvironmentChange mState;
+    EnvironmentChange mCacheHome;
 };
 
 } // namespace paperkite::test

@@ -36,6 +36,7 @@ Program::Program(std::string folder) : mFolder(std::move(folder)) {
     fs::create_directories(mFolder);
     mEnvironment["XDG_CONFIG_HOME"] = mFolder + "/settings";
     mEnvironment["XDG_STATE_HOME"] = mFolder + "/state";
+    mEnvironment["XDG_CACHE_HOME"] = mFolder + "/cache";
     mEnvironment["QT_QPA_PLATFORM"] = "offscreen";
 }
 

@@ -469,6 +469,7 @@ TEST_F(WindowJourneyTest, ABrokenProjectLeavesTheOpenOne) {
 
 TEST_F(WindowJourneyTest, AScanThatIsCancelledLeavesEverything) {
     OpenToDog();
+    fs::remove_all(mCacheFolder / "paperkite"); // as on a first scan
     // A ctags that comes to no end.
     const std::string program = mFolder.Write(
         "bin/ctags", "#!/bin/sh\n"

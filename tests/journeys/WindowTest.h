@@ -5,6 +5,7 @@
 #include "journeys/DialogAnswers.h"
 #include "platform/qt/PropertiesTable.h"
 #include "platform/qt/TreeView.h"
+#include "support/EnvironmentChange.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -60,6 +61,8 @@ protected:
     void Settle() const;
 
     TemporaryFolder mFolder;
+    TemporaryFolder mCacheFolder;
+    EnvironmentChange mCacheHome{"XDG_CACHE_HOME", mCacheFolder.Path()};
     Services mBefore;
     std::unique_ptr<Theme> mTheme;
     DialogAnswers mDialogs;

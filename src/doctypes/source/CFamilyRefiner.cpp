@@ -144,6 +144,10 @@ std::vector<ScopeStep> CFamilyRefiner::ScopeOf(const CtagsTag& tag, const Work& 
     return steps;
 }
 
+bool CFamilyRefiner::NeedsHead(SourceKind kind) const {
+    return kind == SourceKind::Variable || kind == SourceKind::Field;
+}
+
 bool CFamilyRefiner::Mend(Draft& draft, Work& work) const {
     const CtagsTag& tag = draft.Tag;
     SourceDeclaration& declaration = draft.Declaration;

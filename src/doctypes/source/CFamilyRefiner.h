@@ -14,6 +14,7 @@ protected:
     bool IsWanted(const CtagsTag& tag, const Work& work) const override;
     void Prepare(Work& work) const override;
     SourceKind KindOf(const CtagsTag& tag) const override;
+    bool NeedsHead(SourceKind kind) const override;
     bool Mend(Draft& draft, Work& work) const override;
 };
 

@@ -18,7 +18,10 @@ namespace paperkite {
 namespace {
 
 constexpr std::size_t errorTextLimit = 64 * 1024;
-constexpr int pollMilliseconds = 200;
+constexpr std::size_t readSize = 256 * 1024;
+constexpr int pollMilliseconds = 50;
+constexpr int endMilliseconds = 5000;
+constexpr int pipeSize = 1 << 20;
 
 void CloseHandle(int& handle) {
     if (handle >= 0) {
@@ -27,8 +30,10 @@ void CloseHandle(int& handle) {
     }
 }
 
+} // namespace
+
 /// Keeps a write to a pipe that nobody reads any more from ending this program.
-class BrokenPipeGuard {
+class ChildProcess::BrokenPipeGuard {
 public:
     BrokenPipeGuard() {
         sigset_t pending;
@@ -45,13 +50,13 @@ public:
         pthread_sigmask(SIG_SETMASK, &mBefore, nullptr);
     }
 
-    const sigset_t& Before() const { return mBefore; }
-
 private:
     sigset_t mSignal;
     sigset_t mBefore;
     bool mWasPending = false;
 };
+
+namespace {
 
 struct Pipe {
     int read = -1;
@@ -76,8 +81,10 @@ struct Pipe {
 
 } // namespace
 
+ChildProcess::ChildProcess() : mBuffer(readSize) {}
+
 ChildProcess::~ChildProcess() {
-    CloseAll();
+    Finish(true);
 }
 
 void ChildProcess::CloseAll() {
@@ -87,6 +94,7 @@ void ChildProcess::CloseAll() {
 }
 
 int ChildProcess::Start(const std::vector<std::string>& arguments, const std::string& folder) {
+    mGuard = std::make_unique<BrokenPipeGuard>();
     Pipe input, output, error;
     if (int failure = input.Open() + output.Open() + error.Open()) {
         return failure;
@@ -124,69 +132,91 @@ int ChildProcess::Start(const std::vector<std::string>& arguments, const std::st
     mOutput = Pipe::Take(output.read);
     mError = Pipe::Take(error.read);
     ::fcntl(mInput, F_SETFL, O_NONBLOCK);
+    ::fcntl(mOutput, F_SETPIPE_SZ, pipeSize); // the program works on while its lines are read
     return 0;
 }
 
-bool ChildProcess::PumpOnce(std::string_view& input, const OutputHandler& output, Result& result) {
-    if (input.empty()) {
+void ChildProcess::Feed() {
+    const std::string_view rest = std::string_view(mPending).substr(mSent);
+    const ssize_t count = ::write(mInput, rest.data(), rest.size());
+    if (count > 0) {
+        mSent += static_cast<std::size_t>(count);
+    } else if (errno != EAGAIN && errno != EINTR) {
+        CloseHandle(mInput); // nobody reads any more
+    }
+    if (mSent == mPending.size() || mInput < 0) {
+        mPending.clear();
+        mSent = 0;
+    }
+}
+
+std::string_view ChildProcess::Drain(int& handle, short events) {
+    if (events == 0) {
+        return {};
+    }
+    const ssize_t count = ::read(handle, mBuffer.data(), mBuffer.size());
+    if (count == 0 || (count < 0 && errno != EINTR && errno != EAGAIN)) {
+        CloseHandle(handle);
+    }
+    return {mBuffer.data(), count > 0 ? static_cast<std::size_t>(count) : 0};
+}
+
+bool ChildProcess::Pump(int milliseconds, const OutputHandler& output) {
+    const bool hasInput = mSent < mPending.size();
+    if (!hasInput && mIsInputEnded) {
         CloseHandle(mInput);
     }
-    std::array<pollfd, 3> waits = {pollfd{mInput, POLLOUT, 0}, pollfd{mOutput, POLLIN, 0},
-                                   pollfd{mError, POLLIN, 0}};
-    if (::poll(waits.data(), waits.size(), pollMilliseconds) < 0 && errno != EINTR) {
+    std::array<pollfd, 3> waits = {pollfd{hasInput ? mInput : -1, POLLOUT, 0},
+                                   pollfd{mOutput, POLLIN, 0}, pollfd{mError, POLLIN, 0}};
+    if (::poll(waits.data(), waits.size(), milliseconds) < 0 && errno != EINTR) {
         return false;
     }
     if (waits[0].revents != 0) {
-        const ssize_t count = ::write(mInput, input.data(), input.size());
-        if (count > 0) {
-            input.remove_prefix(static_cast<std::size_t>(count));
-        } else if (errno != EAGAIN && errno != EINTR) {
-            input = {};
+        Feed();
+    }
+    const std::string_view complaint = Drain(mError, waits[2].revents);
+    mErrorText += complaint.substr(0, errorTextLimit - std::min(errorTextLimit, mErrorText.size()));
+    const std::string_view piece = Drain(mOutput, waits[1].revents);
+    return piece.empty() || output(piece);
+}
+
+int ChildProcess::Finish(bool kill) {
+    CloseAll();
+    if (mProcess <= 0) {
+        return 0;
+    }
+    if (kill) {
+        ::kill(mProcess, SIGKILL);
+    }
+    int status = 0;
+    int patience = kill ? 0 : endMilliseconds;
+    while (patience > 0 && ::waitpid(mProcess, &status, WNOHANG) == 0) {
+        ::poll(nullptr, 0, 1);
+        if (--patience == 0) {
+            ::kill(mProcess, SIGKILL); // it closed its streams and stayed
+            kill = true;
         }
     }
-    std::array<char, 64 * 1024> buffer;
-    const auto drain = [&](int& handle, short events) -> std::string_view {
-        if (events == 0) {
-            return {};
-        }
-        const ssize_t count = ::read(handle, buffer.data(), buffer.size());
-        if (count == 0 || (count < 0 && errno != EINTR && errno != EAGAIN)) {
-            CloseHandle(handle);
-        }
-        return {buffer.data(), count > 0 ? static_cast<std::size_t>(count) : 0};
-    };
-    const std::string_view complaint = drain(mError, waits[2].revents);
-    result.ErrorText +=
-        complaint.substr(0, errorTextLimit - std::min(errorTextLimit, result.ErrorText.size()));
-    const std::string_view piece = drain(mOutput, waits[1].revents);
-    return piece.empty() || output(piece);
+    while (kill && ::waitpid(mProcess, &status, 0) < 0 && errno == EINTR) {}
+    mProcess = -1;
+    return WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
 }
 
 ChildProcess::Result ChildProcess::Run(const std::vector<std::string>& arguments,
                                        const std::string& folder, std::string_view input,
                                        const OutputHandler& output, const KeepGoing& keepGoing) {
     Result result;
-    const BrokenPipeGuard guard;
     result.StartError = Start(arguments, folder);
     if (result.StartError != 0) {
         return result;
     }
-    try {
-        while ((mOutput >= 0 || mError >= 0) && !result.WasStopped) {
-            result.WasStopped = !PumpOnce(input, output, result) || (keepGoing && !keepGoing());
-        }
-    } catch (...) {
-        ::kill(mProcess, SIGKILL);
-        ::waitpid(mProcess, nullptr, 0);
-        throw;
+    Write(input);
+    EndInput();
+    while (IsOpen() && !result.WasStopped) {
+        result.WasStopped = !Pump(pollMilliseconds, output) || (keepGoing && !keepGoing());
     }
-    CloseAll();
-    if (result.WasStopped) {
-        ::kill(mProcess, SIGKILL);
-    }
-    int status = 0;
-    while (::waitpid(mProcess, &status, 0) < 0 && errno == EINTR) {}
-    result.ExitCode = WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
+    result.ExitCode = Finish(result.WasStopped);
+    result.ErrorText = std::move(mErrorText);
     return result;
 }
 

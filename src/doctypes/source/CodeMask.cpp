@@ -36,12 +36,24 @@ const CommentSyntax& OfOther(std::string_view name) {
 /// Walks through the text and blanks as it goes.
 class Masker {
 public:
-    Masker(std::string_view text, const CommentSyntax& syntax) : mText(text), mSyntax(syntax) {}
+    Masker(std::string_view text, const CommentSyntax& syntax) : mText(text), mSyntax(syntax) {
+        for (const std::string_view mark :
+             {syntax.BlockBegin, syntax.Line, syntax.OtherLine, std::string_view("\""),
+              std::string_view("'"), std::string_view("`")}) {
+            if (!mark.empty()) {
+                mMayBegin[static_cast<unsigned char>(mark[0])] = true;
+            }
+        }
+    }
 
     std::string Run() {
         mResult.assign(mText);
         while (mAt < mText.size()) {
-            Step();
+            if (mMayBegin[static_cast<unsigned char>(mText[mAt])]) {
+                Step();
+            } else {
+                ++mAt;
+            }
         }
         return std::move(mResult);
     }
@@ -109,6 +121,7 @@ private:
 
     std::string_view mText;
     const CommentSyntax& mSyntax;
+    std::array<bool, 256> mMayBegin = {}; ///< the first characters of all that is blanked
     std::string mResult;
     std::size_t mAt = 0;
 };

@@ -1,5 +1,7 @@
 #include "doctypes/source/CodeSurvey.h"
 
+#include "doctypes/source/ByteReader.h"
+#include "doctypes/source/ByteWriter.h"
 #include "doctypes/source/CodeMask.h"
 #include "doctypes/source/ParameterList.h"
 
@@ -164,6 +166,40 @@ void CodeSurvey::LookAtWords(std::string_view line) {
         }
         before = word;
     }
+}
+
+void CodeSurvey::Merge(const CodeSurvey& other) {
+    mHasCpp = mHasCpp || other.mHasCpp;
+    mAttributes.insert(other.mAttributes.begin(), other.mAttributes.end());
+    mStatements.insert(other.mStatements.begin(), other.mStatements.end());
+    mBlocks.insert(other.mBlocks.begin(), other.mBlocks.end());
+}
+
+std::string CodeSurvey::Encoded() const {
+    ByteWriter writer;
+    writer.Number(mHasCpp);
+    for (const Names* names : {&mAttributes, &mStatements, &mBlocks}) {
+        writer.Number(names->size());
+        for (const std::string& name : *names) {
+            writer.Text(name);
+        }
+    }
+    return writer.Take();
+}
+
+bool CodeSurvey::MergeEncoded(std::string_view bytes) {
+    ByteReader reader(bytes);
+    mHasCpp = reader.NumberUpTo(1) == 1 || mHasCpp;
+    for (Names* names : {&mAttributes, &mStatements, &mBlocks}) {
+        for (std::uint64_t left = reader.Number(); left > 0 && reader.IsGood(); --left) {
+            const std::string_view name = reader.Text();
+            if (name.empty() || name.find_first_of("=\n") != none) {
+                return false;
+            }
+            names->emplace(name);
+        }
+    }
+    return reader.IsGood() && reader.IsAtEnd();
 }
 
 std::set<std::string> CodeSurvey::Definitions() const {

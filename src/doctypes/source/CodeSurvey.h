@@ -18,6 +18,15 @@ public:
 
     void Look(std::string_view path, std::string_view text);
 
+    /// As if this one had looked at all that the other one has looked at.
+    void Merge(const CodeSurvey& other);
+
+    /// What was seen, as bytes that can be kept.
+    std::string Encoded() const;
+
+    /// False when the bytes cannot be right.
+    bool MergeEncoded(std::string_view bytes);
+
     bool HeadersAreCpp() const { return mHasCpp; }
 
     /// Definitions for ctags' option -D that make macros vanish: attribute macros ("FOO_EXPORT",
@@ -26,14 +35,16 @@ public:
     std::set<std::string> Definitions() const;
 
 private:
+    using Names = std::set<std::string, std::less<>>;
+
     void LookAtDirective(std::string_view line);
     void LookAtLine(std::string_view line, std::string_view next);
     void LookAtWords(std::string_view line);
 
     bool mHasCpp = false;
-    std::set<std::string, std::less<>> mAttributes;
-    std::set<std::string, std::less<>> mStatements;
-    std::set<std::string, std::less<>> mBlocks; ///< macros that are seen with a body behind them
+    Names mAttributes;
+    Names mStatements;
+    Names mBlocks; ///< macros that are seen with a body behind them
 };
 
 } // namespace paperkite

@@ -32,6 +32,14 @@ bool IsSourceFileName(std::string_view path) {
                                                       name.substr(dot)) != std::end(extensions);
 }
 
+bool MayUseMacros(std::string_view path) {
+    constexpr std::string_view without[] = {
+        ".py",  ".pyi", ".pyx", ".pyw", ".js", ".mjs",   ".cjs",  ".jsx",  ".ts",   ".tsx", ".mts",
+        ".cts", ".go",  ".rs",  ".php", ".rb", ".phtml", ".php5", ".php7", ".ruby", ".rake"};
+    return std::none_of(std::begin(without), std::end(without),
+                        [&](std::string_view extension) { return path.ends_with(extension); });
+}
+
 std::vector<std::string> CtagsOptions(const CodeSurvey& survey) {
     std::vector<std::string> options = {
         "--options=NONE",

@@ -2,6 +2,7 @@
 
 #include "doctypes/source/ScanOutcome.h"
 
+#include <chrono>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -9,45 +10,38 @@
 
 namespace paperkite {
 
-/// Runs Universal Ctags as a process of its own: the file names go in through its standard input,
-/// its lines come out one by one while it works.
-///
-///     CtagsProcess ctags;
-///     ScanOutcome outcome = ctags.Run(folder, options, files, [&](std::string_view line) {
-///         return Take(line);          // false ends the process at once
-///     });
+/// What is to be known of the program Universal Ctags before it is put to work, see
+/// CtagsConversation.
 class CtagsProcess {
 public:
-    /// Gets a line without its line end. False kills the process; the run then is cancelled.
-    using LineHandler = std::function<bool(std::string_view line)>;
-
-    /// Called between lines, at least some five times a second. False kills the process.
+    /// Asked some twenty times a second while the program runs. False kills it.
     using KeepGoing = std::function<bool()>;
 
     /// The program to run; empty stands for "ctags" wherever the PATH finds it.
-    void SetProgram(std::string program) { mProgram = std::move(program); }
+    explicit CtagsProcess(std::string program = {})
+        : mProgram(program.empty() ? "ctags" : std::move(program)), mIsGiven(mProgram != "ctags") {}
 
-    void SetKeepGoing(KeepGoing keepGoing) { mKeepGoing = std::move(keepGoing); }
+    const std::string& Program() const { return mProgram; }
 
-    /// Fails unless the program is there, is Universal Ctags and can write JSON.
-    ScanOutcome Check() const;
+    /// Fails unless the program is there, answers, is Universal Ctags and can write JSON.
+    ScanOutcome Check(const KeepGoing& keepGoing = {});
 
-    /// Runs with the working folder, the options and the files (relative to the folder). Fails when
-    /// the program cannot be run or ends with a failure; what it wrote until then was handed on.
-    ScanOutcome Run(const std::string& folder, const std::vector<std::string>& options,
-                    const std::vector<std::string>& files, const LineHandler& handler);
+    /// What the program said of itself at the last check: version and features.
+    const std::string& Version() const { return mVersion; }
 
-    /// What the last run wrote on its standard error: at most the first 64 KiB.
-    const std::string& ErrorText() const { return mErrorText; }
+    /// Fails unless the program can be run in the folder with these options, on no file at all.
+    ScanOutcome CheckOptions(const std::string& folder, const std::vector<std::string>& options,
+                             const KeepGoing& keepGoing = {}) const;
 
 private:
-    std::string Program() const { return mProgram.empty() ? "ctags" : mProgram; }
-
-    std::string InstallHint() const;
+    ScanOutcome JudgeVersion(int reason) const;
 
     std::string mProgram;
-    KeepGoing mKeepGoing;
-    std::string mErrorText;
+    bool mIsGiven;
+    std::string mVersion;
 };
+
+/// "ended with code 3: what it said", or "was ended by signal 11"; for messages.
+std::string HowProgramEnded(int exitCode, const std::string& errorText);
 
 } // namespace paperkite

@@ -77,7 +77,7 @@ CtagsTagReader::Result CtagsTagReader::Read(std::string_view line, CtagsTag& tag
     if (tag.Path.starts_with("./")) {
         tag.Path.erase(0, 2);
     }
-    const bool isUsable = !tag.Name.empty() && !tag.Path.empty() && tag.Line > 0;
+    const bool isUsable = !tag.Name.empty() && tag.Line > 0;
     return isUsable ? Result::Tag : Result::Nothing;
 }
 

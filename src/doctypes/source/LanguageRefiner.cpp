@@ -37,6 +37,8 @@ bool IsModifier(std::string_view word) {
 
 std::string Collapsed(std::string_view text) {
     std::string result;
+    text = Trimmed(text);
+    result.reserve(text.size());
     for (const char c : text) {
         const bool isBlank = c == ' ' || c == '\t' || c == '\r' || c == '\n';
         if (!isBlank) {
@@ -45,7 +47,7 @@ std::string Collapsed(std::string_view text) {
             result += ' ';
         }
     }
-    return std::string(Trimmed(result));
+    return result;
 }
 
 } // namespace
@@ -59,9 +61,10 @@ std::size_t TaggedCode::Locate(const CtagsTag& tag) {
     constexpr std::uint32_t linesToSearch = 3;
     std::size_t from = mText.Offset(tag.Line);
     const std::size_t end = mText.Offset(tag.Line + linesToSearch);
+    const auto searched = std::string_view(mMasked).substr(0, end + tag.Name.size());
     auto [at, isNew] = mFound.try_emplace({tag.Line, tag.Name}, from);
     from = at->second;
-    for (std::size_t found; (found = mMasked.find(tag.Name, from)) != none && found < end;
+    for (std::size_t found; (found = searched.find(tag.Name, from)) != none && found < end;
          from = found + 1) {
         const std::size_t after = found + tag.Name.size();
         const bool isWhole =
@@ -184,8 +187,11 @@ std::optional<SourceDeclaration> LanguageRefiner::RefineTag(const CtagsTag& tag,
         return std::nullopt;
     }
     const std::size_t place = work.Code.Locate(tag);
-    Draft draft{tag, place, place == none ? std::string() : work.Code.HeadBefore(place), {}};
+    Draft draft{tag, place, {}, {}};
     TakeCommonFacts(draft);
+    if (place != none && NeedsHead(draft.Declaration.Kind)) {
+        draft.Head = work.Code.HeadBefore(place);
+    }
     SourceDeclaration& declaration = draft.Declaration;
     declaration.Scope = work.Group;
     for (ScopeStep& step : ScopeOf(tag, work)) {
@@ -205,9 +211,9 @@ std::optional<SourceDeclaration> LanguageRefiner::RefineTag(const CtagsTag& tag,
         declaration.EndLine = work.Code.EndOfBody(place + tag.Name.size());
     }
     declaration.EndLine = std::max(declaration.EndLine, declaration.Line);
-    // texts that were read from the source may be in another encoding
-    for (std::string* text : {&declaration.Name, &declaration.Signature, &declaration.Type,
-                              &declaration.Inherits, &declaration.Template, &declaration.Trait}) {
+    // texts that were read from the source may be in another encoding; the index sees to names
+    for (std::string* text : {&declaration.Signature, &declaration.Type, &declaration.Inherits,
+                              &declaration.Template, &declaration.Trait}) {
         *text = IsValidUtf8(*text) ? std::move(*text) : PrintableUtf8(*text);
     }
     return std::move(declaration);

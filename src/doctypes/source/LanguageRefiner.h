@@ -94,6 +94,9 @@ protected:
     virtual bool IsWanted(const CtagsTag& tag, const Work& work) const;
     virtual SourceKind KindOf(const CtagsTag& tag) const = 0;
 
+    /// Whether Mend wants to see the head of what has that kind; to find it takes time.
+    virtual bool NeedsHead(SourceKind) const { return true; }
+
     /// The last touch; false leaves the declaration out.
     virtual bool Mend(Draft&, Work&) const { return true; }
 

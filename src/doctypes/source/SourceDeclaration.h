@@ -29,6 +29,7 @@ struct SourceDeclaration {
     std::string Inherits;         ///< the names, parted by commas
     std::string Template;         ///< "<class T>"
     std::string Trait;            ///< the trait that a Rust method implements
+    std::string Types;            ///< of a callable: ParameterList::TypesText of its signature
     std::uint32_t File = 0;       ///< as given by SourceIndexBuilder::AddFile
     std::uint32_t Line = 0;
     std::uint32_t EndLine = 0;

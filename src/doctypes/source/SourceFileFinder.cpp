@@ -18,26 +18,61 @@ struct SourceFileFinder::Walk {
     FoundFiles found;
     std::set<std::pair<dev_t, ino_t>> visitedFolders;
     const Progress* progress = nullptr;
+    std::size_t visited = 0;
     bool isCancelled = false;
 };
 
 namespace {
 
-constexpr std::array<std::string_view, 12> skippedFolders = {
-    ".git",   ".hg",         ".svn", "CVS",   ".bzr",        "node_modules",
-    ".cache", "__pycache__", ".tox", ".venv", ".mypy_cache", "CMakeFiles"};
+constexpr std::array<std::string_view, 22> skippedFolders = {
+    ".git",        ".hg",          ".svn",
+    "CVS",         ".bzr",         "_darcs",
+    ".jj",         ".cache",       ".tox",
+    ".nox",        ".venv",        ".idea",
+    ".vs",         ".gradle",      ".eggs",
+    "__pycache__", ".mypy_cache",  ".pytest_cache",
+    ".ruff_cache", "node_modules", "bower_components",
+    "CMakeFiles"};
 
-bool IsSkippedFolder(const fs::path& folder, std::string_view name) {
-    if (std::find(skippedFolders.begin(), skippedFolders.end(), name) != skippedFolders.end()) {
-        return true;
+/// What shows by its being in a folder that the folder was made by a tool.
+constexpr std::array<std::string_view, 4> markers = {"CMakeCache.txt", "meson-private",
+                                                     "pyvenv.cfg", "CACHEDIR.TAG"};
+
+struct Output {
+    std::string_view Folder;
+    std::string_view Sibling; ///< what stands beside it; with a leading dot: how that ends
+};
+
+constexpr std::array<Output, 8> outputs = {{{"target", "Cargo.toml"},
+                                            {"target", "pom.xml"},
+                                            {"build", "build.gradle"},
+                                            {"build", "build.gradle.kts"},
+                                            {"build", "setup.py"},
+                                            {"build", "pyproject.toml"},
+                                            {"bin", ".csproj"},
+                                            {"obj", ".csproj"}}};
+
+bool HasBeside(const fs::path& folder, std::string_view sibling) {
+    std::error_code error;
+    if (!sibling.starts_with(".")) {
+        return fs::exists(folder / sibling, error);
     }
-    std::error_code ignored;
-    return fs::exists(folder / "CMakeCache.txt", ignored);
+    for (fs::directory_iterator at(folder, error), end; !error && at != end; at.increment(error)) {
+        if (at->path().native().ends_with(sibling)) {
+            return true;
+        }
+    }
+    return false;
 }
 
-bool IsUsableName(std::string_view name) {
-    return IsValidUtf8(name) && std::none_of(name.begin(), name.end(),
-                                             [](unsigned char c) { return c < 0x20 || c == 0x7F; });
+bool IsSkippedFolder(const fs::path& folder, std::string_view name) {
+    std::error_code ignored;
+    return std::find(skippedFolders.begin(), skippedFolders.end(), name) != skippedFolders.end() ||
+           std::any_of(markers.begin(), markers.end(),
+                       [&](std::string_view mark) { return fs::exists(folder / mark, ignored); }) ||
+           std::any_of(outputs.begin(), outputs.end(), [&](const Output& output) {
+               return output.Folder == name && HasBeside(folder.parent_path(), output.Sibling);
+           });
 }
 
 } // namespace
@@ -114,6 +149,9 @@ void SourceFileFinder::WalkFolder(Walk& walk, const fs::path& folder,
         return a.path().filename().native() < b.path().filename().native();
     });
     for (const fs::directory_entry& entry : entries) {
+        if (*walk.progress && ++walk.visited % 64 == 1) {
+            walk.isCancelled = !(*walk.progress)(walk.found.Files.size());
+        }
         if (walk.isCancelled) {
             return;
         }
@@ -123,37 +161,54 @@ void SourceFileFinder::WalkFolder(Walk& walk, const fs::path& folder,
 
 void SourceFileFinder::VisitEntry(Walk& walk, const fs::directory_entry& entry,
                                   const std::string& relative) const {
-    const std::string name = entry.path().filename().native();
-    if (!IsUsableName(name)) {
-        walk.found.Warnings.push_back(
-            "\"" + PrintableUtf8(relative) +
-            "\" was left out because its name is not valid UTF-8 or holds control characters. "
-            "Rename it to have it scanned.");
-        return;
-    }
     if (IsExcluded(relative)) {
         return;
     }
     std::error_code error;
     const fs::file_status status = entry.status(error);
     if (status.type() == fs::file_type::directory) {
-        if (!IsSkippedFolder(entry.path(), name)) {
+        VisitFolder(walk, entry, relative);
+    } else if (status.type() == fs::file_type::regular && (!mFilter || mFilter(relative))) {
+        VisitFile(walk, entry.path(), relative);
+    }
+}
+
+bool SourceFileFinder::IsInside(const fs::path& path) const {
+    std::error_code error;
+    const fs::path target = fs::canonical(path, error);
+    const fs::path home = error ? fs::path() : fs::canonical(mFolder, error);
+    return !error && std::mismatch(home.begin(), home.end(), target.begin(), target.end()).first ==
+                         home.end();
+}
+
+void SourceFileFinder::VisitFolder(Walk& walk, const fs::directory_entry& entry,
+                                   const std::string& relative) const {
+    std::error_code error;
+    if (!entry.is_symlink(error)) {
+        if (!IsSkippedFolder(entry.path(), entry.path().filename().native())) {
             WalkFolder(walk, entry.path(), relative + "/");
         }
+    } else if (!IsInside(entry.path())) {
+        walk.found.Warnings.push_back("The link \"" + PrintableUtf8(relative) +
+                                      "\" leads out of the source folder and was left out. Make "
+                                      "what it leads to a source folder of its own to have it "
+                                      "scanned.");
+    }
+}
+
+void SourceFileFinder::VisitFile(Walk& walk, const fs::path& file,
+                                 const std::string& relative) const {
+    const auto stamp = FileStamp::Of(file.native());
+    if (!stamp) {
         return;
     }
-    if (status.type() != fs::file_type::regular || (mFilter && !mFilter(relative)) ||
-        IsBinary(entry.path())) {
-        return;
-    }
-    if (::access(entry.path().c_str(), R_OK) != 0) {
-        walk.found.Warnings.push_back("The file \"" + relative +
+    if (::access(file.c_str(), R_OK) != 0) {
+        walk.found.Warnings.push_back("The file \"" + PrintableUtf8(relative) +
                                       "\" cannot be read and was left out. Check its permissions.");
         return;
     }
-    walk.found.Files.push_back(relative);
-    if (*walk.progress && walk.found.Files.size() % 64 == 1) {
-        walk.isCancelled = !(*walk.progress)(walk.found.Files.size());
+    if ((mKnown && mKnown(relative, *stamp)) || !IsBinary(file)) {
+        walk.found.Files.push_back({relative, *stamp});
     }
 }
 

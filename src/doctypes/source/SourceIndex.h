@@ -91,6 +91,7 @@ public:
 
 private:
     friend class SourceIndexBuilder;
+    friend class SourceIndexStorage;
     SourceIndex() = default;
 
     using Text = StringPool::Id;
@@ -112,6 +113,7 @@ private:
         SourceKind kind = SourceKind::Other;
         SourceLanguage language = SourceLanguage::Other;
         SourceAccess access = SourceAccess::Public;
+        std::uint8_t unused = 0; ///< no byte is left to chance, as entities are stored as they are
     };
 
     static std::uint64_t HashMore(std::uint64_t hash, std::string_view text);

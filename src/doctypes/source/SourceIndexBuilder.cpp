@@ -136,15 +136,21 @@ SourceIndexBuilder::Id SourceIndexBuilder::FindSame(Id parent, Text name,
     return SourceIndex::Nothing;
 }
 
+SourceIndexBuilder::Text SourceIndexBuilder::TypesOf(const SourceDeclaration& declaration) {
+    if (!IsCallable(declaration.Kind)) {
+        return 0;
+    }
+    return mIndex.mStrings.Intern(
+        declaration.Types.empty()
+            ? ParameterList(declaration.Signature, declaration.Language).TypesText()
+            : declaration.Types);
+}
+
 void SourceIndexBuilder::Add(const SourceDeclaration& declaration) {
     StringPool& strings = mIndex.mStrings;
     const Id parent = Container(declaration);
     const Text name = strings.Intern(declaration.Name);
-    Text types = 0;
-    if (IsCallable(declaration.Kind)) {
-        types =
-            strings.Intern(ParameterList(declaration.Signature, declaration.Language).TypesText());
-    }
+    const Text types = TypesOf(declaration);
     Id id = FindSame(parent, name, declaration, types);
     const bool isNew = id == SourceIndex::Nothing;
     if (isNew) {
@@ -179,10 +185,7 @@ void SourceIndexBuilder::TakeFacts(Id id, const SourceDeclaration& declaration) 
     entity.type = strings.Intern(declaration.Type);
     entity.trait = strings.Intern(declaration.Trait);
     mDrafts[id].isImplied = false;
-    mDrafts[id].types =
-        IsCallable(declaration.Kind)
-            ? strings.Intern(ParameterList(declaration.Signature, declaration.Language).TypesText())
-            : 0;
+    mDrafts[id].types = TypesOf(declaration);
 }
 
 void SourceIndexBuilder::AddPlace(Id id, const SourceDeclaration& declaration) {

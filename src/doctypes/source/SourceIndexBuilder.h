@@ -3,6 +3,8 @@
 #include "doctypes/source/SourceDeclaration.h"
 #include "doctypes/source/SourceIndex.h"
 
+#include <functional>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -27,8 +29,12 @@ public:
 
     std::size_t Size() const { return mIndex.Size(); }
 
-    /// Ends the building; the builder is empty afterwards.
-    SourceIndex Finish();
+    /// Asked between the steps of finishing, of which each takes a fraction of a second also for
+    /// a million declarations.
+    using KeepGoing = std::function<bool()>;
+
+    /// Ends the building; the builder is empty afterwards. Nothing when it was told to stop.
+    std::optional<SourceIndex> Finish(const KeepGoing& keepGoing = {});
 
 private:
     using Id = SourceIndex::Id;
@@ -56,6 +62,7 @@ private:
     Id FindSame(Id parent, Text name, const SourceDeclaration& declaration, Text types) const;
     bool IsSameCallable(Id entity, const SourceDeclaration& declaration, Text types) const;
     bool IsOfFile(Id entity, std::uint32_t file) const;
+    Text TypesOf(const SourceDeclaration& declaration);
     void TakeFacts(Id entity, const SourceDeclaration& declaration);
     void AddPlace(Id entity, const SourceDeclaration& declaration);
 
@@ -70,6 +77,7 @@ private:
     std::string Discriminator(Id entity) const;
     void OrderChildren();
     void FillNameTable();
+    void SettleNames();
 
     SourceIndex mIndex;
     std::vector<Draft> mDrafts;

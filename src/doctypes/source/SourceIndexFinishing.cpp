@@ -1,5 +1,7 @@
 #include "doctypes/source/SourceIndexBuilder.h"
 
+#include "doctypes/source/Utf8.h"
+
 #include <algorithm>
 #include <array>
 #include <bit>
@@ -27,30 +29,51 @@ int Rank(SourceKind kind) {
 std::string EncodedStep(std::string_view name) {
     constexpr std::string_view digits = "0123456789ABCDEF";
     std::string step;
-    for (const char c : name) {
-        const unsigned char byte = static_cast<unsigned char>(c);
-        if (byte < 0x20 || byte == 0x7F ||
-            std::string_view("~:%/\\").find(c) != std::string_view::npos) {
+    step.reserve(name.size());
+    const bool isText = IsValidUtf8(name);
+    for (std::size_t i = 0; i < name.size();) {
+        const unsigned char byte = static_cast<unsigned char>(name[i]);
+        const std::size_t length = isText || byte < 0x80 ? 1 : Utf8CharacterLength(name.substr(i));
+        if (length == 0 || byte < 0x20 || byte == 0x7F || byte == '~' || byte == ':' ||
+            byte == '%' || byte == '/' || byte == '\\') {
             step += '%';
             step += digits[byte >> 4];
             step += digits[byte & 15];
+            ++i;
         } else {
-            step += c;
+            step += name.substr(i, length);
+            i += length;
         }
     }
     return step;
 }
 
-SourceIndex SourceIndexBuilder::Finish() {
-    MatchDefinitions();
-    SettleCallableKinds();
-    Compact();
-    NameSteps();
-    OrderChildren();
-    FillNameTable();
-    mDrafts.clear();
-    mFirstOfName.clear();
+std::optional<SourceIndex> SourceIndexBuilder::Finish(const KeepGoing& keepGoing) {
+    using Step = void (SourceIndexBuilder::*)();
+    using Self = SourceIndexBuilder;
+    for (const Step step :
+         {&Self::MatchDefinitions, &Self::SettleCallableKinds, &Self::Compact, &Self::NameSteps,
+          &Self::SettleNames, &Self::OrderChildren, &Self::FillNameTable}) {
+        if (keepGoing && !keepGoing()) {
+            return std::nullopt;
+        }
+        (this->*step)();
+    }
     return std::move(mIndex);
+}
+
+// Names of files may be no text. The steps keep them apart, what is shown has to be readable; what
+// only helped with the building goes.
+void SourceIndexBuilder::SettleNames() {
+    for (SourceIndex::Entity& entity : mIndex.mEntities) {
+        const std::string_view name = mIndex.mStrings.View(entity.name);
+        if (!IsPrintableUtf8(name)) {
+            entity.name = mIndex.mStrings.Intern(PrintableUtf8(name));
+        }
+    }
+    mIndex.mStrings.Freeze();
+    mDrafts = {};
+    mFirstOfName = {};
 }
 
 void SourceIndexBuilder::MatchDefinitions() {

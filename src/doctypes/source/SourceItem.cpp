@@ -1,6 +1,7 @@
 #include "doctypes/source/SourceItem.h"
 
 #include "doctypes/source/SourceNamespaceProvider.h"
+#include "doctypes/source/Utf8.h"
 #include "foundation/MemberTable.h"
 #include "foundation/Text.h"
 
@@ -37,7 +38,10 @@ struct SourceItemMembers {
             FromIndex<&SourceIndex::Signature>("Signature"),
             FromIndex<&SourceIndex::Type>("Type"),
             FromIndex<&SourceIndex::Inherits>("Inherits"),
-            {"File", [](const I& i) { return Value(i.GetIndex().Place(i.GetEntity()).File); }},
+            {"File",
+             [](const I& i) {
+                 return Value(PrintableUtf8(i.GetIndex().Place(i.GetEntity()).File));
+             }},
             {"Line",
              [](const I& i) {
                  const auto line = i.GetIndex().Place(i.GetEntity()).Line;

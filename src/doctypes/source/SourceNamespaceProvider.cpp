@@ -1,5 +1,6 @@
 #include "doctypes/source/SourceNamespaceProvider.h"
 
+#include "doctypes/source/Utf8.h"
 #include "foundation/Text.h"
 
 #include <algorithm>
@@ -142,7 +143,7 @@ void SourceNamespaceProvider::ForEach(const std::function<void(const CoverageRow
             open.pop_back();
             if (entity != SourceIndex::Root)
                 visit({index.QualifiedName(entity), std::string(index.KindText(entity)),
-                       std::string(index.Place(entity).File)});
+                       PrintableUtf8(index.Place(entity).File)});
             const auto children = index.Children(entity);
             for (auto child = children.rbegin(); child != children.rend(); ++child)
                 if (index.Access(*child) != SourceAccess::Private) open.push_back(*child);

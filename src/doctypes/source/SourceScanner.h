@@ -3,7 +3,9 @@
 #include "doctypes/source/ScanOutcome.h"
 #include "doctypes/source/SourceIndex.h"
 
+#include <chrono>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -27,8 +29,10 @@ struct ScanResult {
     ScanOutcome Outcome;
     std::optional<SourceIndex> Index;
     std::vector<std::string> Warnings; ///< what was left out, and why
-    std::size_t FileCount = 0;         ///< files that were read
+    std::size_t FileCount = 0;         ///< files that the index is made of
+    std::size_t ReadCount = 0;         ///< those of them that ctags had to read for it
     std::size_t BadLineCount = 0;      ///< lines of ctags that could not be understood
+    std::uint64_t Digest = 0;          ///< equal indexes have equal digests
 };
 
 /// Scans a folder of source code.
@@ -37,10 +41,17 @@ struct ScanResult {
 ///     scanner.Exclude("third_party");
 ///     ScanResult result = scanner.Scan();
 ///     if (result.Outcome.IsDone()) { ... result.Index->Children(SourceIndex::Root) ... }
+///
+/// With a cache a scan keeps what it found, and the next one has ctags read only what changed since
+/// then. The index is the same as that of a scan without one.
 class SourceScanner {
 public:
-    /// False ends the scan, which then says so.
+    /// False ends the scan, which then says so. Called in the thread of the scan only.
     using Progress = std::function<bool(const ScanProgress&)>;
+
+    /// Files that are larger are left out with a warning: they are made, not written, and a few of
+    /// them would cost more memory and time than all the rest.
+    static constexpr std::uint64_t LargestFile = 16u << 20;
 
     /// The folder and the name of the project, the first step of all qualified names.
     SourceScanner(std::string folder, std::string projectName);
@@ -51,14 +62,45 @@ public:
     /// The program to run; empty stands for "ctags" wherever the PATH finds it.
     void SetCtagsProgram(std::string program) { mProgram = std::move(program); }
 
+    /// Keeps scans in the folder, which is made when it is not there; empty, as at first, keeps
+    /// none. `owner` says which build of which program keeps them: one of another is not used.
+    void SetCache(std::string folder, std::string owner);
+
+    /// How many processes of ctags work at once; at first as many as the machine has cores.
+    void SetProcessCount(unsigned count) { mProcessCount = count; }
+
+    /// A file that ctags works at for longer is left out with a warning; at first 30 seconds.
+    void SetFileTimeLimit(std::chrono::milliseconds limit) { mFileTimeLimit = limit; }
+
     /// Bad source code is never a failure. Fails when the folder or ctags cannot be used.
     ScanResult Scan(const Progress& progress = {}) const;
 
+    /// What the last scan found, without a look at the files; nothing when no scan is kept. May be
+    /// out of date.
+    std::optional<ScanResult> LastKnown() const;
+
+    /// The command that has ctags alone read the same files with the same options: a yardstick.
+    /// The names go to its standard input, and its working folder is that of the source code.
+    struct Yardstick {
+        std::vector<std::string> Command;
+        std::string FileList; ///< a name in each line
+    };
+
+    Yardstick CtagsAlone() const;
+
 private:
+    friend class ScanInProgress;
+
+    std::string Place() const;
+
     std::string mFolder;
     std::string mProjectName;
     std::string mProgram;
     std::vector<std::string> mExclusions;
+    std::string mCacheFolder;
+    std::string mCacheOwner;
+    unsigned mProcessCount;
+    std::chrono::milliseconds mFileTimeLimit{30000};
 };
 
 } // namespace paperkite

@@ -1,7 +1,9 @@
 #include "doctypes/source/SourceText.h"
 
 #include <algorithm>
-#include <fstream>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace paperkite {
 
@@ -13,6 +15,12 @@ constexpr std::uintmax_t largestFile = 64u << 20;
 
 SourceText::SourceText(std::string text) : mText(std::move(text)) {
     mStarts.push_back(0);
+    if (mText.find('\r') == std::string::npos) {
+        for (std::size_t i = 0; (i = mText.find('\n', i)) < mText.size() && ++i < mText.size();) {
+            mStarts.push_back(i);
+        }
+        return;
+    }
     for (std::size_t i = 0; i < mText.size(); ++i) {
         const bool isLoneReturn =
             mText[i] == '\r' && (i + 1 == mText.size() || mText[i + 1] != '\n');
@@ -23,18 +31,31 @@ SourceText::SourceText(std::string text) : mText(std::move(text)) {
 }
 
 std::optional<SourceText> SourceText::Read(const std::filesystem::path& file) {
-    std::error_code error;
-    const std::uintmax_t size = std::filesystem::file_size(file, error);
-    if (error || size > largestFile) {
+    auto bytes = ReadBytes(file);
+    return bytes ? std::optional<SourceText>(std::move(*bytes)) : std::nullopt;
+}
+
+std::optional<std::string> SourceText::ReadBytes(const std::filesystem::path& file) {
+    const int handle = ::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    if (handle < 0) {
         return std::nullopt;
     }
-    std::ifstream stream(file, std::ios::binary);
-    std::string text(size, '\0');
-    if (!stream.read(text.data(), static_cast<std::streamsize>(size)) && !stream.eof()) {
-        return std::nullopt;
+    struct stat status = {};
+    std::optional<std::string> text;
+    if (::fstat(handle, &status) == 0 && S_ISREG(status.st_mode) &&
+        static_cast<std::uintmax_t>(status.st_size) <= largestFile) {
+        text.emplace(static_cast<std::size_t>(status.st_size), '\0');
+        std::size_t size = 0;
+        ssize_t count = 0;
+        while (size < text->size() &&
+               (count = ::read(handle, text->data() + size, text->size() - size)) > 0) {
+            size += static_cast<std::size_t>(count);
+        }
+        text->resize(size);
+        text = count < 0 ? std::nullopt : std::move(text);
     }
-    text.resize(static_cast<std::size_t>(stream.gcount()));
-    return SourceText(std::move(text));
+    ::close(handle);
+    return text;
 }
 
 std::string_view SourceText::Line(std::uint32_t line) const {

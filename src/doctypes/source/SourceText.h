@@ -17,6 +17,9 @@ public:
     /// Nothing when the file cannot be read or is larger than 64 MiB.
     static std::optional<SourceText> Read(const std::filesystem::path& file);
 
+    /// The bytes of a file alone; nothing as with Read.
+    static std::optional<std::string> ReadBytes(const std::filesystem::path& file);
+
     const std::string& Text() const { return mText; }
 
     std::uint32_t LineCount() const { return static_cast<std::uint32_t>(mStarts.size()); }

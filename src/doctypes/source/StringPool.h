@@ -23,8 +23,15 @@ public:
 
     std::size_t Size() const { return mTexts.size(); }
 
+    /// Gives back the memory that only finding and interning need. Afterwards there is only View.
+    void Freeze();
+
+    /// A frozen pool of texts that stand one behind the other in a block; `ends` says where each
+    /// ends. They must ascend to the size of the block.
+    static StringPool Frozen(std::unique_ptr<char[]> block, const std::vector<std::uint32_t>& ends);
+
 private:
-    std::size_t SlotOf(std::string_view text) const;
+    std::size_t SlotOf(std::string_view text, std::uint32_t hash) const;
     std::string_view Keep(std::string_view text);
     void Grow();
 
@@ -32,6 +39,7 @@ private:
     char* mNext = nullptr; ///< where the last block is still free
     std::size_t mFree = 0; ///< bytes left there
     std::vector<std::string_view> mTexts;
+    std::vector<std::uint32_t> mHashes; ///< of the texts
     std::vector<Id> mSlots;
 };
 

@@ -1,11 +1,13 @@
 #include "doctypes/source/Utf8.h"
 
+#include <algorithm>
+
 namespace paperkite {
 
-namespace {
-
-/// Bytes of the well-formed character that begins the text, or 0.
-std::size_t CharacterLength(std::string_view text) {
+std::size_t Utf8CharacterLength(std::string_view text) {
+    if (text.empty()) {
+        return 0;
+    }
     const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
     const unsigned char first = byte(0);
     if (first < 0x80) {
@@ -26,11 +28,13 @@ std::size_t CharacterLength(std::string_view text) {
     return isBad ? 0 : length;
 }
 
-} // namespace
-
 bool IsValidUtf8(std::string_view text) {
     while (!text.empty()) {
-        const std::size_t length = CharacterLength(text);
+        if (static_cast<unsigned char>(text[0]) < 0x80) {
+            text.remove_prefix(1);
+            continue;
+        }
+        const std::size_t length = Utf8CharacterLength(text);
         if (length == 0) {
             return false;
         }
@@ -39,10 +43,16 @@ bool IsValidUtf8(std::string_view text) {
     return true;
 }
 
+bool IsPrintableUtf8(std::string_view text) {
+    return std::none_of(text.begin(), text.end(),
+                        [](unsigned char c) { return c < 0x20 || c == 0x7F; }) &&
+           IsValidUtf8(text);
+}
+
 std::string PrintableUtf8(std::string_view text) {
     std::string result;
     while (!text.empty()) {
-        const std::size_t length = CharacterLength(text);
+        const std::size_t length = Utf8CharacterLength(text);
         const unsigned char first = static_cast<unsigned char>(text[0]);
         if (length == 0 || first < 0x20 || first == 0x7F) {
             result += "\xEF\xBF\xBD";

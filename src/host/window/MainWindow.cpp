@@ -1,5 +1,6 @@
 #include "host/window/MainWindow.h"
 
+#include "host/window/BackgroundReading.h"
 #include "host/window/CoverageStatus.h"
 #include "host/window/SafeKeeping.h"
 
@@ -64,6 +65,7 @@ MainWindow::MainWindow(Theme& theme) : mTheme(theme) {
     mPath->setTextInteractionFlags(Qt::TextSelectableByMouse);
     mModified = new QLabel(this);
     mCoverage = new CoverageStatus(this);
+    mReading = new BackgroundReading(this);
     for (QLabel* label : {mPath, mModified})
         label->setForegroundRole(QPalette::PlaceholderText);
     mPath->setContentsMargins(8, 0, 0, 0);
@@ -71,6 +73,7 @@ MainWindow::MainWindow(Theme& theme) : mTheme(theme) {
     // A long name must not widen the window.
     mPath->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     statusBar()->addWidget(mPath, 1);
+    statusBar()->addPermanentWidget(mReading);
     statusBar()->addPermanentWidget(mCoverage);
     statusBar()->addPermanentWidget(mModified);
     mAppName = "Paperkite";

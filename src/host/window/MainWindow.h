@@ -21,6 +21,7 @@ class QStackedWidget;
 
 namespace paperkite {
 
+class BackgroundReading;
 class CoverageStatus;
 class ProjectLock;
 class SafeKeeping;
@@ -86,6 +87,12 @@ private:
     void SaveAsFromMenu() { SaveAs(); }
     void CloseFromMenu() { CloseProject(); }
     void Rescan();
+    /// Reads what changed since the last time, beside the window.
+    void ReadInBackground();
+    void TakeReading(SourceReading reading);
+    void TakeCode(ProjectSession::ScannedCode code);
+    /// Whether new code would take something from under the author's hands.
+    bool IsAuthorBusy() const;
     void ShowProject(std::unique_ptr<ProjectSession> session);
     bool ShowOpened(ProjectSession::OpenResult opened, const std::string& failure,
                     const QString& title);
@@ -156,6 +163,7 @@ private:
     QLabel* mPath;
     QLabel* mModified;
     CoverageStatus* mCoverage;
+    BackgroundReading* mReading;
     QHash<QString, QAction*> mActions;
     /// Set while the tree works on a key.
     bool mKeyInTree = false;

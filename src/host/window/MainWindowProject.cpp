@@ -1,5 +1,6 @@
 #include "host/window/MainWindow.h"
 
+#include "host/window/BackgroundReading.h"
 #include "host/window/CoverageStatus.h"
 #include "host/window/NewProjectDialog.h"
 #include "host/window/SafeKeeping.h"
@@ -67,7 +68,7 @@ bool MainWindow::OpenProject(const QString& path) {
     ProjectSession::OpenResult opened;
     const std::string failure =
         ScanDialog::Run(this, [&](const ProjectSession::Progress& progress) {
-            opened = ProjectSession::Open(path.toStdString(), progress);
+            opened = ProjectSession::OpenLastKnown(path.toStdString(), progress);
         });
     if (!QFileInfo::exists(path)) mRecent.Remove(path.toStdString());
     return ShowOpened(std::move(opened), failure, tr("Open Project"));
@@ -121,6 +122,7 @@ void MainWindow::ShowProject(std::unique_ptr<ProjectSession> session) {
     ShowTitle();
     MoveTo(editor.Project.GetNodes().GetFirst());
     UpdateActions();
+    if (!mWorkspace->GetSession().IsUpToDate()) ReadInBackground();
 }
 
 void MainWindow::AddFinder() {
@@ -146,6 +148,7 @@ void MainWindow::AddFinder() {
 
 void MainWindow::HideProject() {
     if (!mWorkspace) return;
+    mReading->Stop();
     mKeeping.reset();
     mNotMerged.clear();
     mConnections.clear();
@@ -258,24 +261,6 @@ bool MainWindow::StoreOrAsk(bool asNew, const QString& path) {
         mKeeping->GetWork().Settle();
     ShowTitle();
     return !problem;
-}
-
-void MainWindow::Rescan() {
-    if (!mWorkspace) return;
-    ProjectSession& session = mWorkspace->GetSession();
-    ProjectSession::ScanAnswer answer;
-    const std::string failure = ScanDialog::Run(
-        this, [&](const ProjectSession::Progress& progress) { answer = session.Scan(progress); });
-    if (answer.Cancelled) return;
-    if (!answer.Code) {
-        Warn(this, tr("Read Source Code Again"), failure.empty() ? answer.Problem : failure);
-        return;
-    }
-    mWorkspace->Adopt(std::move(*answer.Code));
-    mCoverage->SetSession(&session);
-    ProjectView& tree = mWorkspace->GetEditor().Project;
-    if (!tree.GetSelectedItem()) MoveTo(tree.GetNodes().GetFirst());
-    UpdateActions();
 }
 
 void MainWindow::ShowProperties() {
