@@ -35,7 +35,7 @@ public:
         if (kind == SourceKind::Method) declaration.Signature = "(const Slice& key, int flags)";
         mBuilder.Add(declaration);
     }
-    SourceIndex Finish() { return mBuilder.Finish(); }
+    SourceIndex Finish() { return *mBuilder.Finish(); }
 
 private:
     SourceIndexBuilder mBuilder;

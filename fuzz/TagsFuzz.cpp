@@ -61,7 +61,7 @@ const FuzzTarget target("tags", [](std::string_view input) {
         declaration.File = number;
         builder.Add(declaration);
     }
-    const SourceIndex index = builder.Finish();
+    const SourceIndex index = *builder.Finish();
     std::size_t children = 0;
     for (SourceIndex::Id entity = 0; entity < index.Size(); ++entity) {
         CheckEntity(index, entity, text);

@@ -2,6 +2,7 @@
 
 #include "foundation/Version.h"
 #include "host/Commands.h"
+#include "host/HomelessCommand.h"
 #include "host/MergeCommand.h"
 
 #include <CLI/CLI.hpp>
@@ -26,6 +27,7 @@ struct Arguments {
     TreeCommand Tree;
     CommentCommand Comment;
     CoverageCommand Coverage;
+    HomelessCommand Homeless;
     MergeCommand Merge;
     ScreenshotRequest Screenshot;
     std::string Size = "1280x800";
@@ -123,6 +125,18 @@ void AddMerge(CLI::App& app, Arguments& arguments) {
     command->add_option("THEIRS", arguments.Merge.Theirs, "The other version")->required();
 }
 
+void AddHomeless(CLI::App& app, Arguments& arguments) {
+    CLI::App* command = AddCommand(app, arguments, "homeless",
+                                   "Show comments whose item is gone, and its likeliest new homes");
+    command
+        ->add_option("--adopt", arguments.Homeless.Adopt,
+                     "Give the comments of the item OLD, and of what stood below it, to the item "
+                     "NEW, and save")
+        ->expected(2)
+        ->type_name("OLD NEW");
+    command->add_flag("--json", arguments.Json, "Print JSON");
+}
+
 int RunChosen(const CLI::App& app, Arguments& arguments, const WindowCommands& windows,
               Output& output) {
     const auto chosen = app.get_subcommands();
@@ -130,6 +144,7 @@ int RunChosen(const CLI::App& app, Arguments& arguments, const WindowCommands& w
     const std::string name = chosen.front()->get_name();
     output.Json = arguments.Json;
     if (name == "new") return arguments.New.Run(arguments.Project, output);
+    if (name == "homeless") return arguments.Homeless.Run(arguments.Project, output);
     if (name == "merge") return arguments.Merge.Run(output);
     if (name == "open") return windows.Open(arguments.Project);
     if (name == "screenshot") {
@@ -165,6 +180,7 @@ int RunCommandLine(int argc, const char* const* argv, const WindowCommands& wind
     AddItem(AddCommand(app, arguments, "next", "Show the next item without comments"), arguments,
             false);
     AddScreenshot(app, arguments);
+    AddHomeless(app, arguments);
     AddMerge(app, arguments);
     try {
         app.parse(argc, argv);

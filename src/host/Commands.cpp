@@ -4,6 +4,7 @@
 #include "foundation/Text.h"
 #include "host/StateFolder.h"
 #include "model/CommentJournal.h"
+#include "model/ProjectLock.h"
 
 #include <unistd.h>
 
@@ -15,6 +16,9 @@
 namespace paperkite {
 
 namespace {
+
+/// How long a command waits for others that write.
+constexpr int kWaitMilliseconds = 30000;
 
 const char* PhaseText(ScanPhase phase) {
     switch (phase) {
@@ -93,6 +97,22 @@ std::unique_ptr<Workspace> OpenWorkspace(const std::string& project, Output& out
     TellWhatIsAmiss(*opened.Session->GetProject(), output);
     ShowEverything();
     return std::make_unique<Workspace>(std::move(opened.Session));
+}
+
+int WorkAlone(const std::string& project, Output& output,
+              const std::function<int(Workspace& workspace)>& work) {
+    std::optional<ProjectLock::Holder> other;
+    const auto lock =
+        ProjectLock::TakeForWriting(ProjectSession::FileOf(project), kWaitMilliseconds, other);
+    if (other) return output.Fail("Another program is writing this project. Try again later.");
+    const auto workspace = OpenWorkspace(project, output);
+    if (!workspace) return 2;
+    const int code = work(*workspace);
+    const std::string path = workspace->GetSession().GetProject()->GetPath();
+    if (const auto open = code == 0 ? ProjectLock::WhoHasOpen(path) : std::nullopt)
+        output.Err << path << " is open in process " << open->Process << " on " << open->Host
+                   << " since " << open->Since << ", which will take the change up.\n";
+    return code;
 }
 
 std::string UnclearItem(const std::string& name, const std::vector<std::string>& matches,

@@ -2,6 +2,7 @@
 
 #include "host/Workspace.h"
 
+#include <functional>
 #include <iosfwd>
 #include <memory>
 #include <optional>
@@ -30,6 +31,11 @@ struct CommandTarget {
 /// Opens the project on the components, every access shown and nothing grouped; on a problem it
 /// says so and gives nothing. The scan shows its progress where the error stream is a terminal.
 std::unique_ptr<Workspace> OpenWorkspace(const std::string& project, Output& output);
+
+/// Works on a project so that nobody else writes it from reading to saving. On a problem it says so
+/// and gives the exit code of bad input; where a window has the project open, it says so behind.
+int WorkAlone(const std::string& project, Output& output,
+              const std::function<int(Workspace& workspace)>& work);
 
 /// The qualified name of the target's item (of the root where none was named); on an unknown name
 /// it says so with the nearest ones and gives nothing.
@@ -66,6 +72,10 @@ struct CommentCommand {
     bool Delete = false;
 
     int Run(const CommandTarget& target, Output& output) const;
+
+private:
+    int Write(Workspace& workspace, const TaggedCommentDef& definition, const CommandTarget& target,
+              Output& output) const;
 };
 
 struct CoverageCommand {

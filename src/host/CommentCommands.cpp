@@ -3,7 +3,6 @@
 #include "foundation/GlobalConfig.h"
 #include "foundation/Text.h"
 #include "host/NearestNames.h"
-#include "model/ProjectLock.h"
 
 #include <nlohmann/json.hpp>
 
@@ -14,9 +13,6 @@ namespace paperkite {
 namespace {
 
 using Json = nlohmann::ordered_json;
-
-/// How long a command waits for others that write.
-constexpr int kWaitMilliseconds = 30000;
 
 std::string NameOf(const TaggedComment& comment) {
     const auto definition = comment.GetTaggedCommentDef();
@@ -157,35 +153,31 @@ int CommentCommand::Run(const CommandTarget& target, Output& output) const {
     if (!definition) return output.Fail(UnknownTag(Tag));
     if (!Delete && !HasText && definition->TagType != "f")
         return output.Fail("Say what to write with --text, or --delete.");
-    // From reading to saving nobody else writes, so that commands that run side by side all count.
-    std::optional<ProjectLock::Holder> other;
-    const auto lock = ProjectLock::TakeForWriting(ProjectSession::FileOf(target.Project),
-                                                  kWaitMilliseconds, other);
-    if (other) return output.Fail("Another program is writing this project. Try again later.");
-    const auto workspace = OpenWorkspace(target.Project, output);
-    if (!workspace) return 2;
-    const auto name = FindTarget(*workspace, target, output);
+    return WorkAlone(target.Project, output, [&](Workspace& workspace) {
+        return Write(workspace, *definition, target, output);
+    });
+}
+
+int CommentCommand::Write(Workspace& workspace, const TaggedCommentDef& definition,
+                          const CommandTarget& target, Output& output) const {
+    const auto name = FindTarget(workspace, target, output);
     if (!name) return 2;
-    if (!workspace->Select(*name)) return output.Fail("The tree does not show \"" + *name + "\".");
-    ItemEditing editing(*workspace, *definition);
+    if (!workspace.Select(*name)) return output.Fail("The tree does not show \"" + *name + "\".");
+    ItemEditing editing(workspace, definition);
     if (Delete) {
         const std::size_t count = editing.DeleteAll();
         if (count == 0)
-            return output.Fail(*name + " has no comment \"" + definition->DisplayName + "\".");
+            return output.Fail(*name + " has no comment \"" + definition.DisplayName + "\".");
         output.Out << "Deleted " << count << (count == 1 ? " comment" : " comments") << " of "
                    << *name << ".\n";
     } else {
         if (!editing.Write(Text, Add))
             return output.Fail(
-                "\"" + definition->DisplayName + "\" does not apply to a " +
-                workspace->GetSession().GetProvider()->GetItem(*name)->Get("Kind").ToText() + ".");
-        output.Out << "Wrote \"" << definition->DisplayName << "\" of " << *name << ".\n";
+                "\"" + definition.DisplayName + "\" does not apply to a " +
+                workspace.GetSession().GetProvider()->GetItem(*name)->Get("Kind").ToText() + ".");
+        output.Out << "Wrote \"" << definition.DisplayName << "\" of " << *name << ".\n";
     }
-    if (const auto problem = workspace->Save()) return output.Fail(problem->Message());
-    const std::string path = workspace->GetSession().GetProject()->GetPath();
-    if (const auto open = ProjectLock::WhoHasOpen(path))
-        output.Err << path << " is open in process " << open->Process << " on " << open->Host
-                   << " since " << open->Since << ", which will take the change up.\n";
+    if (const auto problem = workspace.Save()) return output.Fail(problem->Message());
     return 0;
 }
 

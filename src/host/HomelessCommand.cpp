@@ -52,8 +52,7 @@ std::string WithSteps(const std::string& name) {
 
 /// The name that a user means among those that have homeless comments at or below them; empty, and
 /// said why, when there is none.
-std::string FindGone(const std::vector<Entry>& entries, const std::string& wanted,
-                     Output& output) {
+std::string FindGone(const std::vector<Entry>& entries, const std::string& wanted, Output& output) {
     const std::string name = WithSteps(wanted);
     NearestNames nearest(name, "~");
     for (const Entry& entry : entries) {
@@ -70,9 +69,11 @@ std::string FindGone(const std::vector<Entry>& entries, const std::string& wante
 } // namespace
 
 int HomelessCommand::Run(const std::string& project, Output& output) const {
+    if (!Adopt.empty())
+        return WorkAlone(project, output,
+                         [&](Workspace& workspace) { return Move(workspace, output); });
     const auto workspace = OpenWorkspace(project, output);
-    if (!workspace) return 2;
-    return Adopt.empty() ? List(*workspace, output) : Move(*workspace, output);
+    return workspace ? List(*workspace, output) : 2;
 }
 
 int HomelessCommand::List(Workspace& workspace, Output& output) const {

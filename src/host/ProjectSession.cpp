@@ -59,7 +59,7 @@ ProjectSession::OpenResult ProjectSession::Open(const std::string& path, const P
 
 ProjectSession::OpenResult ProjectSession::OpenLastKnown(const std::string& path,
                                                          const Progress& progress) {
-    auto opened = ProjectDocument::Open(ProjectPath(path));
+    auto opened = ProjectDocument::Open(FileOf(path));
     if (opened.Problem) return Problem(opened.Problem->Message());
     const auto& sources = opened.Project->GetSources();
     auto reading = sources.empty() ? std::nullopt : LastKnownSources(sources);
