@@ -64,6 +64,7 @@ std::string AsJson(const std::vector<Result>& results);
 void AddProcedureRows(std::vector<Row>& rows);
 void AddTreeRows(std::vector<Row>& rows);
 void AddTreeViewRows(std::vector<Row>& rows);
+void AddScanRows(std::vector<Row>& rows);
 void AddStoreRows(std::vector<Row>& rows);
 void AddEditorRows(std::vector<Row>& rows);
 void AddStartRows(std::vector<Row>& rows);

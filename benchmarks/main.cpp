@@ -30,7 +30,7 @@ int Run(int argc, char** argv) {
     const auto helper = paperkite::InstallHeadlessServices(PAPERKITE_SOURCE_DIR);
 
     std::vector<Row> rows;
-    for (const auto add : {AddTreeRows, AddTreeViewRows, AddStoreRows, AddEditorRows,
+    for (const auto add : {AddTreeRows, AddTreeViewRows, AddScanRows, AddStoreRows, AddEditorRows,
                            AddProcedureRows, AddStartRows})
         add(rows);
     if (onlyNames) {
