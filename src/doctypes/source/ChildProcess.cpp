@@ -4,6 +4,7 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 #include <fcntl.h>
 #include <poll.h>
 #include <spawn.h>
@@ -57,6 +58,29 @@ private:
 };
 
 namespace {
+
+/// This program's own environment, and a place in memory for the many small files that ctags makes
+/// and deletes, unless the user has chosen one.
+class ChildEnvironment {
+public:
+    ChildEnvironment() {
+        for (char** variable = environ; *variable; ++variable) {
+            mVariables.push_back(*variable);
+        }
+        if (!::getenv("TMPDIR") && ::access(memoryFolder, W_OK | X_OK) == 0) {
+            mVariables.push_back(mTemporary.data());
+        }
+        mVariables.push_back(nullptr);
+    }
+
+    char** Variables() { return mVariables.data(); }
+
+private:
+    static constexpr const char* memoryFolder = "/dev/shm";
+
+    std::string mTemporary = std::string("TMPDIR=") + memoryFolder;
+    std::vector<char*> mVariables;
+};
 
 struct Pipe {
     int read = -1;
@@ -120,8 +144,9 @@ int ChildProcess::Start(const std::vector<std::string>& arguments, const std::st
         argv.push_back(const_cast<char*>(argument.c_str()));
     }
     argv.push_back(nullptr);
-    const int failure =
-        posix_spawnp(&mProcess, argv[0], &actions, &attributes, argv.data(), environ);
+    ChildEnvironment environment;
+    const int failure = posix_spawnp(&mProcess, argv[0], &actions, &attributes, argv.data(),
+                                     environment.Variables());
     posix_spawnattr_destroy(&attributes);
     posix_spawn_file_actions_destroy(&actions);
     if (failure != 0) {
