@@ -34,6 +34,8 @@ public:
         : mComparison(comparison) {}
 
     std::size_t Count() const { return mCount; }
+    /// Makes room for that many entries.
+    void Reserve(std::size_t count) { mEntries.reserve(count); }
 
     void Add(T value, const std::string& key = {}) {
         if (!key.empty() && !mSequenceOfKey.try_emplace(Normalised(key), mNextSequence).second)

@@ -233,8 +233,8 @@ private:
     void zPrepareCodeProject(const Ref<Object>& Item);
     std::string zNodeText(Ref<NamespaceDef>& nd, const Ref<Object>& Item,
                           const Ref<TreeNode>& ParentNode);
-    Ref<TreeNode> zAddNode(const Ref<NamespaceDef>& nd, const std::string& key,
-                           const std::string& text, const Ref<TreeNode>& ParentNode);
+    Ref<TreeNode> zAddNode(const Ref<NamespaceDef>& nd, std::string key, std::string text,
+                           const Ref<TreeNode>& ParentNode);
     Ref<TreeNode> zGroupNode(const Ref<NamespaceDef>& nd, const Ref<TreeNode>& ParentNode);
     static bool zIsGroupOf(const Ref<TreeNode>& group, const Ref<TreeNode>& ParentNode,
                            const std::string& name);

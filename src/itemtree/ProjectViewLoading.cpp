@@ -96,8 +96,8 @@ void ProjectView::AddNamespaceItem(Ref<NamespaceDef>& nd, const Ref<Object>& Ite
         Watch watchParent(frame, "ParentNode", ParentNode);
         LockTreeView();
         if (IsType(Item, "CodeProject")) zPrepareCodeProject(Item);
-        const std::string text = zNodeText(nd, Item, ParentNode);
-        const Ref<TreeNode> node = zAddNode(nd, QualifiedNameOf(Item), text, ParentNode);
+        std::string text = zNodeText(nd, Item, ParentNode);
+        const Ref<TreeNode> node = zAddNode(nd, QualifiedNameOf(Item), std::move(text), ParentNode);
         if (node) {
             node->SetTag(nd->ItemType);
             zDecorate(node, Item);
@@ -168,20 +168,23 @@ bool ProjectView::zIsGroupOf(const Ref<TreeNode>& group, const Ref<TreeNode>& Pa
            key[above.size()] == '_' && key.ends_with(name);
 }
 
-Ref<TreeNode> ProjectView::zAddNode(const Ref<NamespaceDef>& nd, const std::string& key,
-                                    const std::string& text, const Ref<TreeNode>& ParentNode) {
+Ref<TreeNode> ProjectView::zAddNode(const Ref<NamespaceDef>& nd, std::string key, std::string text,
+                                    const Ref<TreeNode>& ParentNode) {
     Ref<TreeNode> node;
     if (!ParentNode) {
         Ignoring([&] {
-            node = GetNodes().Add(nullptr, TreeRelationship::Last, key, text, nd->ImageKey);
+            node = GetNodes().Add(nullptr, TreeRelationship::Last, std::move(key), std::move(text),
+                                  nd->ImageKey);
         });
         return node;
     }
     const Ref<TreeNode> relative = zIsGroupWanted(nd) ? zGroupNode(nd, ParentNode) : ParentNode;
     if (!relative) return node;
     // An item that the tree shows already is left where it stands.
-    Ignoring(
-        [&] { node = GetNodes().Add(relative, TreeRelationship::Child, key, text, nd->ImageKey); });
+    Ignoring([&] {
+        node = GetNodes().Add(relative, TreeRelationship::Child, std::move(key), std::move(text),
+                              nd->ImageKey);
+    });
     return node;
 }
 
@@ -201,12 +204,8 @@ void ProjectView::zDecorate(const Ref<TreeNode>& node, const Ref<Object>& Item) 
 
 void ProjectView::zSetTick(const Ref<TreeNode>& node, const Ref<NamespaceDef>& nd,
                            const Ref<TreeNode>& ParentNode) {
-    if (!nd->Excludable)
-        SetIsNodeChecked(node, true);
-    else if (ParentNode && !GetIsNodeChecked(ParentNode))
-        SetIsNodeChecked(node, false);
-    else
-        SetIsNodeChecked(node, !zIsExcluded(node->GetKey()));
+    const bool isBelowUnticked = ParentNode && !ParentNode->GetChecked();
+    node->SetChecked(!nd->Excludable || (!isBelowUnticked && !zIsExcluded(node->GetKey())));
     NodeChecked(node);
 }
 

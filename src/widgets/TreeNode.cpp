@@ -25,20 +25,21 @@ void TreeNode::SetText(const std::string& value) {
 }
 
 void TreeNode::SetTag(const std::string& value) {
-    mTag = Tree().Nodes.Shared(value);
+    TreeNodes& nodes = Tree().Nodes;
+    mTag = nodes.Shared(value, nodes.mLastTag);
 }
 
 void TreeNode::SetImage(const std::string& value) {
     TreeControl& tree = Tree();
     if (GetImage() == value) return;
-    mImage = tree.Nodes.Shared(value);
+    mImage = tree.Nodes.Shared(value, tree.Nodes.mLastImage);
     tree.TellNodeChanged(*this);
 }
 
 void TreeNode::SetExpandedImage(const std::string& value) {
     TreeControl& tree = Tree();
     if (GetExpandedImage() == value) return;
-    mExpandedImage = tree.Nodes.Shared(value);
+    mExpandedImage = tree.Nodes.Shared(value, tree.Nodes.mLastImage);
     tree.TellNodeChanged(*this);
 }
 

@@ -63,19 +63,19 @@ TreeNodes::~TreeNodes() {
 }
 
 Ref<TreeNode> TreeNodes::Add(const Ref<TreeNode>& relative, TreeRelationship relationship,
-                             const std::string& key, const std::string& text,
-                             const std::string& image) {
+                             std::string key, std::string text, const std::string& image) {
     CheckRelative(relative);
     const std::uint32_t hash = KeyTable::HashOf(key);
     if (SlotOf(key, hash) != KeyTable::kNoSlot)
         RaiseError(ErrorNumber::KeyAlreadyThere, "The key \"" + key + "\" is already in the tree");
     Ref<TreeNode> node = MakeRef<TreeNode>();
-    node->mKey = key;
-    node->mText = text;
-    node->mImage = Shared(image);
+    const bool hasKey = !key.empty();
+    node->mKey = std::move(key);
+    node->mText = std::move(text);
+    node->mImage = Shared(image, mLastImage);
     node->mSlot = static_cast<std::uint32_t>(mSlots.size());
     mSlots.push_back(node);
-    if (!key.empty()) mByKey.Insert(hash, node->mSlot);
+    if (hasKey) mByKey.Insert(hash, node->mSlot);
     ++mCount;
     Link(*node, relative.get(), relationship);
     mTree.TellCame(*node);
@@ -178,7 +178,7 @@ void TreeNodes::DetachAll() {
     mTopCount = 0;
     mFirstTop = mLastTop = nullptr;
     mSharedTexts.clear();
-    mLastShared = nullptr;
+    mLastTag = mLastImage = nullptr;
 }
 
 void TreeNodes::Clear() {
@@ -259,11 +259,11 @@ Ref<TreeNode> TreeNodes::RefOf(const TreeNode* node) const {
     return node ? mSlots[node->mSlot] : Ref<TreeNode>();
 }
 
-const std::string* TreeNodes::Shared(const std::string& text) {
+const std::string* TreeNodes::Shared(const std::string& text, const std::string*& last) {
     if (text.empty()) return nullptr;
     // Neighbours mostly bear the same image and tag.
-    if (!mLastShared || *mLastShared != text) mLastShared = &*mSharedTexts.insert(text).first;
-    return mLastShared;
+    if (!last || *last != text) last = &*mSharedTexts.insert(text).first;
+    return last;
 }
 
 TreeNodes::Walk::Walk(const TreeNodes& nodes, std::size_t slot) : mNodes(&nodes), mSlot(slot) {

@@ -34,9 +34,8 @@ public:
     /// Adds a node; without a relative it goes to the end of the top level. A key that is already
     /// there raises error 457 and leaves nothing behind; a relative that is detached or of another
     /// tree raises error 91 or 5.
-    Ref<TreeNode> Add(const Ref<TreeNode>& relative, TreeRelationship relationship,
-                      const std::string& key, const std::string& text,
-                      const std::string& image = {});
+    Ref<TreeNode> Add(const Ref<TreeNode>& relative, TreeRelationship relationship, std::string key,
+                      std::string text, const std::string& image = {});
 
     /// Raises error 5 for a key, error 9 for a position that is not there.
     Ref<TreeNode> Item(const std::string& key) const;
@@ -125,7 +124,7 @@ private:
     };
 
     Ref<TreeNode> RefOf(const TreeNode* node) const;
-    const std::string* Shared(const std::string& text);
+    const std::string* Shared(const std::string& text, const std::string*& last);
     void CheckRelative(const Ref<TreeNode>& relative) const;
     void Link(TreeNode& node, TreeNode* relative, TreeRelationship relationship);
     void LinkAt(TreeNode& node, TreeNode* parent, TreeNode* previous);
@@ -143,7 +142,8 @@ private:
     mutable std::vector<Ref<TreeNode>> mSlots;
     mutable KeyTable mByKey;
     std::unordered_set<std::string> mSharedTexts;
-    const std::string* mLastShared = nullptr;
+    const std::string* mLastTag = nullptr;
+    const std::string* mLastImage = nullptr;
     std::size_t mCount = 0;
     mutable std::size_t mWalks = 0;
     TreeNode* mFirstTop = nullptr;

@@ -92,6 +92,10 @@ const SourceIndex& SourceItem::GetIndex() const {
     return mProvider.GetIndex(mRoot);
 }
 
+const std::string& SourceItem::GetQualifiedName() const {
+    return mProvider.NameOf(mRoot, mEntity);
+}
+
 Ref<TaggedCommentCollection> SourceItem::GetTaggedComments() const {
     // Comments refer to their item, so that they must be given one that can be changed.
     return mProvider.GetComments()->CommentsOf(RefTo(const_cast<SourceItem&>(*this)),

@@ -33,7 +33,8 @@ public:
     const SourceIndex& GetIndex() const;
     SourceIndex::Id GetEntity() const { return mEntity; }
     std::size_t GetRoot() const { return mRoot; }
-    std::string GetQualifiedName() const { return GetIndex().QualifiedName(mEntity); }
+    /// Valid until the name of another item is asked for.
+    const std::string& GetQualifiedName() const;
     Ref<TaggedCommentCollection> GetTaggedComments() const;
     void SetTaggedComments(const Ref<TaggedCommentCollection>& value);
     /// The comment that stands at the item in the source, as plain lines; empty when there is none.

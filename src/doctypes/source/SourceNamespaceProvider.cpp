@@ -38,29 +38,47 @@ std::array<bool, kSourceKindCount> KindsNamed(std::string_view text) {
     return named;
 }
 
-/// An entity with how its lower-case name begins, as numbers in the order of those letters: most
-/// names differ there, and need not be compared letter by letter.
+char LowerLetter(char letter) {
+    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + 32) : letter;
+}
+
+/// An entity that is being sorted by its lower-case name.
 struct Sortable {
-    Sortable(const SourceIndex& index, SourceIndex::Id id) : Entity(id) {
-        const std::string_view name = index.Name(id);
-        for (std::size_t at = 0; at < 16; ++at) {
-            const char letter = at < name.size() ? name[at] : '\0';
-            const bool isUpper = letter >= 'A' && letter <= 'Z';
-            std::uint64_t& half = at < 8 ? First : Second;
-            half = half << 8 | static_cast<unsigned char>(isUpper ? letter + 32 : letter);
-        }
-    }
-
-    bool ComesBefore(const Sortable& other, const SourceIndex& index) const {
-        if (First != other.First) return First < other.First;
-        if (Second != other.Second) return Second < other.Second;
-        return CompareIgnoringCase(index.Name(Entity), index.Name(other.Entity)) < 0;
-    }
-
-    std::uint64_t First = 0;
-    std::uint64_t Second = 0;
     SourceIndex::Id Entity;
+    /// How the name goes on behind what all names begin with, as a number in the order of those
+    /// letters: most names differ there, and need not be compared letter by letter.
+    std::uint64_t Letters = 0;
 };
+
+/// The length of what all names begin with, letter case ignored.
+std::size_t CommonBeginning(const SourceIndex& index, const std::vector<Sortable>& entries) {
+    const std::string_view first = index.Name(entries.front().Entity);
+    std::size_t length = first.size();
+    for (const Sortable& entry : entries) {
+        const std::string_view name = index.Name(entry.Entity);
+        length = std::min(length, name.size());
+        std::size_t at = 0;
+        while (at < length && LowerLetter(name[at]) == LowerLetter(first[at]))
+            ++at;
+        length = at;
+    }
+    return length;
+}
+
+void SortByName(const SourceIndex& index, std::vector<Sortable>& entries) {
+    const std::size_t from = CommonBeginning(index, entries);
+    for (Sortable& entry : entries) {
+        const std::string_view name = index.Name(entry.Entity);
+        for (std::size_t at = from; at < from + 8; ++at)
+            entry.Letters =
+                entry.Letters << 8 |
+                static_cast<unsigned char>(at < name.size() ? LowerLetter(name[at]) : '\0');
+    }
+    std::stable_sort(entries.begin(), entries.end(), [&](const auto& left, const auto& right) {
+        if (left.Letters != right.Letters) return left.Letters < right.Letters;
+        return CompareIgnoringCase(index.Name(left.Entity), index.Name(right.Entity)) < 0;
+    });
+}
 
 } // namespace
 
@@ -103,15 +121,20 @@ Ref<ObjectCollection> SourceNamespaceProvider::GetItems(Ref<NamespaceDef>& defin
     for (const SourceIndex::Id child : index.Children(parent->GetEntity()))
         if (isWanted[static_cast<std::size_t>(index.Kind(child))] &&
             scope.Holds(index.Access(child)))
-            found.emplace_back(index, child);
+            found.push_back({child});
     if (found.empty()) return {};
-    std::stable_sort(found.begin(), found.end(), [&](const auto& left, const auto& right) {
-        return left.ComesBefore(right, index);
-    });
+    SortByName(index, found);
     auto items = MakeRef<ObjectCollection>();
+    items->Reserve(found.size());
     for (const Sortable& entry : found)
         items->Add(ItemOf(parent->GetRoot(), entry.Entity));
     return items;
+}
+
+const std::string& SourceNamespaceProvider::NameOf(std::size_t root, SourceIndex::Id entity) {
+    if (mName.Root != root || mName.Entity != entity)
+        mName = {root, entity, mRoots[root]->Index.QualifiedName(entity)};
+    return mName.Text;
 }
 
 Ref<SourceItem> SourceNamespaceProvider::ItemOf(std::size_t root, SourceIndex::Id entity) {

@@ -46,6 +46,8 @@ public:
     Ref<ObjectCollection> GetItems(Ref<NamespaceDef>& definition, const Ref<Object>& parentItem,
                                    const std::string& filter) override;
 
+    /// The qualified name of an entity; valid until the next one is asked for.
+    const std::string& NameOf(std::size_t root, SourceIndex::Id entity);
     /// The item of an entity; the same object every time.
     Ref<SourceItem> ItemOf(std::size_t root, SourceIndex::Id entity);
     /// The comment that stands at an item in the source, read from the file when it is asked for.
@@ -72,6 +74,12 @@ private:
     Ref<CommentStore> mComments;
     Ref<SourceDataProvider> mDataProvider = MakeRef<SourceDataProvider>();
     std::vector<std::unique_ptr<Root>> mRoots;
+    /// Whoever works on an item asks for its name more than once.
+    struct {
+        std::size_t Root = 0;
+        SourceIndex::Id Entity = SourceIndex::Nothing;
+        std::string Text;
+    } mName;
     std::string mLastName;
     Ref<SourceItem> mLastItem;
 };
