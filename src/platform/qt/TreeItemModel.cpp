@@ -41,7 +41,19 @@ TreeItemModel::Row& TreeItemModel::RowOf(const QModelIndex& index) const {
 
 TreeItemModel::Row* TreeItemModel::FindRow(const TreeNode* node) const {
     if (!node) return &mRoot;
+    if (Row* const row = mRows.value(node, nullptr)) return row;
+    if (!node->IsAttached()) return nullptr;
+    Row* const above = FindRow(node->GetParent().get());
+    if (!above || !above->Populated || above->Indexed) return nullptr;
+    IndexChildren(*above);
     return mRows.value(node, nullptr);
+}
+
+void TreeItemModel::IndexChildren(Row& row) const {
+    row.Indexed = true;
+    mRows.reserve(mRows.size() + static_cast<qsizetype>(row.Children.size()));
+    for (const auto& child : row.Children)
+        mRows.insert(child->Node.get(), child.get());
 }
 
 QModelIndex TreeItemModel::IndexOf(const Row& row) const {
@@ -70,9 +82,7 @@ TreeChildren TreeItemModel::ChildrenOf(const Row& row) const {
 void TreeItemModel::Populate(Row& row) const {
     if (row.Populated || (row.Node && !row.Node->IsAttached())) return;
     row.Populated = true;
-    const std::size_t count = ChildrenOf(row).Count();
-    row.Children.reserve(count);
-    mRows.reserve(mRows.size() + static_cast<qsizetype>(count));
+    row.Children.reserve(ChildrenOf(row).Count());
     for (const auto& child : ChildrenOf(row))
         row.Children.push_back(MakeRow(row, child));
     Renumber(row, 0);
@@ -83,7 +93,7 @@ std::unique_ptr<TreeItemModel::Row> TreeItemModel::MakeRow(Row& parent,
     auto row = std::make_unique<Row>();
     row->Node = node;
     row->Parent = &parent;
-    mRows[node.get()] = row.get();
+    if (parent.Indexed) mRows.insert(node.get(), row.get());
     return row;
 }
 

@@ -63,6 +63,8 @@ private:
         int Position = 0;
         bool Populated = false;
         bool OpenInView = false;
+        /// Whether mRows holds its children: not before somebody looks for one of them.
+        bool Indexed = false;
         std::vector<std::unique_ptr<Row>> Children;
     };
 
@@ -74,6 +76,7 @@ private:
 
     Row& RowOf(const QModelIndex& index) const;
     Row* FindRow(const TreeNode* node) const;
+    void IndexChildren(Row& row) const;
     QModelIndex IndexOf(const Row& row) const;
     TreeChildren ChildrenOf(const Row& row) const;
     void Populate(Row& row) const;
