@@ -6,8 +6,8 @@
 
 #include <nlohmann/json.hpp>
 
-#include <algorithm>
 #include <ostream>
+#include <set>
 
 namespace paperkite {
 
@@ -45,19 +45,39 @@ void Print(const Entry& entry, std::ostream& out) {
     if (entry.Homes.empty()) out << "    nothing looks like it\n";
 }
 
-/// What stands for steps of a name may be written in other ways.
-std::string WithSteps(const std::string& name) {
-    return ReplaceAll(ReplaceAll(name, "::", "~"), "/", "~");
+/// With "." between the steps, however they were written.
+std::string WithDots(const std::string& name) {
+    return ReplaceAll(ReplaceAll(ReplaceAll(name, "::", "."), "~", "."), "/", ".");
+}
+
+/// The part of a gone item's name that a user means: all of it, or that of an item around it; the
+/// first steps may be left out. Empty for none.
+std::string MeantPart(const std::string& gone, const std::string& wanted) {
+    for (std::string part = gone; !part.empty();) {
+        const std::string dotted = WithDots(part);
+        if (dotted == wanted || dotted.ends_with("." + wanted)) return part;
+        const std::size_t cut = part.rfind('~');
+        part = cut == std::string::npos ? std::string() : part.substr(0, cut);
+    }
+    return {};
 }
 
 /// The name that a user means among those that have homeless comments at or below them; empty, and
-/// said why, when there is none.
+/// said why, when there is none, or more than one.
 std::string FindGone(const std::vector<Entry>& entries, const std::string& wanted, Output& output) {
-    const std::string name = WithSteps(wanted);
-    NearestNames nearest(name, "~");
+    NearestNames nearest(wanted, "~");
+    std::set<std::string> meant;
     for (const Entry& entry : entries) {
-        if (entry.QualifiedName == name || entry.QualifiedName.starts_with(name + "~")) return name;
+        if (entry.QualifiedName == wanted) return wanted;
+        const std::string part = MeantPart(entry.QualifiedName, WithDots(wanted));
+        if (!part.empty()) meant.insert(part);
         nearest.Offer(entry.QualifiedName);
+    }
+    if (meant.size() == 1) return *meant.begin();
+    if (meant.size() > 1) {
+        output.Fail("\"" + wanted + "\" may mean " + *meant.begin() + " or " + *meant.rbegin() +
+                    ". Write more steps of its name.");
+        return {};
     }
     const auto best = nearest.Best(3);
     output.Fail("No comments of \"" + wanted + "\" are homeless." +

@@ -97,9 +97,10 @@ Json CoverageAsJson(const CoverageReport& report, const std::string& by) {
 std::string GoneText(const std::vector<std::string>& gone) {
     if (gone.size() == 1)
         return "Comments are kept for " + gone.front() +
-               ", which the code does not have any more.\n";
+               ", which the code does not have any more; \"homeless\" shows where it may be.\n";
     return "Comments are kept for " + std::to_string(gone.size()) +
-           " items that the code does not have any more, such as " + gone.front() + ".\n";
+           " items that the code does not have any more, such as " + gone.front() +
+           "; \"homeless\" shows where they may be.\n";
 }
 
 /// Names come from files of any encoding.

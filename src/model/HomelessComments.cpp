@@ -75,7 +75,7 @@ private:
     std::vector<std::vector<std::string>> mLists;
 };
 
-/// Looks for the homes of all that are homeless in two walks over the items.
+/// Looks for the homes of all that are homeless in two or three walks over the items.
 class Search {
 public:
     Search(const CommentStore& store, const CoverageSource& source, const ItemDirectory& items)
@@ -90,6 +90,9 @@ public:
         if (mEntries.empty()) return {};
         mItems.ForEachItem([this](const ItemPlace& item) { Count(item); });
         mItems.ForEachItem([this](const ItemPlace& item) { Offer(item); });
+        FollowPlaces();
+        if (!mByNewPlace.empty())
+            mItems.ForEachItem([this](const ItemPlace& item) { OfferInNewPlace(item); });
         return std::move(mEntries);
     }
 
@@ -141,21 +144,67 @@ private:
             if (Name(mEntries[at].QualifiedName).Bare != name.Bare) Weigh(at, item, name);
     }
 
-    void Weigh(std::size_t at, const ItemPlace& item, const Name& name) {
+    /// What the place of a homeless item has likely become: the home of the type itself, or the
+    /// place where most of its members have namesakes.
+    std::string NewPlaceOf(const std::string& gone) const {
+        const auto itself = std::lower_bound(
+            mEntries.begin(), mEntries.end(), gone,
+            [](const Entry& entry, const std::string& name) { return entry.QualifiedName < name; });
+        if (itself != mEntries.end() && itself->QualifiedName == gone && !itself->Homes.empty())
+            return itself->Homes.front().QualifiedName;
+        const auto best = mBestTogether.find(gone);
+        return best == mBestTogether.end() ? std::string() : best->second.second;
+    }
+
+    /// An item that was renamed together with its type has neither name nor place any more.
+    void FollowPlaces() {
+        for (const auto& [pair, members] : mTogether) {
+            const std::size_t cut = pair.find('\n');
+            auto& best = mBestTogether[pair.substr(0, cut)];
+            const std::string place = pair.substr(cut + 1);
+            if (members.size() > best.first ||
+                (members.size() == best.first && place < best.second))
+                best = {members.size(), place};
+        }
+        for (const auto& [place, members] : mByPlace) {
+            const std::string now = NewPlaceOf(place);
+            if (now.empty()) continue;
+            for (const std::size_t at : members)
+                if (!HasHomeIn(mEntries[at], now)) mByNewPlace[now].push_back(at);
+        }
+    }
+
+    static bool HasHomeIn(const Entry& entry, const std::string& place) {
+        return std::any_of(entry.Homes.begin(), entry.Homes.end(), [&](const Home& home) {
+            return Name(home.QualifiedName).Place == place;
+        });
+    }
+
+    void OfferInNewPlace(const ItemPlace& item) {
+        const Name name(item.QualifiedName);
+        const auto found = mByNewPlace.find(std::string(name.Place));
+        if (found == mByNewPlace.end()) return;
+        for (const std::size_t at : found->second)
+            Weigh(at, item, name, true);
+    }
+
+    void Weigh(std::size_t at, const ItemPlace& item, const Name& name, bool isNewPlace = false) {
         Entry& entry = mEntries[at];
         const Name gone(entry.QualifiedName);
         Home home{item.QualifiedName, item.Kind, {}, 0};
-        const bool isSamePlace = gone.Place == name.Place;
+        const bool isSamePlace = gone.Place == name.Place || isNewPlace;
         const int alike = gone.Bare == name.Bare ? kSameName : SimilarityOf(gone.Bare, name.Bare);
         if (alike == 0) return;
-        home.Likeness = alike + PlaceScore(gone, name) + SignatureScore(gone, name, item);
+        home.Likeness = alike + SignatureScore(gone, name, item);
+        home.Likeness += isNewPlace ? kSimilarPlace : PlaceScore(gone, name);
         const double siblings = ShareOfSiblings(gone.Place, name.Place);
         home.Likeness += static_cast<int>(siblings * kSiblingsThere);
         if (!mStore.IsDocumented(item.QualifiedName)) home.Likeness += kFreeOfComments;
         if (!mLevels[at].Permit(item.Namespace)) home.Likeness += kWrongKind;
         home.Likeness = std::min(home.Likeness, 100);
         if (home.Likeness < kLeastLikeness) return;
-        home.Reason = ReasonFor(alike == kSameName, isSamePlace, siblings > 0.5);
+        home.Reason = isNewPlace ? "similar name, in what its place seems to be now"
+                                 : ReasonFor(alike == kSameName, isSamePlace, siblings > 0.5);
         Keep(entry.Homes, std::move(home));
     }
 
@@ -204,6 +253,8 @@ private:
     std::unordered_map<std::string, std::vector<std::size_t>> mByBare;
     std::unordered_map<std::string, std::vector<std::size_t>> mByPlace;
     std::unordered_map<std::string, std::set<std::size_t>> mTogether;
+    std::unordered_map<std::string, std::pair<std::size_t, std::string>> mBestTogether;
+    std::unordered_map<std::string, std::vector<std::size_t>> mByNewPlace;
 };
 
 } // namespace

@@ -144,6 +144,16 @@ TEST_F(HomelessCommentsTest, TheMembersOfARenamedTypeAreFoundTogether) {
     }
 }
 
+TEST_F(HomelessCommentsTest, AMemberThatWasRenamedWithItsTypeIsFoundThere) {
+    Comment("p~TableReader", "1");
+    Comment("p~TableReader~Count", "2");
+    EXPECT_EQ(Found(Code({"p~FileReader/Class/", "p~FileReader~RowCount/Method/()",
+                          "p~Other~RowCount/Method/()"})),
+              "p~TableReader (1): p~FileReader, same place, similar name;\n"
+              "p~TableReader~Count (1): p~FileReader~RowCount, similar name, in what its place "
+              "seems to be now;\n");
+}
+
 TEST_F(HomelessCommentsTest, AtMostThreeHomesAreGivenTheLikeliestFirst) {
     Comment("p~A~Run", "1");
     std::vector<std::string> items;
