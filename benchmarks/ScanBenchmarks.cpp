@@ -1,4 +1,5 @@
 #include "BenchmarkTable.h"
+#include "MadeOnce.h"
 
 #include "doctypes/source/SourceScanner.h"
 
@@ -8,7 +9,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -65,10 +65,7 @@ private:
 };
 
 const QtHeaders& HeadersOf(std::int64_t count) {
-    static std::map<std::int64_t, std::unique_ptr<QtHeaders>> made;
-    auto& headers = made[count];
-    if (!headers) headers = std::make_unique<QtHeaders>(count);
-    return *headers;
+    return MadeOnce(count, [](std::int64_t size) { return std::make_unique<QtHeaders>(size); });
 }
 
 void ScanOnce(benchmark::State& state, const SourceScanner& scanner) {

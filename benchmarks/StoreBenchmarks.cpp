@@ -1,10 +1,10 @@
 #include "BenchmarkTable.h"
+#include "MadeOnce.h"
 
 #include "model/ProjectDocument.h"
 #include "model/SafeFile.h"
 
 #include <filesystem>
-#include <map>
 #include <memory>
 
 #include <benchmark/benchmark.h>
@@ -63,10 +63,8 @@ private:
 };
 
 const StoredProject& Stored(std::int64_t comments) {
-    static std::map<std::int64_t, std::unique_ptr<StoredProject>> made;
-    auto& project = made[comments];
-    if (!project) project = std::make_unique<StoredProject>(comments);
-    return *project;
+    return MadeOnce(comments,
+                    [](std::int64_t size) { return std::make_unique<StoredProject>(size); });
 }
 
 void LoadOurs(benchmark::State& state, std::int64_t comments) {

@@ -1,12 +1,12 @@
 #include "BenchmarkCode.h"
 #include "BenchmarkTable.h"
+#include "MadeOnce.h"
 
 #include "foundation/Utilities.h"
 #include "itemtree/ProjectView.h"
 
 #include <QStandardItemModel>
 
-#include <map>
 #include <memory>
 #include <random>
 
@@ -20,10 +20,9 @@ const std::vector<std::int64_t> kSizes{10'000, 100'000, 1'000'000};
 
 /// The code of a size, made once for all rows.
 BenchmarkCode& CodeOf(std::int64_t items) {
-    static std::map<std::int64_t, std::unique_ptr<BenchmarkCode>> made;
-    auto& code = made[items];
-    if (!code) code = std::make_unique<BenchmarkCode>(IndexOfClasses(items));
-    return *code;
+    return MadeOnce(items, [](std::int64_t size) {
+        return std::make_unique<BenchmarkCode>(IndexOfClasses(size));
+    });
 }
 
 void OpenAll(ProjectView& view, BenchmarkCode& code) {
@@ -44,13 +43,11 @@ void OpenAll(ProjectView& view, BenchmarkCode& code) {
 
 /// A tree with all its nodes, kept for the rows that look things up in it.
 ProjectView& OpenedView(std::int64_t items) {
-    static std::map<std::int64_t, std::unique_ptr<ProjectView>> made;
-    auto& view = made[items];
-    if (!view) {
-        view = std::make_unique<ProjectView>();
-        OpenAll(*view, CodeOf(items));
-    }
-    return *view;
+    return MadeOnce(items, [](std::int64_t size) {
+        auto view = std::make_unique<ProjectView>();
+        OpenAll(*view, CodeOf(size));
+        return view;
+    });
 }
 
 /// What a node shows and is known by, and how many of those that follow stand below it.
@@ -60,16 +57,15 @@ struct PlainNode {
     int Depth;
 };
 
-/// The nodes of an opened tree, top down, as the yardsticks are handed them.
-const std::vector<PlainNode>& PlainNodesOf(std::int64_t items) {
-    static std::map<std::int64_t, std::vector<PlainNode>> made;
-    auto& nodes = made[items];
-    if (!nodes.empty()) return nodes;
+using PlainNodes = std::vector<PlainNode>;
+
+std::unique_ptr<PlainNodes> MakePlainNodes(std::int64_t items) {
+    auto nodes = std::make_unique<PlainNodes>();
     ProjectView view;
     OpenAll(view, CodeOf(items));
     int depth = 0;
     for (Ref<TreeNode> node = view.GetNodes().GetFirst(); node;) {
-        nodes.push_back({node->GetKey(), node->GetText(), depth});
+        nodes->push_back({node->GetKey(), node->GetText(), depth});
         Ref<TreeNode> next = node->GetChild();
         if (next) {
             ++depth;
@@ -84,6 +80,11 @@ const std::vector<PlainNode>& PlainNodesOf(std::int64_t items) {
     }
     view.Terminate();
     return nodes;
+}
+
+/// The nodes of an opened tree, top down, as the yardsticks are handed them.
+const PlainNodes& PlainNodesOf(std::int64_t items) {
+    return MadeOnce(items, [](std::int64_t size) { return MakePlainNodes(size); });
 }
 
 void LoadOurs(benchmark::State& state, std::int64_t items) {
