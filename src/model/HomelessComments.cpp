@@ -17,6 +17,7 @@ using Entry = HomelessComments::Entry;
 using Home = HomelessComments::Home;
 
 constexpr std::size_t kMostHomes = 3;
+constexpr std::size_t kItemsBetweenQuestions = 4096;
 constexpr int kLeastLikeness = 35;
 // What speaks for an item, of a hundred.
 constexpr int kSameName = 45;
@@ -78,22 +79,33 @@ private:
 /// Looks for the homes of all that are homeless in two walks over the items.
 class Search {
 public:
-    Search(const CommentStore& store, const CoverageSource& source, const ItemDirectory& items)
-        : mStore(store), mItems(items) {
-        for (std::string& name : store.QualifiedNames())
-            if (!source.Exists(name)) mEntries.push_back({std::move(name), 0, {}});
+    Search(const CommentStore& store, const CoverageSource& source, const ItemDirectory& items,
+           const HomelessComments::GoOn& goOn)
+        : mStore(store), mItems(items), mGoOn(goOn) {
+        for (std::string& name : HomelessComments::Names(store, source))
+            mEntries.push_back({std::move(name), 0, {}});
         for (std::size_t at = 0; at < mEntries.size(); ++at)
             Note(at);
     }
 
     std::vector<Entry> Run() {
         if (mEntries.empty()) return {};
-        mItems.ForEachItem([this](const ItemPlace& item) { Count(item); });
-        mItems.ForEachItem([this](const ItemPlace& item) { Offer(item); });
+        mItems.ForEachItem([this](const ItemPlace& item) {
+            if (MayGoOn()) Count(item);
+        });
+        mItems.ForEachItem([this](const ItemPlace& item) {
+            if (MayGoOn()) Offer(item);
+        });
+        if (mIsEnded) return {};
         return std::move(mEntries);
     }
 
 private:
+    bool MayGoOn() {
+        if (!mIsEnded && mGoOn && ++mSeen % kItemsBetweenQuestions == 0) mIsEnded = !mGoOn();
+        return !mIsEnded;
+    }
+
     void Note(std::size_t at) {
         Entry& entry = mEntries[at];
         const Name name(entry.QualifiedName);
@@ -199,6 +211,9 @@ private:
 
     const CommentStore& mStore;
     const ItemDirectory& mItems;
+    const HomelessComments::GoOn& mGoOn;
+    std::size_t mSeen = 0;
+    bool mIsEnded = false;
     std::vector<Entry> mEntries;
     std::vector<Levels> mLevels;
     std::unordered_map<std::string, std::vector<std::size_t>> mByBare;
@@ -208,26 +223,37 @@ private:
 
 } // namespace
 
-std::vector<Entry> HomelessComments::Find(const CommentStore& store, const CoverageSource& source,
-                                          const ItemDirectory& items) {
-    return Search(store, source, items).Run();
+std::vector<std::string> HomelessComments::Names(const CommentStore& store,
+                                                 const CoverageSource& source) {
+    std::vector<std::string> names = store.QualifiedNames();
+    std::erase_if(names, [&](const std::string& name) { return source.Exists(name); });
+    return names;
 }
 
-std::vector<std::pair<std::string, std::string>>
-HomelessComments::Adopt(CommentStore& store, const CoverageSource& source, const std::string& gone,
-                        const std::string& home) {
-    std::vector<std::pair<std::string, std::string>> moved;
-    const auto move = [&](const std::string& from, const std::string& to) {
-        store.Move(from, to);
-        moved.emplace_back(from, to);
-    };
-    if (store.CountOf(gone) > 0) move(gone, home);
+std::vector<Entry> HomelessComments::Find(const CommentStore& store, const CoverageSource& source,
+                                          const ItemDirectory& items, const GoOn& goOn) {
+    return Search(store, source, items, goOn).Run();
+}
+
+HomelessComments::Moves HomelessComments::Plan(const CommentStore& store,
+                                               const CoverageSource& source,
+                                               const std::string& gone, const std::string& home) {
+    Moves moves;
+    if (store.CountOf(gone) > 0) moves.emplace_back(gone, home);
     for (const std::string& name : store.QualifiedNames()) {
         if (!name.starts_with(gone + "~") || source.Exists(name)) continue;
         const std::string to = home + name.substr(gone.size());
-        if (source.Exists(to)) move(name, to);
+        if (source.Exists(to)) moves.emplace_back(name, to);
     }
-    return moved;
+    return moves;
+}
+
+HomelessComments::Moves HomelessComments::Adopt(CommentStore& store, const CoverageSource& source,
+                                                const std::string& gone, const std::string& home) {
+    const Moves moves = Plan(store, source, gone, home);
+    for (const auto& [from, to] : moves)
+        store.Move(from, to);
+    return moves;
 }
 
 } // namespace paperkite
