@@ -22,6 +22,7 @@ constexpr int kLeastLikeness = 35;
 // What speaks for an item, of a hundred.
 constexpr int kSameName = 45;
 constexpr int kSimilarName = 30; // at most
+constexpr int kSameMembers = 40;
 constexpr int kSamePlace = 25;
 constexpr int kSimilarPlace = 12;
 constexpr int kSameSignature = 10;
@@ -93,6 +94,7 @@ public:
         mItems.ForEachItem([this](const ItemPlace& item) {
             if (MayGoOn()) Count(item);
         });
+        NoteSameMembers();
         mItems.ForEachItem([this](const ItemPlace& item) {
             if (MayGoOn()) Offer(item);
         });
@@ -112,6 +114,7 @@ private:
         entry.Comments = mStore.CountOf(entry.QualifiedName);
         mByBare[std::string(name.Bare)].push_back(at);
         mByPlace[std::string(name.Place)].push_back(at);
+        mByName[entry.QualifiedName] = at;
         mLevels.emplace_back(*mStore.Find(entry.QualifiedName));
     }
 
@@ -141,6 +144,22 @@ private:
                static_cast<double>(all->second.size());
     }
 
+    /// Most of what stood below an item is below another one: it may have been renamed itself.
+    void NoteSameMembers() {
+        for (const auto& [pair, members] : mTogether) {
+            const std::size_t cut = pair.find('\n');
+            const std::string place = pair.substr(cut + 1);
+            const auto gone = mByName.find(pair.substr(0, cut));
+            if (gone != mByName.end() && ShareOfSiblings(gone->first, place) > 0.5)
+                mBySameMembers[place].insert(gone->second);
+        }
+    }
+
+    bool HasSameMembers(std::size_t at, const std::string& item) const {
+        const auto found = mBySameMembers.find(item);
+        return found != mBySameMembers.end() && found->second.contains(at);
+    }
+
     void Offer(const ItemPlace& item) {
         const Name name(item.QualifiedName);
         const auto byBare = mByBare.find(std::string(name.Bare));
@@ -148,9 +167,15 @@ private:
             for (const std::size_t at : byBare->second)
                 Weigh(at, item, name);
         const auto byPlace = mByPlace.find(std::string(name.Place));
-        if (byPlace == mByPlace.end()) return;
-        for (const std::size_t at : byPlace->second)
-            if (Name(mEntries[at].QualifiedName).Bare != name.Bare) Weigh(at, item, name);
+        if (byPlace != mByPlace.end())
+            for (const std::size_t at : byPlace->second)
+                if (Name(mEntries[at].QualifiedName).Bare != name.Bare) Weigh(at, item, name);
+        const auto byMembers = mBySameMembers.find(item.QualifiedName);
+        if (byMembers == mBySameMembers.end()) return;
+        for (const std::size_t at : byMembers->second) {
+            const Name gone(mEntries[at].QualifiedName);
+            if (gone.Bare != name.Bare && gone.Place != name.Place) Weigh(at, item, name);
+        }
     }
 
     void Weigh(std::size_t at, const ItemPlace& item, const Name& name) {
@@ -158,7 +183,10 @@ private:
         const Name gone(entry.QualifiedName);
         Home home{item.QualifiedName, item.Kind, {}, 0};
         const bool isSamePlace = gone.Place == name.Place;
-        const int alike = gone.Bare == name.Bare ? kSameName : SimilarityOf(gone.Bare, name.Bare);
+        const bool hasMembers = HasSameMembers(at, item.QualifiedName);
+        const int alike = gone.Bare == name.Bare ? kSameName
+                          : hasMembers           ? kSameMembers
+                                                 : SimilarityOf(gone.Bare, name.Bare);
         if (alike == 0) return;
         home.Likeness = alike + PlaceScore(gone, name) + SignatureScore(gone, name, item);
         const double siblings = ShareOfSiblings(gone.Place, name.Place);
@@ -167,7 +195,9 @@ private:
         if (!mLevels[at].Permit(item.Namespace)) home.Likeness += kWrongKind;
         home.Likeness = std::min(home.Likeness, 100);
         if (home.Likeness < kLeastLikeness) return;
-        home.Reason = ReasonFor(alike == kSameName, isSamePlace, siblings > 0.5);
+        home.Reason = alike == kSameMembers
+                          ? "most of what stood below it is there"
+                          : ReasonFor(alike == kSameName, isSamePlace, siblings > 0.5);
         Keep(entry.Homes, std::move(home));
     }
 
@@ -218,7 +248,9 @@ private:
     std::vector<Levels> mLevels;
     std::unordered_map<std::string, std::vector<std::size_t>> mByBare;
     std::unordered_map<std::string, std::vector<std::size_t>> mByPlace;
+    std::unordered_map<std::string, std::size_t> mByName;
     std::unordered_map<std::string, std::set<std::size_t>> mTogether;
+    std::unordered_map<std::string, std::set<std::size_t>> mBySameMembers;
 };
 
 } // namespace

@@ -27,6 +27,8 @@ constexpr int kFirstWidth = 900;
 constexpr int kFirstHeight = 600;
 constexpr int kRowPadding = 8;
 constexpr int kNameRole = Qt::UserRole + 1;
+constexpr int kReasonRole = Qt::UserRole + 2;
+constexpr int kAboveTag = 6;
 constexpr std::size_t kMostMatches = 50;
 
 std::string NameOf(const QTreeWidgetItem* row) {
@@ -49,13 +51,14 @@ QTreeWidget* MakeList(const QStringList& headers, QWidget* parent) {
     return list;
 }
 
-void AddRow(QTreeWidget& list, const std::string& name, QStringList texts) {
+QTreeWidgetItem* AddRow(QTreeWidget& list, const std::string& name, QStringList texts) {
     texts.prepend(ShownName(name));
     auto* row = new QTreeWidgetItem(&list, texts);
     row->setData(0, kNameRole, QString::fromStdString(name));
     for (int column = 0; column < texts.size(); ++column)
         row->setToolTip(column, texts[column]);
     row->setSizeHint(0, {0, list.fontMetrics().height() + kRowPadding});
+    return row;
 }
 
 /// Labels are read and must not make the window wider than a small screen.
@@ -92,6 +95,7 @@ HomelessDialog::HomelessDialog(HomelessWork& work, QWidget* parent) : QDialog(pa
     column->addWidget(mPages, 1);
     mResult = MakeLabel({}, this);
     mResult->setObjectName("Result");
+    mResult->setVisible(false);
     column->addWidget(mResult);
     column->addWidget(MakeButtons());
     SetOrder();
@@ -146,12 +150,15 @@ QWidget* HomelessDialog::MakeHomes() {
     mSearch->installEventFilter(this);
     connect(mSearch, &QLineEdit::textChanged, this, [this] { ShowHomes(); });
     mHomesHint = MakeLabel({}, pane);
-    mHomes = MakeList({tr("New home"), tr("Kind"), tr("Why")}, pane);
+    mHomes = MakeList({tr("New home"), tr("Kind")}, pane);
     mHomes->setObjectName("Homes");
     mHomesHint->setBuddy(mHomes);
     connect(mHomes, &QTreeWidget::currentItemChanged, this, [this] { UpdateButtons(); });
     column->addWidget(mHomesHint);
+    mWhy = MakeLabel({}, pane);
+    mWhy->setObjectName("Why");
     column->addWidget(mHomes, 1);
+    column->addWidget(mWhy);
     column->addWidget(mSearch);
     return pane;
 }
@@ -221,8 +228,9 @@ void HomelessDialog::FillGone() {
     const QSignalBlocker blocker(mGone);
     mGone->clear();
     for (const HomelessWork::Entry& entry : mEntries) {
-        AddRow(*mGone, entry.QualifiedName, {QString::number(qulonglong(entry.Comments))});
-        mGone->topLevelItem(mGone->topLevelItemCount() - 1)->setTextAlignment(1, Qt::AlignRight);
+        QTreeWidgetItem* row =
+            AddRow(*mGone, entry.QualifiedName, {QString::number(qulonglong(entry.Comments))});
+        row->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
     }
     mGone->setCurrentItem(mGone->topLevelItem(0));
     ShowChosen();
@@ -270,8 +278,10 @@ void HomelessDialog::ShowComments(const std::string& gone) {
     QTextCursor cursor(mComments->document());
     QTextCharFormat bold;
     bold.setFontWeight(QFont::Bold);
+    QTextBlockFormat apart;
+    apart.setTopMargin(kAboveTag);
     for (const HomelessWork::Comment& comment : mWork.CommentsOf(gone)) {
-        if (cursor.position() > 0) cursor.insertBlock();
+        if (cursor.position() > 0) cursor.insertBlock(apart);
         cursor.insertText(QString::fromStdString(comment.Tag), bold);
         cursor.insertBlock(QTextBlockFormat(), QTextCharFormat());
         cursor.insertText(ReadableText(comment.Text), QTextCharFormat());
@@ -294,9 +304,15 @@ void HomelessDialog::ShowHomes() {
 void HomelessDialog::FillHomes(const std::vector<HomelessWork::Home>& homes) {
     const QSignalBlocker blocker(mHomes);
     mHomes->clear();
-    for (const HomelessWork::Home& home : homes)
-        AddRow(*mHomes, home.QualifiedName,
-               {QString::fromStdString(home.Kind), QString::fromStdString(home.Reason)});
+    for (const HomelessWork::Home& home : homes) {
+        QTreeWidgetItem* row =
+            AddRow(*mHomes, home.QualifiedName, {QString::fromStdString(home.Kind)});
+        const QString reason = QString::fromStdString(home.Reason);
+        row->setData(0, kReasonRole, reason);
+        // A screen reader says why, too.
+        if (!reason.isEmpty())
+            row->setData(0, Qt::AccessibleTextRole, row->text(0) + ", " + reason);
+    }
     mHomes->setCurrentItem(mHomes->topLevelItem(0));
 }
 
@@ -318,6 +334,10 @@ void HomelessDialog::UpdateButtons() {
     mAdopt->setEnabled(hasHome && mIsFound);
     mDelete->setEnabled(hasGone && mIsFound);
     mGoTo->setEnabled(hasHome);
+    const QString reason =
+        hasHome ? mHomes->currentItem()->data(0, kReasonRole).toString() : QString();
+    mWhy->setText(reason.isEmpty() ? QString() : tr("Why: %1").arg(reason));
+    mWhy->setVisible(!reason.isEmpty());
 }
 
 void HomelessDialog::ShowNext() {
@@ -325,6 +345,7 @@ void HomelessDialog::ShowNext() {
     std::erase_if(mEntries,
                   [this](const auto& entry) { return mWork.CountOf(entry.QualifiedName) == 0; });
     FillGone();
+    mResult->setVisible(true);
     const int last = mGone->topLevelItemCount() - 1;
     if (last < 0) return;
     mGone->setCurrentItem(mGone->topLevelItem(std::min(row, last)));

@@ -74,6 +74,7 @@ private:
     QLineEdit* mSearch = nullptr;
     QLabel* mHomesHint = nullptr;
     QTreeWidget* mHomes = nullptr;
+    QLabel* mWhy = nullptr;
     QLabel* mResult = nullptr;
     QPushButton* mAdopt = nullptr;
     QPushButton* mGoTo = nullptr;

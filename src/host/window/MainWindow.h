@@ -17,13 +17,13 @@ class QAction;
 class QActionGroup;
 class QLabel;
 class QMenu;
-class QPushButton;
 class QStackedWidget;
 
 namespace paperkite {
 
 class BackgroundReading;
 class CoverageStatus;
+class HomelessStatus;
 class ProjectLock;
 class SafeKeeping;
 
@@ -172,7 +172,7 @@ private:
     QLabel* mModified;
     CoverageStatus* mCoverage;
     BackgroundReading* mReading;
-    QPushButton* mHomeless = nullptr;
+    HomelessStatus* mHomeless = nullptr;
     std::size_t mHomelessCount = 0;
     /// The one at which the author went to look at an item.
     std::string mLastHomeless;

@@ -2,11 +2,11 @@
 
 #include "host/window/CoverageStatus.h"
 #include "host/window/HomelessDialog.h"
+#include "host/window/HomelessStatus.h"
 #include "host/window/HomelessTexts.h"
 #include "host/window/SafeKeeping.h"
 
 #include <QAction>
-#include <QPushButton>
 #include <QStatusBar>
 
 // What the window does with comments whose item is gone from the code.
@@ -14,11 +14,7 @@
 namespace paperkite {
 
 void MainWindow::MakeHomelessStatus() {
-    mHomeless = new QPushButton(this);
-    mHomeless->setObjectName("HomelessStatus");
-    mHomeless->setFlat(true);
-    mHomeless->setFocusPolicy(Qt::TabFocus);
-    mHomeless->setVisible(false);
+    mHomeless = new HomelessStatus(this);
     connect(mHomeless, &QPushButton::clicked, this, &MainWindow::ShowHomeless);
     statusBar()->addPermanentWidget(mHomeless);
 }
@@ -26,10 +22,10 @@ void MainWindow::MakeHomelessStatus() {
 void MainWindow::CountHomeless() {
     mHomelessCount =
         mWorkspace ? HomelessWork(*mWorkspace, nullptr).Names().size() : std::size_t{0};
-    mHomeless->setText(GoneText(mHomelessCount));
+    mHomeless->SetCount(mHomelessCount);
     const QString key = GetAction("Homeless")->shortcut().toString(QKeySequence::NativeText);
-    mHomeless->setToolTip(tr("Find new homes for their comments (%1)").arg(key));
-    mHomeless->setVisible(mHomelessCount > 0);
+    mHomeless->setToolTip(
+        tr("%1: find new homes for their comments (%2)").arg(GoneText(mHomelessCount), key));
     UpdateActions();
 }
 
