@@ -8,6 +8,7 @@ HomelessStatus::HomelessStatus(QWidget* parent) : QPushButton(parent) {
     setObjectName("HomelessStatus");
     setFlat(true);
     setFocusPolicy(Qt::TabFocus);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     SetCount(0);
 }
 
