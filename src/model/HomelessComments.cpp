@@ -17,10 +17,12 @@ using Entry = HomelessComments::Entry;
 using Home = HomelessComments::Home;
 
 constexpr std::size_t kMostHomes = 3;
+constexpr std::size_t kItemsBetweenQuestions = 4096;
 constexpr int kLeastLikeness = 35;
 // What speaks for an item, of a hundred.
 constexpr int kSameName = 45;
 constexpr int kSimilarName = 30; // at most
+constexpr int kSameMembers = 40;
 constexpr int kSamePlace = 25;
 constexpr int kSimilarPlace = 12;
 constexpr int kSameSignature = 10;
@@ -78,31 +80,46 @@ private:
 /// Looks for the homes of all that are homeless in two or three walks over the items.
 class Search {
 public:
-    Search(const CommentStore& store, const CoverageSource& source, const ItemDirectory& items)
-        : mStore(store), mItems(items) {
-        for (std::string& name : store.QualifiedNames())
-            if (!source.Exists(name)) mEntries.push_back({std::move(name), 0, {}});
+    Search(const CommentStore& store, const CoverageSource& source, const ItemDirectory& items,
+           const HomelessComments::GoOn& goOn)
+        : mStore(store), mItems(items), mGoOn(goOn) {
+        for (std::string& name : HomelessComments::Names(store, source))
+            mEntries.push_back({std::move(name), 0, {}});
         for (std::size_t at = 0; at < mEntries.size(); ++at)
             Note(at);
     }
 
     std::vector<Entry> Run() {
         if (mEntries.empty()) return {};
-        mItems.ForEachItem([this](const ItemPlace& item) { Count(item); });
-        mItems.ForEachItem([this](const ItemPlace& item) { Offer(item); });
+        Walk([this](const ItemPlace& item) { Count(item); });
+        NoteSameMembers();
+        Walk([this](const ItemPlace& item) { Offer(item); });
         FollowPlaces();
-        if (!mByNewPlace.empty())
-            mItems.ForEachItem([this](const ItemPlace& item) { OfferInNewPlace(item); });
+        if (!mByNewPlace.empty()) Walk([this](const ItemPlace& item) { OfferInNewPlace(item); });
+        if (mIsEnded) return {};
         return std::move(mEntries);
     }
 
 private:
+    template <class Look>
+    void Walk(const Look& look) {
+        mItems.ForEachItem([&](const ItemPlace& item) {
+            if (MayGoOn()) look(item);
+        });
+    }
+
+    bool MayGoOn() {
+        if (!mIsEnded && mGoOn && ++mSeen % kItemsBetweenQuestions == 0) mIsEnded = !mGoOn();
+        return !mIsEnded;
+    }
+
     void Note(std::size_t at) {
         Entry& entry = mEntries[at];
         const Name name(entry.QualifiedName);
         entry.Comments = mStore.CountOf(entry.QualifiedName);
         mByBare[std::string(name.Bare)].push_back(at);
         mByPlace[std::string(name.Place)].push_back(at);
+        mByName[entry.QualifiedName] = at;
         mLevels.emplace_back(*mStore.Find(entry.QualifiedName));
     }
 
@@ -132,6 +149,22 @@ private:
                static_cast<double>(all->second.size());
     }
 
+    /// Most of what stood below an item is below another one: it may have been renamed itself.
+    void NoteSameMembers() {
+        for (const auto& [pair, members] : mTogether) {
+            const std::size_t cut = pair.find('\n');
+            const std::string place = pair.substr(cut + 1);
+            const auto gone = mByName.find(pair.substr(0, cut));
+            if (gone != mByName.end() && ShareOfSiblings(gone->first, place) > 0.5)
+                mBySameMembers[place].insert(gone->second);
+        }
+    }
+
+    bool HasSameMembers(std::size_t at, const std::string& item) const {
+        const auto found = mBySameMembers.find(item);
+        return found != mBySameMembers.end() && found->second.contains(at);
+    }
+
     void Offer(const ItemPlace& item) {
         const Name name(item.QualifiedName);
         const auto byBare = mByBare.find(std::string(name.Bare));
@@ -139,9 +172,15 @@ private:
             for (const std::size_t at : byBare->second)
                 Weigh(at, item, name);
         const auto byPlace = mByPlace.find(std::string(name.Place));
-        if (byPlace == mByPlace.end()) return;
-        for (const std::size_t at : byPlace->second)
-            if (Name(mEntries[at].QualifiedName).Bare != name.Bare) Weigh(at, item, name);
+        if (byPlace != mByPlace.end())
+            for (const std::size_t at : byPlace->second)
+                if (Name(mEntries[at].QualifiedName).Bare != name.Bare) Weigh(at, item, name);
+        const auto byMembers = mBySameMembers.find(item.QualifiedName);
+        if (byMembers == mBySameMembers.end()) return;
+        for (const std::size_t at : byMembers->second) {
+            const Name gone(mEntries[at].QualifiedName);
+            if (gone.Bare != name.Bare && gone.Place != name.Place) Weigh(at, item, name);
+        }
     }
 
     /// What the place of a homeless item has likely become: the home of the type itself, or the
@@ -193,7 +232,10 @@ private:
         const Name gone(entry.QualifiedName);
         Home home{item.QualifiedName, item.Kind, {}, 0};
         const bool isSamePlace = gone.Place == name.Place || isNewPlace;
-        const int alike = gone.Bare == name.Bare ? kSameName : SimilarityOf(gone.Bare, name.Bare);
+        const bool hasMembers = HasSameMembers(at, item.QualifiedName);
+        const int alike = gone.Bare == name.Bare ? kSameName
+                          : hasMembers           ? kSameMembers
+                                                 : SimilarityOf(gone.Bare, name.Bare);
         if (alike == 0) return;
         home.Likeness = alike + SignatureScore(gone, name, item);
         home.Likeness += isNewPlace ? kSimilarPlace : PlaceScore(gone, name);
@@ -204,7 +246,9 @@ private:
         home.Likeness = std::min(home.Likeness, 100);
         if (home.Likeness < kLeastLikeness) return;
         home.Reason = isNewPlace ? "similar name, in what its place seems to be now"
-                                 : ReasonFor(alike == kSameName, isSamePlace, siblings > 0.5);
+                      : alike == kSameMembers
+                          ? "most of what stood below it is there"
+                          : ReasonFor(alike == kSameName, isSamePlace, siblings > 0.5);
         Keep(entry.Homes, std::move(home));
     }
 
@@ -248,37 +292,53 @@ private:
 
     const CommentStore& mStore;
     const ItemDirectory& mItems;
+    const HomelessComments::GoOn& mGoOn;
+    std::size_t mSeen = 0;
+    bool mIsEnded = false;
     std::vector<Entry> mEntries;
     std::vector<Levels> mLevels;
     std::unordered_map<std::string, std::vector<std::size_t>> mByBare;
     std::unordered_map<std::string, std::vector<std::size_t>> mByPlace;
+    std::unordered_map<std::string, std::size_t> mByName;
     std::unordered_map<std::string, std::set<std::size_t>> mTogether;
     std::unordered_map<std::string, std::pair<std::size_t, std::string>> mBestTogether;
     std::unordered_map<std::string, std::vector<std::size_t>> mByNewPlace;
+    std::unordered_map<std::string, std::set<std::size_t>> mBySameMembers;
 };
 
 } // namespace
 
-std::vector<Entry> HomelessComments::Find(const CommentStore& store, const CoverageSource& source,
-                                          const ItemDirectory& items) {
-    return Search(store, source, items).Run();
+std::vector<std::string> HomelessComments::Names(const CommentStore& store,
+                                                 const CoverageSource& source) {
+    std::vector<std::string> names = store.QualifiedNames();
+    std::erase_if(names, [&](const std::string& name) { return source.Exists(name); });
+    return names;
 }
 
-std::vector<std::pair<std::string, std::string>>
-HomelessComments::Adopt(CommentStore& store, const CoverageSource& source, const std::string& gone,
-                        const std::string& home) {
-    std::vector<std::pair<std::string, std::string>> moved;
-    const auto move = [&](const std::string& from, const std::string& to) {
-        store.Move(from, to);
-        moved.emplace_back(from, to);
-    };
-    if (store.CountOf(gone) > 0) move(gone, home);
+std::vector<Entry> HomelessComments::Find(const CommentStore& store, const CoverageSource& source,
+                                          const ItemDirectory& items, const GoOn& goOn) {
+    return Search(store, source, items, goOn).Run();
+}
+
+HomelessComments::Moves HomelessComments::Plan(const CommentStore& store,
+                                               const CoverageSource& source,
+                                               const std::string& gone, const std::string& home) {
+    Moves moves;
+    if (store.CountOf(gone) > 0) moves.emplace_back(gone, home);
     for (const std::string& name : store.QualifiedNames()) {
         if (!name.starts_with(gone + "~") || source.Exists(name)) continue;
         const std::string to = home + name.substr(gone.size());
-        if (source.Exists(to)) move(name, to);
+        if (source.Exists(to)) moves.emplace_back(name, to);
     }
-    return moved;
+    return moves;
+}
+
+HomelessComments::Moves HomelessComments::Adopt(CommentStore& store, const CoverageSource& source,
+                                                const std::string& gone, const std::string& home) {
+    const Moves moves = Plan(store, source, gone, home);
+    for (const auto& [from, to] : moves)
+        store.Move(from, to);
+    return moves;
 }
 
 } // namespace paperkite

@@ -5,6 +5,7 @@
 #include "model/ItemDirectory.h"
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -37,17 +38,28 @@ public:
         std::vector<Home> Homes;
     };
 
-    /// Sorted by name. The cost grows with the number of items, and not with that of the homeless.
+    /// Who moves where.
+    using Moves = std::vector<std::pair<std::string, std::string>>;
+    /// Asked now and then during a long search; false ends it.
+    using GoOn = std::function<bool()>;
+
+    /// The names alone, sorted. The cost grows with the number of comments, not with that of items.
+    static std::vector<std::string> Names(const CommentStore& store, const CoverageSource& source);
+
+    /// Sorted by name; nothing when the search was ended. The cost grows with the number of items,
+    /// and not with that of the homeless.
     static std::vector<Entry> Find(const CommentStore& store, const CoverageSource& source,
-                                   const ItemDirectory& items);
+                                   const ItemDirectory& items, const GoOn& goOn = {});
+
+    /// What Adopt would move; moves nothing.
+    static Moves Plan(const CommentStore& store, const CoverageSource& source,
+                      const std::string& gone, const std::string& home);
 
     /// Moves the comments of an item that is gone to another one, with those of what stood below
     /// it, where the other has the like. Gives who moved where; nothing when there was nothing to
     /// move.
-    static std::vector<std::pair<std::string, std::string>> Adopt(CommentStore& store,
-                                                                  const CoverageSource& source,
-                                                                  const std::string& gone,
-                                                                  const std::string& home);
+    static Moves Adopt(CommentStore& store, const CoverageSource& source, const std::string& gone,
+                       const std::string& home);
 };
 
 } // namespace paperkite

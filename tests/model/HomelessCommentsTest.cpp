@@ -154,6 +154,46 @@ TEST_F(HomelessCommentsTest, AMemberThatWasRenamedWithItsTypeIsFoundThere) {
               "seems to be now;\n");
 }
 
+TEST_F(HomelessCommentsTest, ARenamedTypeIsFoundByWhatStoodBelowIt) {
+    Comment("p~a~Dog", "1");
+    Comment("p~a~Dog~Bark", "2");
+    Comment("p~a~Dog~Age", "3");
+    const Code code({"p~b~Cat/Class/", "p~b~Cat~Age/Method/", "p~b~Hound/Class/",
+                     "p~b~Hound~Bark/Method/", "p~b~Hound~Age/Method/"});
+    const auto found = HomelessComments::Find(*mStore, code, code);
+    ASSERT_EQ(found.size(), 3u);
+    ASSERT_EQ(found[0].Homes.size(), 1u);
+    EXPECT_EQ(found[0].Homes[0].QualifiedName, "p~b~Hound");
+    EXPECT_EQ(found[0].Homes[0].Reason, "most of what stood below it is there");
+}
+
+TEST_F(HomelessCommentsTest, ASearchThatIsEndedGivesNothingAndIsAskedNoMore) {
+    Comment("p~Gone", "1");
+    std::vector<std::string> many;
+    for (int item = 0; item < 20'000; ++item)
+        many.push_back("p~Item" + std::to_string(item) + "/Class/");
+    const Code code(many);
+    int asked = 0;
+    EXPECT_EQ(HomelessComments::Find(*mStore, code, code, [&] { return ++asked > 0; }).size(), 1u);
+    EXPECT_GT(asked, 2);
+    asked = 0;
+    EXPECT_TRUE(HomelessComments::Find(*mStore, code, code, [&] { return ++asked < 2; }).empty());
+    EXPECT_EQ(asked, 2);
+}
+
+TEST_F(HomelessCommentsTest, APlanMovesNothing) {
+    Comment("p~Old", "1");
+    Comment("p~Old~Run", "2");
+    Comment("p~Old~Stop", "3");
+    const Code code({"p~New/Class/", "p~New~Run/Method/"});
+    const HomelessComments::Moves expected{{"p~Old", "p~New"}, {"p~Old~Run", "p~New~Run"}};
+    EXPECT_EQ(HomelessComments::Plan(*mStore, code, "p~Old", "p~New"), expected);
+    EXPECT_EQ(HomelessComments::Names(*mStore, code),
+              (std::vector<std::string>{"p~Old", "p~Old~Run", "p~Old~Stop"}));
+    EXPECT_EQ(HomelessComments::Adopt(*mStore, code, "p~Old", "p~New"), expected);
+    EXPECT_EQ(HomelessComments::Names(*mStore, code), std::vector<std::string>{"p~Old~Stop"});
+}
+
 TEST_F(HomelessCommentsTest, AtMostThreeHomesAreGivenTheLikeliestFirst) {
     Comment("p~A~Run", "1");
     std::vector<std::string> items;

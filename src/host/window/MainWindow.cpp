@@ -74,6 +74,7 @@ MainWindow::MainWindow(Theme& theme) : mTheme(theme) {
     mPath->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     statusBar()->addWidget(mPath, 1);
     statusBar()->addPermanentWidget(mReading);
+    MakeHomelessStatus();
     statusBar()->addPermanentWidget(mCoverage);
     statusBar()->addPermanentWidget(mModified);
     mAppName = "Paperkite";

@@ -23,6 +23,7 @@ namespace paperkite {
 
 class BackgroundReading;
 class CoverageStatus;
+class HomelessStatus;
 class ProjectLock;
 class SafeKeeping;
 
@@ -114,6 +115,13 @@ private:
     bool SaveReadOnly();
     std::unique_ptr<ProjectLock> WaitForWriters(const std::string& path);
 
+    // Comments whose item is gone
+    void MakeHomelessStatus();
+    /// Looks anew how many there are, and tells it.
+    void CountHomeless();
+    void ShowHomeless();
+    void NoteHomelessChange(const std::string& item);
+
     // Items
     void ShowItem(const Ref<TreeNode>& node);
     void ShowSource(const Ref<Object>& item);
@@ -164,6 +172,10 @@ private:
     QLabel* mModified;
     CoverageStatus* mCoverage;
     BackgroundReading* mReading;
+    HomelessStatus* mHomeless = nullptr;
+    std::size_t mHomelessCount = 0;
+    /// The one at which the author went to look at an item.
+    std::string mLastHomeless;
     QHash<QString, QAction*> mActions;
     /// Set while the tree works on a key.
     bool mKeyInTree = false;

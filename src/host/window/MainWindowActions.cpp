@@ -82,6 +82,8 @@ void MainWindow::MakeEditMenu() {
     menu.addSeparator();
     AddAction(menu, "ResolveConflicts", tr("&Choose Between Versions …"), "", {},
               &MainWindow::ResolveConflicts);
+    AddAction(menu, "Homeless", tr("&Homeless Comments …"), "", QKeySequence("Ctrl+Shift+H"),
+              &MainWindow::ShowHomeless);
     AddAction(menu, "FindItem", tr("&Find an Item …"), "edit-find", QKeySequence::Find,
               &MainWindow::FocusFinder);
 }
@@ -165,6 +167,10 @@ void MainWindow::UpdateActions() {
          {"FindItem", "ResolveConflicts", "Save", "SaveAs", "Rescan", "Properties", "Close",
           "NextSibling", "PreviousSibling", "NextUndocumented", "PreviousUndocumented"})
         GetAction(name)->setEnabled(open);
+    GetAction("Homeless")->setEnabled(mHomelessCount > 0);
+    GetAction("Homeless")
+        ->setText(open && mHomelessCount == 0 ? tr("No &Homeless Comments")
+                                              : tr("&Homeless Comments …"));
     GetAction("CopyComments")
         ->setEnabled(open && mWorkspace->GetEditor().cEditor.GetCurrentCodeElement());
     GetAction("PasteComments")

@@ -121,7 +121,7 @@ void MainWindow::ShowProject(std::unique_ptr<ProjectSession> session) {
     mRecent.Add(mWorkspace->GetSession().GetProject()->GetPath());
     ShowTitle();
     MoveTo(editor.Project.GetNodes().GetFirst());
-    UpdateActions();
+    CountHomeless();
     if (!mWorkspace->GetSession().IsUpToDate()) ReadInBackground();
 }
 
@@ -163,7 +163,8 @@ void MainWindow::HideProject() {
     mWorkspace.reset();
     mPath->clear();
     ShowTitle();
-    UpdateActions();
+    mLastHomeless.clear();
+    CountHomeless();
 }
 
 void MainWindow::ConnectEditor() {

@@ -76,7 +76,7 @@ void MainWindow::TakeCode(ProjectSession::ScannedCode code) {
         if (const auto again = list->Find(rowKey)) list->SetSelectedItem(again);
     }
     if (focus && focus->isVisible()) focus->setFocus();
-    UpdateActions();
+    CountHomeless();
 }
 
 } // namespace paperkite

@@ -1,0 +1,111 @@
+#include "host/HomelessWork.h"
+
+#include <algorithm>
+
+namespace paperkite {
+
+namespace {
+
+std::string TagOf(const TaggedComment& comment) {
+    const auto definition = comment.GetTaggedCommentDef();
+    std::string tag = definition ? definition->DisplayName : comment.GetTagIdentifier();
+    if (!comment.GetQualifier().empty()) tag += " " + comment.GetQualifier();
+    return tag;
+}
+
+} // namespace
+
+CommentStore& HomelessWork::GetStore() const {
+    return *mWorkspace.GetSession().GetProject()->GetComments();
+}
+
+const SourceNamespaceProvider& HomelessWork::GetProvider() const {
+    return *mWorkspace.GetSession().GetProvider();
+}
+
+std::vector<std::string> HomelessWork::Names() const {
+    return HomelessComments::Names(GetStore(), GetProvider());
+}
+
+std::vector<HomelessWork::Entry> HomelessWork::Find(const HomelessComments::GoOn& goOn) const {
+    return HomelessComments::Find(GetStore(), GetProvider(), GetProvider(), goOn);
+}
+
+std::vector<HomelessWork::Comment> HomelessWork::CommentsOf(const std::string& gone) const {
+    std::vector<Comment> result;
+    const auto comments = GetStore().Find(gone);
+    if (!comments) return result;
+    for (const auto& comment : *comments)
+        if (comment->GetState() != kTaggedCommentTombstone)
+            result.push_back({TagOf(*comment), comment->GetText()});
+    return result;
+}
+
+std::vector<HomelessWork::Home> HomelessWork::Search(const std::string& text,
+                                                     std::size_t most) const {
+    std::vector<Home> homes;
+    const ProjectSession& session = mWorkspace.GetSession();
+    for (std::string& name : session.FindByName(text, most)) {
+        const auto item = session.GetProvider()->GetItem(name);
+        homes.push_back({std::move(name), item->Get("Kind").ToText(), {}, 0});
+    }
+    return homes;
+}
+
+HomelessComments::Moves HomelessWork::Adopt(const std::string& gone, const std::string& home) {
+    if (GetProvider().Exists(gone) || !GetProvider().Exists(home)) return {};
+    const auto moves = HomelessComments::Plan(GetStore(), GetProvider(), gone, home);
+    std::vector<std::string> items;
+    for (const auto& [from, to] : moves)
+        items.insert(items.end(), {from, to});
+    Change(items, [&] { HomelessComments::Adopt(GetStore(), GetProvider(), gone, home); });
+    return moves;
+}
+
+void HomelessWork::Delete(const std::string& gone) {
+    const auto comments = GetStore().Find(gone);
+    if (!comments || GetProvider().Exists(gone)) return;
+    Change({gone}, [&] {
+        const std::vector<Ref<TaggedComment>> all(comments->begin(), comments->end());
+        for (const auto& comment : all)
+            // What was never stored leaves nothing behind.
+            if (comment->GetState() == kTaggedCommentNew)
+                comments->Remove(comment->GetId());
+            else
+                comment->SetState(kTaggedCommentTombstone);
+    });
+}
+
+template <class Work>
+void HomelessWork::Change(const std::vector<std::string>& items, const Work& work) {
+    if (items.empty()) return;
+    // The open item may be the new home: what was typed there comes first.
+    mWorkspace.GetEditor().CommitEdit();
+    if (mUnsaved)
+        for (const std::string& item : items)
+            mUnsaved->ItemShown(item);
+    work();
+    mWorkspace.GetSession().GetProject()->SetDirty(true);
+    for (const std::string& item : items) {
+        if (mUnsaved) mUnsaved->ItemChanged(item);
+        ShowBold(item);
+    }
+    ShowOpenItemAnew(items);
+    for (const std::string& item : items)
+        Events.Changed.Raise(item);
+}
+
+void HomelessWork::ShowBold(const std::string& item) {
+    const ProjectView& tree = mWorkspace.GetEditor().Project;
+    if (!tree.GetHighlightCommentedItems()) return;
+    if (const auto node = tree.GetNodes().Find(item)) node->SetBold(GetStore().IsDocumented(item));
+}
+
+void HomelessWork::ShowOpenItemAnew(const std::vector<std::string>& items) {
+    const ProjectView& tree = mWorkspace.GetEditor().Project;
+    const auto node = tree.GetSelectedItem();
+    if (!node || std::find(items.begin(), items.end(), node->GetKey()) == items.end()) return;
+    tree.tvwProject->UserClick(node);
+}
+
+} // namespace paperkite
