@@ -22,6 +22,7 @@ Ref<TaggedComment> CopyUnderFreshId(const TaggedComment& comment) {
     copy->SetQualifier(comment.GetQualifier());
     copy->SetText(comment.GetText());
     copy->SetXMLCommentType(comment.GetXMLCommentType());
+    copy->SetState(comment.GetState());
     return copy;
 }
 
@@ -164,6 +165,8 @@ void CommentStore::Move(const std::string& from, const std::string& to) {
     Record& target = RecordOf(to);
     std::vector<Ref<TaggedComment>> comments(source.Comments->begin(), source.Comments->end());
     for (const auto& comment : comments) {
+        // What was deleted is nobody's any more, and must not come back under a fresh Id.
+        if (comment->GetState() == kTaggedCommentTombstone) continue;
         const auto origin = FindOrigin(source.Origins, comment->GetId());
         Origin kept = origin == source.Origins.end() ? Origin() : origin->second;
         // Those bytes name the old item.
@@ -172,7 +175,8 @@ void CommentStore::Move(const std::string& from, const std::string& to) {
         comment->SetItem(nullptr);
         AddTo(target, comment, std::move(kept));
     }
-    mRecords.erase(from);
+    // Whoever holds the old collection may add to it.
+    if (source.Comments.Pointer().use_count() == 1) mRecords.erase(from);
 }
 
 std::size_t CommentStore::CountOf(const Record& record) {
@@ -273,14 +277,23 @@ void CommentStore::SwapComments(CommentStore& other) {
     other.HandToHolders();
 }
 
-// Whoever holds an empty collection of an item gets the comments that there are now.
+// Whoever holds an empty collection of an item gets the comments that there are now, also where
+// they stand in another one already.
 void CommentStore::HandToHolders() {
     std::vector<std::string> held;
     for (const auto& [name, pending] : *mPending)
         held.emplace_back(name);
     if (mNewest) held.push_back(mNewest->GetQualifiedName());
-    for (const std::string& name : held)
-        if (FindRecord(name)) RecordOf(name);
+    for (const std::string& name : held) {
+        Record* const record = FindRecord(name);
+        if (!record) continue;
+        const auto present = std::exchange(record->Comments, nullptr);
+        const auto comments = RecordOf(name).Comments;
+        if (!present) continue;
+        comments->SetConsolidated(present->GetConsolidated());
+        for (const auto& comment : *present)
+            comments->Add(comment, comment->GetId());
+    }
 }
 
 void CommentStore::DropFile(const Ref<ContentFile>& file) {

@@ -1,17 +1,21 @@
 #include "model/ContentFileMerge.h"
 
+#include "model/AddedOnBothSides.h"
 #include "model/MergeOrder.h"
 
 #include <algorithm>
 #include <iterator>
+#include <string_view>
+#include <tuple>
 #include <unordered_map>
-#include <unordered_set>
 
 namespace paperkite {
 
 namespace {
 
 using Nodes = std::vector<XmlElement>;
+
+constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 
 const XmlVocabulary& RestVocabulary() {
     static const XmlVocabulary vocabulary{
@@ -23,202 +27,153 @@ bool IsText(const XmlElement& node) {
     return node.Kind == XmlElement::NodeKind::Text || node.Kind == XmlElement::NodeKind::CData;
 }
 
-Nodes UnknownChildren(const XmlElement& comment) {
-    Nodes nodes;
-    std::copy_if(comment.Children.begin(), comment.Children.end(), std::back_inserter(nodes),
-                 [](const XmlElement& node) { return !IsText(node); });
-    return nodes;
-}
-
-/// The place of known attributes; others stand behind them.
-std::size_t RankOf(const std::string& attribute) {
-    static const std::vector<std::string> kOrder{"item", "tag", "id", "qualifier", "xmltag"};
-    return static_cast<std::size_t>(std::find(kOrder.begin(), kOrder.end(), attribute) -
-                                    kOrder.begin());
-}
-
-void SortAttributes(XmlElement& comment) {
-    std::stable_sort(comment.Attributes.begin(), comment.Attributes.end(),
-                     [](const auto& left, const auto& right) {
-                         return RankOf(left.first) < RankOf(right.first);
-                     });
-}
-
-void SetAttribute(XmlElement& element, const std::string& name, const std::string& value) {
-    std::erase_if(element.Attributes, [&](const auto& entry) { return entry.first == name; });
-    element.With(name, value);
+/// Comments without an Id are known by what they say.
+std::string KeyOf(const MergeEntry& entry) {
+    std::string key = entry.Item + '\n' + entry.Id;
+    if (entry.Id.empty()) key += entry.Tag + '\n' + entry.Comment.ContentText();
+    return key + '\n';
 }
 
 } // namespace
 
-struct ContentFileMerge::Entry {
-    XmlElement Comment;
-    /// The XML comments that stand before it and belong to it.
-    Nodes Before;
-
-    std::string Item() const { return Comment.AttributeText("item"); }
-    std::string Tag() const { return Comment.AttributeText("tag"); }
-    std::string Id() const { return Comment.AttributeText("id"); }
-
-    /// Says the same, however it is written.
-    bool Says(const Entry& other) const {
-        auto attributes = Comment.Attributes;
-        auto others = other.Comment.Attributes;
-        std::sort(attributes.begin(), attributes.end());
-        std::sort(others.begin(), others.end());
-        return attributes == others && SaysBeyondAttributes(other);
-    }
-    bool SaysBeyondAttributes(const Entry& other) const {
-        return Comment.ContentText() == other.Comment.ContentText() &&
-               BytesOf(UnknownChildren(Comment)) == BytesOf(UnknownChildren(other.Comment)) &&
-               BytesOf(Before) == BytesOf(other.Before);
-    }
-
-private:
-    static std::string BytesOf(const Nodes& nodes) {
-        if (nodes.empty()) return {};
-        XmlElement list = XmlElement::Named("list");
-        list.Children = nodes;
-        return XmlTreeMerge::BytesOf(list);
-    }
-};
-
 /// One version of the file, its comments by keys of their own.
 class ContentFileMerge::Side {
 public:
-    explicit Side(const XmlFile& file) {
+    Side(XmlFile& file, MergeKeys& keys) {
+        mEntries.reserve(file.Root.Children.size());
         Nodes before;
-        for (const XmlElement& node : file.Root.Children) {
+        for (XmlElement& node : file.Root.Children) {
             if (node.Kind == XmlElement::NodeKind::Markup) {
-                before.push_back(node);
+                before.push_back(std::move(node));
             } else if (node.IsElement() && node.Name == "comment") {
-                Add({node, std::move(before)});
+                Add({std::move(node), std::move(before)}, keys);
                 before.clear();
             } else {
                 std::move(before.begin(), before.end(), std::back_inserter(Rest));
                 before.clear();
-                if (!IsText(node)) Rest.push_back(node);
+                if (!IsText(node)) Rest.push_back(std::move(node));
             }
         }
         std::move(before.begin(), before.end(), std::back_inserter(Rest));
+        file.Root.Children.clear();
     }
 
-    const Entry* Find(const std::string& key) const {
-        const auto found = mEntries.find(key);
-        return found == mEntries.end() ? nullptr : &found->second;
+    MergeEntry* Find(std::size_t key) { return HasKey(key) ? &mEntries[mPlaces[key]] : nullptr; }
+    const MergeEntry* Find(std::size_t key) const {
+        return HasKey(key) ? &mEntries[mPlaces[key]] : nullptr;
     }
 
     /// Gives comments that went to another item the keys that they have in the base.
     void FollowMoves(const Side& base) {
         const auto gone = OnlyOnes(base, *this);
-        const auto come = OnlyOnes(*this, base);
-        for (const auto& [id, newKey] : come) {
+        if (gone.empty()) return;
+        for (const auto& [id, newKey] : OnlyOnes(*this, base)) {
             const auto old = gone.find(id);
-            if (old == gone.end() || newKey.empty() || old->second.empty()) continue;
-            auto node = mEntries.extract(newKey);
-            node.key() = old->second;
-            mEntries.insert(std::move(node));
-            mMoved.emplace(newKey, old->second);
-        }
-        for (std::string& key : Keys) {
-            const auto moved = mMoved.find(key);
-            if (moved != mMoved.end()) key = moved->second;
+            if (old == gone.end() || newKey == kNone || old->second == kNone) continue;
+            const std::size_t place = std::exchange(mPlaces[newKey], kNone);
+            Keys[place] = old->second;
+            SetPlace(old->second, place);
         }
     }
 
-    std::vector<std::string> Keys;
+    /// The keys of the comments, in the order of the file.
+    std::vector<std::size_t> Keys;
     Nodes Rest;
 
 private:
-    void Add(Entry entry) {
-        // Without an Id the text is the best that there is.
-        const std::string id = entry.Id();
-        std::string key = entry.Item() + '\n' + id;
-        if (id.empty()) key += entry.Tag() + '\n' + entry.Comment.ContentText();
-        key += '\n' + std::to_string(++mSeen[key]);
-        Keys.push_back(key);
-        mEntries.emplace(std::move(key), std::move(entry));
+    bool HasKey(std::size_t key) const { return key < mPlaces.size() && mPlaces[key] != kNone; }
+
+    void SetPlace(std::size_t key, std::size_t place) {
+        if (key >= mPlaces.size()) mPlaces.resize(std::max(key + 1, 2 * mPlaces.size()), kNone);
+        mPlaces[key] = place;
     }
 
-    /// Ids of comments that the other version does not have under their keys, with the key; an
-    /// empty one where more than one has the Id.
-    static std::unordered_map<std::string, std::string> OnlyOnes(const Side& side,
-                                                                 const Side& other) {
-        std::unordered_map<std::string, std::string> result;
-        for (const auto& [key, entry] : side.mEntries) {
-            const std::string id = entry.Id();
-            if (id.empty() || other.Find(key)) continue;
-            const auto [place, isNew] = result.emplace(id, key);
-            if (!isNew) place->second.clear();
+    void Add(MergeEntry entry, MergeKeys& keys) {
+        const std::string text = KeyOf(entry);
+        std::size_t key = keys.NumberOf(text + "1");
+        if (HasKey(key)) key = keys.NumberOf(text + std::to_string(++mTwins[key] + 1));
+        SetPlace(key, mEntries.size());
+        Keys.push_back(key);
+        mEntries.push_back(std::move(entry));
+    }
+
+    /// Ids of comments that the other version does not have under their keys, with the key; none
+    /// where more than one has the Id.
+    static std::unordered_map<std::string_view, std::size_t> OnlyOnes(const Side& side,
+                                                                      const Side& other) {
+        std::unordered_map<std::string_view, std::size_t> result;
+        for (std::size_t place = 0; place < side.mEntries.size(); ++place) {
+            const std::string& id = side.mEntries[place].Id;
+            if (id.empty() || other.HasKey(side.Keys[place])) continue;
+            const auto [found, isNew] = result.emplace(id, side.Keys[place]);
+            if (!isNew) found->second = kNone;
         }
         return result;
     }
 
-    std::unordered_map<std::string, Entry> mEntries;
-    std::unordered_map<std::string, int> mSeen;
-    std::unordered_map<std::string, std::string> mMoved;
+    std::vector<MergeEntry> mEntries;
+    /// Where the entries of keys are.
+    std::vector<std::size_t> mPlaces;
+    std::unordered_map<std::size_t, int> mTwins;
 };
 
-bool ContentFileMerge::MergeFields(const ThreeVersions<Entry>& versions, Entry& result) const {
-    const XmlElement nothing = XmlElement::Named("comment");
-    const XmlElement& base = versions.Base ? versions.Base->Comment : nothing;
-    const XmlElement& ours = versions.Ours->Comment;
-    const XmlElement& theirs = versions.Theirs->Comment;
-    result.Comment = XmlElement::Named("comment");
-    if (!XmlTreeMerge::MergeAttributes({&base, &ours, &theirs}, result.Comment)) return false;
-    SortAttributes(result.Comment);
-    const auto text =
-        XmlTreeMerge::Choose(base.ContentText(), ours.ContentText(), theirs.ContentText());
-    if (!text) return false;
-    result.Comment.SetContentLines(*text);
-    const Nodes baseNodes = UnknownChildren(base);
-    const Nodes ourNodes = UnknownChildren(ours);
-    const Nodes theirNodes = UnknownChildren(theirs);
+std::optional<MergeEntry> ContentFileMerge::MergeFields(const MergeEntry* base,
+                                                        const MergeEntry& ours,
+                                                        const MergeEntry& theirs) {
+    static const MergeEntry nothing(XmlElement::Named("comment"), {});
+    const MergeEntry& before = base ? *base : nothing;
+    XmlElement comment = XmlElement::Named("comment");
+    if (!XmlTreeMerge::MergeAttributes({&before.Comment, &ours.Comment, &theirs.Comment}, comment))
+        return {};
+    const auto text = XmlTreeMerge::Choose(before.Comment.ContentText(), ours.Comment.ContentText(),
+                                           theirs.Comment.ContentText());
+    if (!text) return {};
+    comment.SetContentLines(*text);
+    const Nodes baseNodes = before.UnknownChildren();
+    const Nodes ourNodes = ours.UnknownChildren();
+    const Nodes theirNodes = theirs.UnknownChildren();
     for (XmlElement& node : XmlTreeMerge::MergeUnknown({&baseNodes, &ourNodes, &theirNodes}))
-        result.Comment.Children.push_back(std::move(node));
-    result.Before = XmlTreeMerge::MergeUnknown({versions.Base ? &versions.Base->Before : nullptr,
-                                                &versions.Ours->Before, &versions.Theirs->Before});
-    return true;
+        comment.Children.push_back(std::move(node));
+    MergeEntry result(std::move(comment),
+                      XmlTreeMerge::MergeUnknown({&before.Before, &ours.Before, &theirs.Before}));
+    result.SortAttributes();
+    return result;
 }
 
-void ContentFileMerge::KeepBoth(const ThreeVersions<Entry>& versions, std::vector<Entry>& result) {
+void ContentFileMerge::KeepBoth(const Versions& versions, Entries& result) {
     ++mConflicts;
-    const Entry& first = versions.Ours ? *versions.Ours : *versions.Theirs;
-    const std::string id = first.Id();
-    const auto keep = [&](const Entry& entry, const char* side, const std::string& ownId) {
-        Entry kept = entry;
-        SetAttribute(kept.Comment, "id", ownId);
-        SetAttribute(kept.Comment, kConflictAttribute, side);
-        SetAttribute(kept.Comment, kConflictIdAttribute, id);
+    const std::string id = versions.Ours ? versions.Ours->Id : versions.Theirs->Id;
+    const auto keep = [&](MergeEntry& entry, const char* side, const std::string& ownId) {
+        entry.SetId(ownId);
+        entry.SetAttribute(kConflictAttribute, side);
+        entry.SetAttribute(kConflictIdAttribute, id);
         if (versions.Base)
-            SetAttribute(kept.Comment, kConflictBaseAttribute,
-                         versions.Base->Comment.ContentText());
-        SortAttributes(kept.Comment);
-        result.push_back(std::move(kept));
+            entry.SetAttribute(kConflictBaseAttribute, versions.Base->Comment.ContentText());
+        result.push_back(std::move(entry));
     };
     if (versions.Ours) keep(*versions.Ours, "ours", id);
-    if (versions.Theirs) keep(*versions.Theirs, "theirs", versions.Ours ? id + "-theirs" : id);
+    if (versions.Theirs) keep(*versions.Theirs, "theirs", versions.Ours ? id + kTheirsSuffix : id);
 }
 
-void ContentFileMerge::MergeComment(const ThreeVersions<Entry>& versions,
-                                    std::vector<Entry>& result) {
+void ContentFileMerge::MergeComment(const Versions& versions, Entries& result) {
     if (versions.Ours && versions.Theirs) {
-        Entry merged;
         if (versions.Ours->Says(*versions.Theirs))
-            result.push_back(*versions.Ours);
-        else if (MergeFields(versions, merged))
-            result.push_back(std::move(merged));
+            result.push_back(std::move(*versions.Ours));
+        else if (auto merged = MergeFields(versions.Base, *versions.Ours, *versions.Theirs))
+            result.push_back(std::move(*merged));
         else
             KeepBoth(versions, result);
         return;
     }
-    const Entry* kept = versions.Ours ? versions.Ours : versions.Theirs;
+    MergeEntry* kept = versions.Ours ? versions.Ours : versions.Theirs;
     if (!kept) return;
-    if (!versions.Base)
-        result.push_back(*kept);
-    else if (!kept->Says(*versions.Base))
+    if (!versions.Base) {
+        kept->AddedBy = versions.Ours ? MergeEntry::Side::Ours : MergeEntry::Side::Theirs;
+        result.push_back(std::move(*kept));
+    } else if (!kept->Says(*versions.Base)) {
         // One side deleted what the other changed: the change is kept, and told.
         KeepBoth(versions, result);
+    }
 }
 
 namespace {
@@ -226,15 +181,15 @@ namespace {
 /// What a Content File says besides its comments.
 XmlElement RootOf(const ThreeVersions<XmlFile>& versions, const ThreeVersions<Nodes>& rest,
                   std::size_t& conflicts) {
-    const auto shell = [](const XmlElement& root, const Nodes* nodes) {
+    const auto shell = [](const XmlElement& root, const Nodes& nodes) {
         XmlElement result = XmlElement::Named(root.Name);
         result.Attributes = root.Attributes;
-        if (nodes) result.Children = *nodes;
+        result.Children = nodes;
         return result;
     };
-    const XmlElement base = shell(versions.Base->Root, rest.Base);
-    const XmlElement ours = shell(versions.Ours->Root, rest.Ours);
-    const XmlElement theirs = shell(versions.Theirs->Root, rest.Theirs);
+    const XmlElement base = shell(versions.Base->Root, *rest.Base);
+    const XmlElement ours = shell(versions.Ours->Root, *rest.Ours);
+    const XmlElement theirs = shell(versions.Theirs->Root, *rest.Theirs);
     XmlTreeMerge merge;
     std::vector<XmlElement> behind;
     XmlElement root = merge.Merge({&base, &ours, &theirs}, RestVocabulary(), behind);
@@ -243,32 +198,20 @@ XmlElement RootOf(const ThreeVersions<XmlFile>& versions, const ThreeVersions<No
     return root;
 }
 
-} // namespace
+/// The order of the file: items, their tags, and within them that of the merge.
+void Sort(std::vector<MergeEntry>& entries) {
+    const auto isBefore = [](const MergeEntry& left, const MergeEntry& right) {
+        return std::tie(left.Item, left.Tag) < std::tie(right.Item, right.Tag);
+    };
+    if (!std::is_sorted(entries.begin(), entries.end(), isBefore))
+        std::stable_sort(entries.begin(), entries.end(), isBefore);
+}
 
-XmlFile ContentFileMerge::Merge(const ThreeVersions<XmlFile>& versions) {
-    const Side base(*versions.Base);
-    Side ours(*versions.Ours);
-    Side theirs(*versions.Theirs);
-    ours.FollowMoves(base);
-    theirs.FollowMoves(base);
-
-    std::vector<Entry> entries;
-    const auto order =
-        MergeOrder(base.Keys, ours.Keys, theirs.Keys, [](const std::string&) { return true; });
-    for (const std::string& key : order)
-        MergeComment({base.Find(key), ours.Find(key), theirs.Find(key)}, entries);
-    std::stable_sort(entries.begin(), entries.end(), [](const Entry& left, const Entry& right) {
-        return std::pair(left.Item(), left.Tag()) < std::pair(right.Item(), right.Tag());
-    });
-
-    XmlFile merged;
-    merged.Prolog = XmlTreeMerge::MergeUnknown(
-        {&versions.Base->Prolog, &versions.Ours->Prolog, &versions.Theirs->Prolog});
-    merged.Epilog = XmlTreeMerge::MergeUnknown(
-        {&versions.Base->Epilog, &versions.Ours->Epilog, &versions.Theirs->Epilog});
-    merged.Root = RootOf(versions, {&base.Rest, &ours.Rest, &theirs.Rest}, mConflicts);
+/// Puts the comments between what stands before and behind them.
+void AddComments(XmlElement& root, std::vector<MergeEntry>& entries) {
     Nodes rest;
-    rest.swap(merged.Root.Children);
+    rest.swap(root.Children);
+    root.Children.reserve(rest.size() + entries.size());
     // The writer's place for what the file was made for is before the comments.
     const auto isProperty = [](const XmlElement& node) {
         return node.IsElement() && node.Name == "property" &&
@@ -276,15 +219,49 @@ XmlFile ContentFileMerge::Merge(const ThreeVersions<XmlFile>& versions) {
     };
     const auto property = std::find_if(rest.begin(), rest.end(), isProperty);
     if (property != rest.end()) {
-        merged.Root.Children.push_back(std::move(*property));
+        root.Children.push_back(std::move(*property));
         rest.erase(property);
     }
-    for (Entry& entry : entries) {
-        std::move(entry.Before.begin(), entry.Before.end(),
-                  std::back_inserter(merged.Root.Children));
-        merged.Root.Children.push_back(std::move(entry.Comment));
+    for (MergeEntry& entry : entries) {
+        std::move(entry.Before.begin(), entry.Before.end(), std::back_inserter(root.Children));
+        root.Children.push_back(std::move(entry.Comment));
     }
-    std::move(rest.begin(), rest.end(), std::back_inserter(merged.Root.Children));
+    std::move(rest.begin(), rest.end(), std::back_inserter(root.Children));
+}
+
+} // namespace
+
+ContentFileMerge::Entries ContentFileMerge::MergeComments(const Side& base, Side& ours,
+                                                          Side& theirs, const MergeKeys& keys) {
+    Entries entries;
+    entries.reserve(std::max(ours.Keys.size(), theirs.Keys.size()));
+    const auto order =
+        MergeOrder(keys, base.Keys, ours.Keys, theirs.Keys, [](std::size_t) { return true; });
+    for (const std::size_t key : order)
+        MergeComment({base.Find(key), ours.Find(key), theirs.Find(key)}, entries);
+    Sort(entries);
+    AddedOnBothSides added;
+    added.Settle(entries);
+    mConflicts += added.GetConflicts();
+    return entries;
+}
+
+XmlFile ContentFileMerge::Merge(XmlFile base, XmlFile ours, XmlFile theirs) {
+    MergeKeys keys;
+    keys.Expect(base.Root.Children.size() + ours.Root.Children.size() / 8);
+    const Side baseSide(base, keys);
+    Side ourSide(ours, keys);
+    Side theirSide(theirs, keys);
+    ourSide.FollowMoves(baseSide);
+    theirSide.FollowMoves(baseSide);
+    Entries entries = MergeComments(baseSide, ourSide, theirSide, keys);
+
+    XmlFile merged;
+    merged.Prolog = XmlTreeMerge::MergeUnknown({&base.Prolog, &ours.Prolog, &theirs.Prolog});
+    merged.Epilog = XmlTreeMerge::MergeUnknown({&base.Epilog, &ours.Epilog, &theirs.Epilog});
+    merged.Root = RootOf({&base, &ours, &theirs}, {&baseSide.Rest, &ourSide.Rest, &theirSide.Rest},
+                         mConflicts);
+    AddComments(merged.Root, entries);
     return merged;
 }
 

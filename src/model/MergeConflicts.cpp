@@ -114,10 +114,12 @@ void ResolveComment(Place& place, Keeping keeping) {
     auto& children = place.Parent->Children;
     const bool hasBoth = place.Ours != kNone && place.Theirs != kNone;
     if (hasBoth && keeping == Keeping::Theirs) {
-        // The comment keeps the Id that both sides know it by.
+        // A comment that both sides have keeps the Id that they know it by.
         XmlElement& theirs = children[place.Theirs];
+        const std::string* known = theirs.FindAttribute(kConflictIdAttribute);
         for (auto& [name, value] : theirs.Attributes)
-            if (name == "id") value = *children[place.Ours].FindAttribute("id");
+            if (known && name == "id" && value == *known + kTheirsSuffix)
+                value = std::string(*known);
     }
     const auto settle = [&](std::size_t index, bool isKept) {
         if (index == kNone) return;

@@ -55,8 +55,11 @@ public:
     using FileBytes = std::map<std::string, std::string>;
     /// Reads a project with all its Content Files, or says why it cannot. A Content File that is
     /// missing is in GetMissingFiles and in no way of the others. What is `inPlace` counts as the
-    /// content of files instead of what is on the disk; the project is dirty then.
-    static OpenResult Open(const std::string& path, const FileBytes& inPlace = {});
+    /// content of files instead of what is on the disk; the project is dirty then. `seen` is what
+    /// those files held when that was made, so that a change since is noticed at saving; without
+    /// it, what they hold now.
+    static OpenResult Open(const std::string& path, const FileBytes& inPlace = {},
+                           const FileBytes* seen = nullptr);
 
     /// Writes what changed and nothing else. A problem leaves every file either old or new, and the
     /// project dirty; saving again writes what is left.
@@ -75,10 +78,14 @@ public:
     bool MayHoldConflicts() const;
     /// What Save would write, of every file that there is to be.
     FileBytes PresentBytes() const;
+    /// What the files held when they were read or saved, of every file that there was.
+    FileBytes StoredBytes() const;
 
     struct DiskMerge {
         /// For Open: what holds unsaved work. Empty when nothing does.
         FileBytes Bytes;
+        /// What was on the disk.
+        FileBytes Seen;
         std::size_t Conflicts = 0;
         std::optional<FileProblem> Problem;
     };
@@ -144,8 +151,9 @@ private:
     friend class ProjectWriter;
 
     struct OldFile;
-    std::optional<FileProblem> LoadContentFiles(const FileBytes& inPlace);
-    std::optional<FileProblem> LoadInPlace(const Ref<ContentFile>& file, const std::string& bytes);
+    std::optional<FileProblem> LoadContentFiles(const FileBytes& inPlace, const FileBytes* seen);
+    std::optional<FileProblem> LoadInPlace(const Ref<ContentFile>& file, const std::string& bytes,
+                                           const FileBytes* seen);
     Ref<ContentFile> HomeOfNew() const;
     std::optional<FileProblem> MakeHomeOfNew();
     std::string BytesOf(const ContentFile& file, std::string& canonical) const;

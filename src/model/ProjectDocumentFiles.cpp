@@ -52,17 +52,19 @@ std::optional<FileProblem> Store(const std::string& path, bool isOurs, const std
 
 } // namespace
 
-ProjectDocument::OpenResult ProjectDocument::Open(const std::string& path,
-                                                  const FileBytes& inPlace) {
+ProjectDocument::OpenResult ProjectDocument::Open(const std::string& path, const FileBytes& inPlace,
+                                                  const FileBytes* seen) {
     auto project = MakeRef<ProjectDocument>();
     project->mPath = ProjectPaths::Normal(path);
     SafeFile::CleanUp(project->mPath);
     std::string bytes;
     std::optional<FileProblem> problem = SafeFile::Read(project->mPath, bytes);
     const auto other = inPlace.find(project->mPath);
+    if (!problem && seen && other != inPlace.end() && seen->contains(project->mPath))
+        bytes = seen->at(project->mPath);
     const bool isAsOnDisk = other == inPlace.end() || other->second == bytes;
     if (!problem) problem = ProjectReader::Read(isAsOnDisk ? bytes : other->second, *project);
-    if (!problem) problem = project->LoadContentFiles(inPlace);
+    if (!problem) problem = project->LoadContentFiles(inPlace, seen);
     if (problem) return {{}, problem};
     project->mBytes = std::move(bytes);
     project->mExistsOnDisk = true;
@@ -78,7 +80,8 @@ Ref<ContentFile> ProjectDocument::FindContentFile(const std::string& path) const
     return {};
 }
 
-std::optional<FileProblem> ProjectDocument::LoadContentFiles(const FileBytes& inPlace) {
+std::optional<FileProblem> ProjectDocument::LoadContentFiles(const FileBytes& inPlace,
+                                                             const FileBytes* seen) {
     for (const auto& entry : GetCommentFiles()) {
         if (FindContentFile(entry->FileName))
             return Problem(FileProblem::ReasonCode::BadContent, mPath,
@@ -89,7 +92,7 @@ std::optional<FileProblem> ProjectDocument::LoadContentFiles(const FileBytes& in
         SafeFile::CleanUp(file->Path);
         const auto other = inPlace.find(file->Path);
         auto problem = other == inPlace.end() ? ContentFileReader::Read(file, *mComments)
-                                              : LoadInPlace(file, other->second);
+                                              : LoadInPlace(file, other->second, seen);
         if (problem && problem->Reason == FileProblem::ReasonCode::Missing)
             file->IsMissing = true;
         else if (problem)
@@ -100,9 +103,16 @@ std::optional<FileProblem> ProjectDocument::LoadContentFiles(const FileBytes& in
 }
 
 std::optional<FileProblem> ProjectDocument::LoadInPlace(const Ref<ContentFile>& file,
-                                                        const std::string& bytes) {
+                                                        const std::string& bytes,
+                                                        const FileBytes* seen) {
     std::string onDisk;
-    const bool exists = !SafeFile::Read(file->Path, onDisk);
+    bool exists = false;
+    if (!seen) {
+        exists = !SafeFile::Read(file->Path, onDisk);
+    } else if (const auto then = seen->find(file->Path); then != seen->end()) {
+        exists = true;
+        onDisk = then->second;
+    }
     if (auto problem = ContentFileReader::ReadBytes(file, bytes, *mComments)) return problem;
     if (exists && onDisk == bytes) return {};
     file->ExistsOnDisk = exists;

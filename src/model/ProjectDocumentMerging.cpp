@@ -48,6 +48,14 @@ ProjectDocument::FileBytes ProjectDocument::PresentBytes() const {
     return result;
 }
 
+ProjectDocument::FileBytes ProjectDocument::StoredBytes() const {
+    FileBytes result;
+    if (mExistsOnDisk) result.emplace(mPath, mBytes);
+    for (const auto& file : mContentFiles)
+        if (file->ExistsOnDisk) result.emplace(file->Path, file->Bytes.Get());
+    return result;
+}
+
 /// Whether every file with unsaved comments is in the project still.
 std::optional<FileProblem> ProjectDocument::CheckListed(const std::string& projectBytes) const {
     ProjectDocument merged;
@@ -81,6 +89,7 @@ ProjectDocument::DiskMerge ProjectDocument::MergeWithDisk() const {
         if (merged.Problem) return merged.Problem;
         result.Conflicts += merged.Conflicts;
         if (merged.Bytes != theirs) result.Bytes[path] = std::move(merged.Bytes);
+        if (isThere) result.Seen[path] = std::move(theirs);
         return std::optional<FileProblem>();
     };
     std::string canonical;

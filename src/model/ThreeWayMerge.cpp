@@ -105,7 +105,8 @@ ThreeWayMerge::Result ThreeWayMerge::Merge(const Input& base, const Input& ours,
         return result;
     }
     ContentFileMerge merge;
-    result.Bytes = WriteXml(merge.Merge({&versions.Base, &versions.Ours, &versions.Theirs}));
+    result.Bytes = WriteXml(merge.Merge(std::move(versions.Base), std::move(versions.Ours),
+                                        std::move(versions.Theirs)));
     result.Conflicts = merge.GetConflicts();
     return result;
 }

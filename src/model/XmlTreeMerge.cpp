@@ -39,7 +39,7 @@ public:
 
     /// Where a key of the vocabulary does not tell nodes apart, all that they are does.
     KeyedNodes(const Nodes* nodes, const XmlVocabulary& vocabulary,
-               const std::vector<Count>& counts) {
+               const std::vector<Count>& counts, MergeKeys& keys) {
         if (!nodes) return;
         Count seen;
         for (const XmlElement& node : *nodes) {
@@ -52,20 +52,20 @@ public:
                 });
             if (isShared) key = "?" + XmlTreeMerge::BytesOf(node);
             key += "#" + std::to_string(++seen[key]);
-            mKeys.push_back(key);
-            mNodes.emplace(std::move(key), &node);
+            mKeys.push_back(keys.NumberOf(std::move(key)));
+            mNodes.emplace(mKeys.back(), &node);
         }
     }
 
-    const std::vector<std::string>& Keys() const { return mKeys; }
-    const XmlElement* Find(const std::string& key) const {
+    const std::vector<std::size_t>& Keys() const { return mKeys; }
+    const XmlElement* Find(std::size_t key) const {
         const auto found = mNodes.find(key);
         return found == mNodes.end() ? nullptr : found->second;
     }
 
 private:
-    std::vector<std::string> mKeys;
-    std::unordered_map<std::string, const XmlElement*> mNodes;
+    std::vector<std::size_t> mKeys;
+    std::unordered_map<std::size_t, const XmlElement*> mNodes;
 };
 
 bool Same(const XmlElement& left, const XmlElement& right) {
@@ -155,16 +155,17 @@ std::vector<XmlElement> XmlTreeMerge::MergeNodes(const ThreeVersions<Nodes>& ver
     const std::vector<KeyedNodes::Count> counts{KeyedNodes::CountKeys(versions.Base, vocabulary),
                                                 KeyedNodes::CountKeys(versions.Ours, vocabulary),
                                                 KeyedNodes::CountKeys(versions.Theirs, vocabulary)};
-    const KeyedNodes base(versions.Base, vocabulary, counts);
-    const KeyedNodes ours(versions.Ours, vocabulary, counts);
-    const KeyedNodes theirs(versions.Theirs, vocabulary, counts);
-    const auto find = [&](const std::string& key) {
+    MergeKeys keys;
+    const KeyedNodes base(versions.Base, vocabulary, counts, keys);
+    const KeyedNodes ours(versions.Ours, vocabulary, counts, keys);
+    const KeyedNodes theirs(versions.Theirs, vocabulary, counts, keys);
+    const auto find = [&](std::size_t key) {
         return ThreeVersions<XmlElement>{base.Find(key), ours.Find(key), theirs.Find(key)};
     };
     std::vector<XmlElement> result;
-    const auto order = MergeOrder(base.Keys(), ours.Keys(), theirs.Keys(),
-                                  [&](const std::string& key) { return !IsDeleted(find(key)); });
-    for (const std::string& key : order) {
+    const auto order = MergeOrder(keys, base.Keys(), ours.Keys(), theirs.Keys(),
+                                  [&](std::size_t key) { return !IsDeleted(find(key)); });
+    for (const std::size_t key : order) {
         const ThreeVersions<XmlElement> versionsOfNode = find(key);
         const XmlElement* present =
             versionsOfNode.Ours ? versionsOfNode.Ours : versionsOfNode.Theirs;

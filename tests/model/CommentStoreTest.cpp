@@ -1,6 +1,7 @@
 #include "model/CommentStore.h"
 
 #include "model/CodeItem.h"
+#include "model/CommentPipeModel.h"
 
 #include <gtest/gtest.h>
 
@@ -120,6 +121,70 @@ TEST(CommentStore, AnEmptyCollectionThatNobodyKeptLeavesNoTraceInTheNextOne) {
     next->Add(MakeRef<TaggedComment>("1"), "1");
     EXPECT_EQ(store->CountOf("a"), 0u);
     EXPECT_EQ(store->CountOf("b"), 1u);
+}
+
+TEST(CommentStore, AnEmptyCollectionThatIsHeldGetsTheCommentsOfAnotherReading) {
+    const auto store = MakeRef<CommentStore>();
+    const auto item = MakeRef<CodeItem>("ClassElement", "a", store);
+    const auto held = item->GetTaggedComments();
+    MakeRef<CodeItem>("ClassElement", "b", store)->GetTaggedComments();
+    // One comment by one, as files are read that were edited by hand.
+    const auto other = MakeRef<CommentStore>();
+    other->Load("a", CommentOf("1"), {});
+    other->Load("a", CommentOf("2"), {});
+    store->SwapComments(*other);
+    EXPECT_EQ(held->Count(), 2u);
+    held->Add(CommentOf("3"), "3");
+    EXPECT_EQ(store->CountOf("a"), 3u);
+    EXPECT_EQ(item->GetTaggedComments(), held);
+}
+
+TEST(CommentStore, WhatIsAddedToACollectionWhoseCommentsMovedIsInTheStore) {
+    const auto store = MakeRef<CommentStore>();
+    store->Load("old", CommentOf("1"), {});
+    const auto held = store->Find("old");
+    store->Move("old", "new");
+    EXPECT_EQ(held->Count(), 0u);
+    held->Add(CommentOf("2"), "2");
+    EXPECT_EQ(store->CountOf("old"), 1u);
+    EXPECT_EQ(store->CountOf("new"), 1u);
+}
+
+TEST(CommentStore, ADeletedCommentDoesNotComeBackByMoving) {
+    const auto store = MakeRef<CommentStore>();
+    store->Load("old", CommentOf("1", "deleted"), {});
+    store->Load("new", CommentOf("1", "there"), {});
+    store->Find("old")->Item("1")->SetState(kTaggedCommentTombstone);
+    store->Move("old", "new");
+    EXPECT_EQ(store->CountOf("new"), 1u);
+    EXPECT_EQ(store->Count(), 1u);
+}
+
+TEST(CommentStore, CommentsOfAnOpenItemInTheirOrderForEditingAreSavedAndDropped) {
+    const auto store = MakeRef<CommentStore>();
+    const auto file = MakeRef<ContentFile>();
+    store->Load("a", CommentOf("1"), {file, {}});
+    store->Load("a", CommentOf("2"), {file, {}});
+    CommentPipeModel pipe;
+    const auto open = pipe.Consolidate(store->Find("a"));
+    store->SetComments("a", open);
+    const auto added = CommentOf("3");
+    added->SetState(kTaggedCommentNew);
+    open->Add(added, "3");
+    open->Item("1")->SetState(kTaggedCommentTombstone);
+    store->MarkStored(file,
+                      [&](const auto& origin) { return !origin.File || origin.File == file; });
+    store->DropTombstones();
+    EXPECT_EQ(open->Count(), 2u);
+    EXPECT_EQ(added->GetState(), 0);
+    open->Add(CommentOf("4"), "4");
+    store->SetComments("a", pipe.Separate(open));
+    EXPECT_EQ(store->CountOf("a"), 3u);
+    EXPECT_EQ(store->OriginOf("a", *added).File, file);
+    store->DropFile(file);
+    // What is in no file yet stays.
+    EXPECT_EQ(store->QualifiedNames(), std::vector<std::string>{"a"});
+    EXPECT_EQ(store->CountOf("a"), 1u);
 }
 
 TEST(CommentStore, ACollectionThatWasEmptiedStaysTheItemsOwn) {

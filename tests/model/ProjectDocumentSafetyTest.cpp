@@ -3,6 +3,7 @@
 #include "model/MergeConflicts.h"
 #include "model/ProjectDocument.h"
 #include "model/SafeFile.h"
+#include "support/NarrowWorld.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -10,7 +11,6 @@
 #include <csignal>
 #include <filesystem>
 
-#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -19,15 +19,16 @@ namespace paperkite {
 namespace {
 
 namespace fs = std::filesystem;
+using test::FullDisk;
 using test::TemporaryFolder;
 
 std::string MessageOf(const std::optional<FileProblem>& problem) {
     return problem ? problem->Message() : "no problem";
 }
 
-Ref<ProjectDocument> Opened(const std::string& path,
-                            const ProjectDocument::FileBytes& inPlace = {}) {
-    const auto result = ProjectDocument::Open(path, inPlace);
+Ref<ProjectDocument> Opened(const std::string& path, const ProjectDocument::FileBytes& inPlace = {},
+                            const ProjectDocument::FileBytes* seen = nullptr) {
+    const auto result = ProjectDocument::Open(path, inPlace, seen);
     EXPECT_FALSE(result.Problem) << result.Problem->Message();
     return result.Project;
 }
@@ -78,24 +79,6 @@ std::string MakeTwoFiles(const TemporaryFolder& folder) {
     return folder.Write("p.kiteproject", Project("  <contentfile path=\"a.ktc\"/>\n"
                                                  "  <contentfile path=\"c.ktc\"/>\n"));
 }
-
-/// No file may grow over a size within this scope, as on a disk that is full.
-class FullDisk {
-public:
-    explicit FullDisk(rlim_t size) : mOldSignal(std::signal(SIGXFSZ, SIG_IGN)) {
-        ::getrlimit(RLIMIT_FSIZE, &mOld);
-        const rlimit tight{size, mOld.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &tight);
-    }
-    ~FullDisk() {
-        ::setrlimit(RLIMIT_FSIZE, &mOld);
-        std::signal(SIGXFSZ, mOldSignal);
-    }
-
-private:
-    rlimit mOld{};
-    void (*mOldSignal)(int);
-};
 
 } // namespace
 
@@ -191,6 +174,31 @@ TEST(ProjectSafety, AFullDiskLeavesTheOldFilesAndTheProjectUnsaved) {
     EXPECT_TRUE(project->GetDirty());
     EXPECT_EQ(MessageOf(project->Save()), "no problem");
     EXPECT_FALSE(project->GetDirty());
+}
+
+TEST(ProjectSafety, AFolderThatMayNotBeWrittenLeavesTheOldFilesAndTheProjectUnsaved) {
+    const TemporaryFolder folder;
+    const auto project = Opened(MakeTwoFiles(folder));
+    const std::string old = folder.Read("a.ktc");
+    Change(*project, "a", "changed");
+    for (const char* name : {"a.ktc", "c.ktc", "p.kiteproject"})
+        fs::permissions(folder / name, fs::perms(0666));
+    fs::permissions(folder.Path(), fs::perms(0555));
+    std::optional<FileProblem> problem;
+    {
+        const test::OrdinaryUser user;
+        problem = project->Save();
+    }
+    fs::permissions(folder.Path(), fs::perms(0755));
+    EXPECT_EQ(MessageOf(problem), (folder / "a.ktc") +
+                                      ": The file cannot be saved: Permission denied. The old "
+                                      "file is as it was. Ask for the permission to write in \"" +
+                                      folder.Path() + "\", or save to another folder.");
+    EXPECT_EQ(folder.Read("a.ktc"), old);
+    EXPECT_EQ(folder.Names(), "a.ktc c.ktc p.kiteproject");
+    EXPECT_TRUE(project->GetDirty());
+    EXPECT_EQ(MessageOf(project->Save()), "no problem");
+    EXPECT_EQ(TextOf(*Opened(folder / "p.kiteproject"), "a"), "changed;");
 }
 
 TEST(ProjectSafety, SaveAsThatFailsHalfWayLeavesNoStrayFiles) {
@@ -317,6 +325,25 @@ TEST(ProjectSafety, AConflictIsSavedBothWaysAndOpens) {
     EXPECT_TRUE(again->MayHoldConflicts());
     EXPECT_EQ(MergeConflicts::Find(again->PresentBytes()[folder / "a.ktc"]).size(), 1u);
     EXPECT_FALSE(Opened(MakeTwoFiles(folder))->MayHoldConflicts());
+}
+
+TEST(ProjectSafety, WhatSomebodyWritesWhileTheAuthorChoosesIsNotReplaced) {
+    const TemporaryFolder folder;
+    const std::string path = MakeTwoFiles(folder);
+    const auto project = Opened(path);
+    auto chosen = project->PresentBytes();
+    const auto seen = project->StoredBytes();
+    chosen[folder / "a.ktc"] = Content(Said("a", "chosen") + Said("b", "two"));
+    folder.Write("a.ktc", Content(Said("a", "one") + Said("b", "somebody else's")));
+    const auto again = Opened(path, chosen, &seen);
+    const auto problem = again->Save();
+    ASSERT_TRUE(problem);
+    EXPECT_EQ(problem->Reason, FileProblem::ReasonCode::ChangedOnDisk);
+    const auto merged = again->MergeWithDisk();
+    EXPECT_EQ(merged.Conflicts, 0u);
+    ASSERT_EQ(MessageOf(Opened(path, merged.Bytes, &merged.Seen)->Save()), "no problem");
+    EXPECT_EQ(TextOf(*Opened(path), "a"), "chosen;");
+    EXPECT_EQ(TextOf(*Opened(path), "b"), "somebody else's;");
 }
 
 TEST(ProjectSafety, WhatIsBrokenOnTheDiskIsNotMerged) {

@@ -1,13 +1,12 @@
 #include "model/SafeFile.h"
 
+#include "support/NarrowWorld.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
-#include <csignal>
 #include <filesystem>
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -16,41 +15,9 @@ namespace paperkite {
 namespace {
 
 namespace fs = std::filesystem;
+using test::FullDisk;
+using test::OrdinaryUser;
 using test::TemporaryFolder;
-
-constexpr uid_t kNobody = 65534;
-
-/// The administrator may write everywhere; within this scope he is nobody.
-class AsOrdinaryUser {
-public:
-    AsOrdinaryUser() : mChanged(::geteuid() == 0 && ::seteuid(kNobody) == 0) {}
-
-    ~AsOrdinaryUser() {
-        if (mChanged && ::seteuid(0) != 0) std::abort();
-    }
-
-private:
-    bool mChanged;
-};
-
-/// No file may grow over a size within this scope, as on a disk that is full.
-class FullDisk {
-public:
-    explicit FullDisk(rlim_t size) : mOldSignal(std::signal(SIGXFSZ, SIG_IGN)) {
-        ::getrlimit(RLIMIT_FSIZE, &mOld);
-        const rlimit tight{size, mOld.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &tight);
-    }
-
-    ~FullDisk() {
-        ::setrlimit(RLIMIT_FSIZE, &mOld);
-        std::signal(SIGXFSZ, mOldSignal);
-    }
-
-private:
-    rlimit mOld{};
-    void (*mOldSignal)(int);
-};
 
 mode_t ModeOf(const std::string& path) {
     struct stat status {};
@@ -101,7 +68,7 @@ TEST(SafeFile, AReadOnlyFolderLeavesTheOldFileAndSaysWhatToDo) {
     ::chmod(folder.Path().c_str(), 0555);
     std::optional<FileProblem> problem;
     {
-        const AsOrdinaryUser user;
+        const OrdinaryUser user;
         problem = SafeFile::Write(path, "new");
     }
     ::chmod(folder.Path().c_str(), 0755);
@@ -122,7 +89,7 @@ TEST(SafeFile, AWriteProtectedFileIsNotReplaced) {
     ::chmod(folder.Path().c_str(), 0777);
     std::optional<FileProblem> problem;
     {
-        const AsOrdinaryUser user;
+        const OrdinaryUser user;
         problem = SafeFile::Write(path, "new");
     }
     ASSERT_TRUE(problem);
@@ -174,7 +141,7 @@ TEST(SafeFile, AMissingAndAnUnreadableFileAreToldApart) {
     const std::string path = folder.Write("secret.ktc", "x");
     ::chmod(path.c_str(), 0);
     ::chmod(folder.Path().c_str(), 0755);
-    const AsOrdinaryUser user;
+    const OrdinaryUser user;
     const auto unreadable = SafeFile::Read(path, bytes);
     ASSERT_TRUE(unreadable);
     EXPECT_EQ(unreadable->Reason, FileProblem::ReasonCode::Unreadable);

@@ -1,5 +1,6 @@
 #include "model/ThreeWayMerge.h"
 
+#include "foundation/GlobalConfig.h"
 #include "model/ContentFileReader.h"
 #include "model/MergeConflicts.h"
 #include "model/StoredText.h"
@@ -249,6 +250,74 @@ TEST(ThreeWayMerge, ADeletedFileAndAChangedOneGiveTheChange) {
     const auto merged = Merge(kBase, "", FileOf({{"a", "1", "one"}, {"b", "2", "TWO"}}));
     EXPECT_EQ(merged.Conflicts, 1u);
     EXPECT_EQ(Conflicts(merged.Bytes), "[b ##: two > - | TWO]");
+}
+
+// Comments that each side added for itself
+
+TEST(ThreeWayMerge, TheSameTextThatBothAddedIsThereOnceUnderTheSmallerId) {
+    const std::string base = FileOf({{"a", "1", "one"}});
+    const std::string left = FileOf({{"a", "1", "one"}, {"b", "7", "new"}});
+    const std::string right = FileOf({{"a", "1", "one"}, {"b", "4", "new"}});
+    const std::string expected = FileOf({{"a", "1", "one"}, {"b", "4", "new"}});
+    EXPECT_EQ(Merge(base, left, right).Bytes, expected);
+    EXPECT_EQ(Merge(base, right, left).Bytes, expected);
+    EXPECT_EQ(Merge(base, right, left).Conflicts, 0u);
+    EXPECT_EQ(Merge("", left, right).Bytes, expected);
+}
+
+TEST(ThreeWayMerge, WhatEachSideKnowsBesidesTheSameTextIsKept) {
+    const std::string base = FileOf({{"a", "1", "one"}});
+    const auto merged = Merge(base, FileOf({{"a", "1", "one"}, {"b", "7", "new", " x=\"1\""}}),
+                              FileOf({{"a", "1", "one"}, {"b", "4", "new", " y=\"2\""}}));
+    EXPECT_EQ(Comments(merged.Bytes), "a#1=one b#4=new");
+    EXPECT_NE(merged.Bytes.find("x=\"1\""), std::string::npos);
+    EXPECT_NE(merged.Bytes.find("y=\"2\""), std::string::npos);
+}
+
+TEST(ThreeWayMerge, TwoGeneralDescriptionsOfAnItemThatHadNoneAreAConflict) {
+    const std::string base = FileOf({{"a", "1", "one"}});
+    const std::string left = FileOf({{"a", "1", "one"}, {"b", "7", "mine"}});
+    const std::string right = FileOf({{"a", "1", "one"}, {"b", "4", "yours"}});
+    const auto merged = Merge(base, left, right);
+    EXPECT_EQ(merged.Conflicts, 1u);
+    EXPECT_EQ(Conflicts(merged.Bytes), "[b ##: - > mine | yours]");
+    EXPECT_EQ(Comments(merged.Bytes), "a#1=one b#4=yours b#7=mine");
+    EXPECT_EQ(MergeConflicts::Resolve(merged.Bytes, {Keeping::Ours}), left);
+    EXPECT_EQ(MergeConflicts::Resolve(merged.Bytes, {Keeping::Theirs}), right);
+    EXPECT_EQ(Comments(MergeConflicts::Resolve(merged.Bytes, {Keeping::Both})),
+              "a#1=one b#4=yours b#7=mine");
+    EXPECT_EQ(Conflicts(Merge(base, right, left).Bytes), "[b ##: - > yours | mine]");
+}
+
+TEST(ThreeWayMerge, ADescriptionThatIsThereAlreadyAndOtherTagsMayHaveMore) {
+    const std::string base = FileOf({{"a", "1", "one"}});
+    const auto more = Merge(base, FileOf({{"a", "1", "one"}, {"a", "2", "mine"}}),
+                            FileOf({{"a", "1", "one"}, {"a", "3", "yours"}}));
+    EXPECT_EQ(more.Conflicts, 0u);
+    EXPECT_EQ(Comments(more.Bytes), "a#1=one a#2=mine a#3=yours");
+    const auto remark = [](const std::string& id, const std::string& text) {
+        return "<contentfile version='1'><comment item='a' tag='##remarks' id='" + id + "'>" +
+               text + "</comment></contentfile>";
+    };
+    const auto remarks = Merge("", remark("1", "mine"), remark("2", "yours"));
+    EXPECT_EQ(remarks.Conflicts, 0u);
+    EXPECT_EQ(Comments(remarks.Bytes), "a#1=mine a#2=yours");
+}
+
+TEST(ThreeWayMerge, AnotherTagIsGeneralWhereItsDefinitionSaysSo) {
+    const auto summary = [](const std::string& id, const std::string& text) {
+        return "<contentfile version='1'><comment item='a' tag='##summary' id='" + id + "'>" +
+               text + "</comment></contentfile>";
+    };
+    EXPECT_EQ(Merge("", summary("1", "mine"), summary("2", "yours")).Conflicts, 0u);
+    const auto before = GlobalConfig().TaggedCommentDefs;
+    GlobalConfig().TaggedCommentDefs = MakeRef<TaggedCommentDefs>();
+    auto definition = MakeRef<TaggedCommentDef>();
+    definition->TagIdentifier = "##Summary";
+    definition->IsGeneral = true;
+    GlobalConfig().TaggedCommentDefs->Add(definition);
+    EXPECT_EQ(Merge("", summary("1", "mine"), summary("2", "yours")).Conflicts, 1u);
+    GlobalConfig().TaggedCommentDefs = before;
 }
 
 // What the program does not know

@@ -108,7 +108,8 @@ private:
     void BeginKeeping(std::unique_ptr<SafeKeeping> keeping);
     void BeginKeepingAnew();
     void TellMissingFiles();
-    bool ReadFilesAgain(const ProjectDocument::FileBytes& inPlace);
+    bool ReadFilesAgain(const ProjectDocument::FileBytes& inPlace,
+                        const ProjectDocument::FileBytes* seen = nullptr);
     bool MergeWithDisk();
     void OfferConflicts();
     bool SaveOverOthers(const FileProblem& problem);

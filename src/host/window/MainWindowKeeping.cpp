@@ -101,9 +101,10 @@ void MainWindow::TellMissingFiles() {
     box.exec();
 }
 
-bool MainWindow::ReadFilesAgain(const ProjectDocument::FileBytes& inPlace) {
+bool MainWindow::ReadFilesAgain(const ProjectDocument::FileBytes& inPlace,
+                                const ProjectDocument::FileBytes* seen) {
     const auto old = mWorkspace->GetSession().GetProject();
-    auto opened = ProjectDocument::Open(old->GetPath(), inPlace);
+    auto opened = ProjectDocument::Open(old->GetPath(), inPlace, seen);
     if (opened.Problem) {
         QMessageBox::warning(this, tr("Open Project"),
                              QString::fromStdString(opened.Problem->Message()));
@@ -131,7 +132,7 @@ bool MainWindow::MergeWithDisk() {
         return false;
     }
     mKeeping->Keep();
-    if (!ReadFilesAgain(merged.Bytes)) return false;
+    if (!ReadFilesAgain(merged.Bytes, &merged.Seen)) return false;
     if (merged.Conflicts > 0) ResolveConflicts();
     return true;
 }
@@ -139,6 +140,8 @@ bool MainWindow::MergeWithDisk() {
 void MainWindow::ResolveConflicts() {
     mWorkspace->GetEditor().CommitEdit();
     auto files = mWorkspace->GetSession().GetProject()->PresentBytes();
+    // Somebody may save while the author is choosing.
+    const auto seen = mWorkspace->GetSession().GetProject()->StoredBytes();
     std::vector<VersionsDialog::Row> rows;
     std::vector<std::pair<std::string, std::size_t>> counts;
     for (const auto& [path, bytes] : files) {
@@ -162,7 +165,7 @@ void MainWindow::ResolveConflicts() {
     }
     for (const VersionsDialog::Row& row : rows)
         mKeeping->GetWork().ItemChanged(row.Item.toStdString());
-    ReadFilesAgain(files);
+    ReadFilesAgain(files, &seen);
 }
 
 void MainWindow::OfferConflicts() {
@@ -180,6 +183,7 @@ void MainWindow::LookAtDisk() {
     if (changed.empty()) mNotMerged.clear();
     if (changed.empty() || changed == mNotMerged) return;
     mLooking = true;
+    mWorkspace->GetEditor().CommitEdit();
     const bool isUnsaved =
         mWorkspace->GetSession().GetProject()->GetDirty() || !mKeeping->GetWork().Entries().empty();
     mNotMerged = changed;
