@@ -1,9 +1,17 @@
+#include "foundation/KeyGenerator.h"
 #include "fuzz/FuzzTarget.h"
 #include "model/ContentFileIndex.h"
 #include "model/ContentFileReader.h"
 
 namespace paperkite::fuzz {
 namespace {
+
+/// The Id, if it is from the file: a comment whose Id another one of its item has gets a new one.
+std::string IdOf(const TaggedComment& comment, const std::string& bytes) {
+    static const std::size_t newLength = KeyGenerator().Generate().size();
+    const std::string& id = comment.GetId();
+    return id.size() == newLength && bytes.find(id) == std::string::npos ? "new" : id;
+}
 
 /// Everything that a reader makes of a file, as text; nothing when it refuses the file.
 std::string Meaning(const std::string& bytes) {
@@ -16,7 +24,7 @@ std::string Meaning(const std::string& bytes) {
         const auto comments = store->Find(item);
         for (const auto& comment : *comments)
             for (const std::string& part :
-                 {item, comment->GetTagIdentifier(), comment->GetId(), comment->GetQualifier(),
+                 {item, comment->GetTagIdentifier(), IdOf(*comment, bytes), comment->GetQualifier(),
                   comment->GetXMLCommentType(), comment->GetText()})
                 meaning += std::to_string(part.size()) + ":" + part + "\n";
     }
