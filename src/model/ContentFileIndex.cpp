@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstring>
 #include <utility>
+#include <vector>
 
 namespace paperkite {
 
@@ -22,6 +23,8 @@ constexpr std::string_view kCommentEnd = "</comment>";
 constexpr std::string_view kCDataEnd = "]]>";
 // What stands between two items' comments more often than not fits; longer names grow it.
 constexpr std::size_t kUsualName = 128;
+// An item with more comments is not worth a quicker way of finding twins.
+constexpr std::size_t kMostIds = 64;
 
 bool Holds(std::string_view text, char character) {
     return std::memchr(text.data(), character, text.size()) != nullptr;
@@ -107,14 +110,24 @@ private:
     bool TakeComment() {
         const std::size_t begin = mAt;
         mAt += kComment.size();
-        std::string_view item, tag, other;
+        std::string_view item, tag, id, other;
         if (!TakeValue(item) || item.empty()) return false;
         if (!Take(" tag=\"") || !TakeValue(tag) || tag.empty()) return false;
-        if (!Take(" id=\"") || !TakeValue(other) || other.empty()) return false;
+        if (!Take(" id=\"") || !TakeValue(id) || id.empty()) return false;
         if (Take(" qualifier=\"") && !TakeValue(other)) return false;
         if (Take(" xmltag=\"") && !TakeValue(other)) return false;
         if (!Take("/>") && !(Take(">") && TakeContent())) return false;
-        return TakeIn(begin, item, tag);
+        return TakeIn(begin, item, tag) && TakeId(id);
+    }
+
+    /// False for the second of a run: the reader gives it an Id of its own, which is to last.
+    bool TakeId(std::string_view id) {
+        if (mRun.Count == 1) mIds.clear();
+        if (IsEscaped(id) || mIds.size() == kMostIds ||
+            std::find(mIds.begin(), mIds.end(), id) != mIds.end())
+            return false;
+        mIds.push_back(id);
+        return true;
     }
 
     bool TakeContent() {
@@ -173,6 +186,7 @@ private:
     ContentFileIndex::Run mRun;
     std::string_view mRawItem;
     std::string_view mTag;
+    std::vector<std::string_view> mIds; ///< of the run
     std::string mItem;
     std::string mNext;
 };
