@@ -34,6 +34,12 @@ bool IsEscaped(std::string_view value) {
     return Holds(value, '&') || Holds(value, '\\');
 }
 
+/// What a reader takes for a blank or another line break in an attribute.
+bool HoldsControl(std::string_view value) {
+    return std::any_of(value.begin(), value.end(),
+                       [](char character) { return static_cast<unsigned char>(character) < 0x20; });
+}
+
 /// What the writer escapes in attributes, and nothing else.
 bool Unescape(std::string_view value, std::string& result) {
     static constexpr std::pair<std::string_view, char> kEntities[] = {
@@ -123,7 +129,7 @@ private:
     /// False for the second of a run: the reader gives it an Id of its own, which is to last.
     bool TakeId(std::string_view id) {
         if (mRun.Count == 1) mIds.clear();
-        if (IsEscaped(id) || mIds.size() == kMostIds ||
+        if (IsEscaped(id) || HoldsControl(id) || mIds.size() == kMostIds ||
             std::find(mIds.begin(), mIds.end(), id) != mIds.end())
             return false;
         mIds.push_back(id);
@@ -144,7 +150,7 @@ private:
     /// Counts a comment to the run of its item. False where it is not behind the one before.
     bool TakeIn(std::size_t begin, std::string_view item, std::string_view tag) {
         // The order is that of what the tags mean, which these are not.
-        if (IsEscaped(tag)) return false;
+        if (IsEscaped(tag) || HoldsControl(tag)) return false;
         if (mRun.Count > 0 && item == mRawItem) {
             if (tag < mTag) return false;
         } else {
@@ -162,6 +168,7 @@ private:
 
     /// Into mNext.
     bool Decode(std::string_view item) {
+        if (HoldsControl(item)) return false;
         if (!IsEscaped(item)) {
             mNext.assign(item);
             return true;

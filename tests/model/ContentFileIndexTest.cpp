@@ -87,6 +87,8 @@ TEST(ContentFileIndex, RefusesWhatIsUnusual) {
         File(Comment("a", "##&amp;", "1")),
         File(a + Comment("a", "##remarks", "1")),
         File(Comment("a", "##", "&amp;")),
+        File(Comment("a\r", "##", "1")),
+        File(Comment("a", "#\n", "1")),
         File(Comment("a &unknown;", "##", "1")),
         File(Comment("a", "##", "1", " more=\"x\"/>")),
         File(Comment("a", "##", "1", "><b>Bold</b></comment>")),
