@@ -1,29 +1,14 @@
 #include "foundation/Error.h"
 #include "fuzz/FuzzTarget.h"
+#include "fuzz/ScratchFolder.h"
 #include "platform/settings/SettingsRegistry.h"
 
-#include <filesystem>
 #include <fstream>
-
-#include <unistd.h>
 
 namespace paperkite::fuzz {
 namespace {
 
 constexpr const char* kKey = "Software\\Brindlewick\\Paperkite";
-
-std::string Scratch(const char* name) {
-    static const std::string folder = [] {
-        // In memory where there is such a place: every write is flushed.
-        const std::filesystem::path memory = "/dev/shm";
-        const auto path =
-            (std::filesystem::exists(memory) ? memory : std::filesystem::temp_directory_path()) /
-            ("paperkite-fuzz-" + std::to_string(::getpid()));
-        std::filesystem::create_directories(path);
-        return path.string();
-    }();
-    return folder + "/" + name;
-}
 
 // Whatever the file holds: it reads, what is written reads back, and what was there stays.
 const FuzzTarget target("settingsfile", [](std::string_view input) {

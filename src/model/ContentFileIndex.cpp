@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstring>
 #include <utility>
+#include <vector>
 
 namespace paperkite {
 
@@ -22,6 +23,8 @@ constexpr std::string_view kCommentEnd = "</comment>";
 constexpr std::string_view kCDataEnd = "]]>";
 // What stands between two items' comments more often than not fits; longer names grow it.
 constexpr std::size_t kUsualName = 128;
+// An item with more comments is not worth a quicker way of finding twins.
+constexpr std::size_t kMostIds = 64;
 
 bool Holds(std::string_view text, char character) {
     return std::memchr(text.data(), character, text.size()) != nullptr;
@@ -29,6 +32,12 @@ bool Holds(std::string_view text, char character) {
 
 bool IsEscaped(std::string_view value) {
     return Holds(value, '&') || Holds(value, '\\');
+}
+
+/// What a reader takes for a blank or another line break in an attribute.
+bool HoldsControl(std::string_view value) {
+    return std::any_of(value.begin(), value.end(),
+                       [](char character) { return static_cast<unsigned char>(character) < 0x20; });
 }
 
 /// What the writer escapes in attributes, and nothing else.
@@ -107,14 +116,24 @@ private:
     bool TakeComment() {
         const std::size_t begin = mAt;
         mAt += kComment.size();
-        std::string_view item, tag, other;
+        std::string_view item, tag, id, other;
         if (!TakeValue(item) || item.empty()) return false;
         if (!Take(" tag=\"") || !TakeValue(tag) || tag.empty()) return false;
-        if (!Take(" id=\"") || !TakeValue(other) || other.empty()) return false;
+        if (!Take(" id=\"") || !TakeValue(id) || id.empty()) return false;
         if (Take(" qualifier=\"") && !TakeValue(other)) return false;
         if (Take(" xmltag=\"") && !TakeValue(other)) return false;
         if (!Take("/>") && !(Take(">") && TakeContent())) return false;
-        return TakeIn(begin, item, tag);
+        return TakeIn(begin, item, tag) && TakeId(id);
+    }
+
+    /// False for the second of a run: the reader gives it an Id of its own, which is to last.
+    bool TakeId(std::string_view id) {
+        if (mRun.Count == 1) mIds.clear();
+        if (IsEscaped(id) || HoldsControl(id) || mIds.size() == kMostIds ||
+            std::find(mIds.begin(), mIds.end(), id) != mIds.end())
+            return false;
+        mIds.push_back(id);
+        return true;
     }
 
     bool TakeContent() {
@@ -131,7 +150,7 @@ private:
     /// Counts a comment to the run of its item. False where it is not behind the one before.
     bool TakeIn(std::size_t begin, std::string_view item, std::string_view tag) {
         // The order is that of what the tags mean, which these are not.
-        if (IsEscaped(tag)) return false;
+        if (IsEscaped(tag) || HoldsControl(tag)) return false;
         if (mRun.Count > 0 && item == mRawItem) {
             if (tag < mTag) return false;
         } else {
@@ -149,6 +168,7 @@ private:
 
     /// Into mNext.
     bool Decode(std::string_view item) {
+        if (HoldsControl(item)) return false;
         if (!IsEscaped(item)) {
             mNext.assign(item);
             return true;
@@ -173,6 +193,7 @@ private:
     ContentFileIndex::Run mRun;
     std::string_view mRawItem;
     std::string_view mTag;
+    std::vector<std::string_view> mIds; ///< of the run
     std::string mItem;
     std::string mNext;
 };

@@ -194,13 +194,13 @@ std::string Decode(std::string_view stored) {
     std::string result;
     result.reserve(stored.size());
     for (std::size_t position = 0; position < stored.size();) {
-        if (stored[position] == '\\') {
-            if (const std::size_t length = ReadEscape(stored, position, result)) {
-                position += length;
-                continue;
-            }
-        }
-        result += stored[position++];
+        const std::size_t plain = std::min(stored.find('\\', position), stored.size());
+        result.append(stored.substr(position, plain - position));
+        position = plain;
+        if (position == stored.size()) break;
+        const std::size_t length = ReadEscape(stored, position, result);
+        if (length == 0) result += '\\';
+        position += std::max<std::size_t>(length, 1);
     }
     return result;
 }
