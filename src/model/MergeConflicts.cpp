@@ -4,6 +4,7 @@
 #include "model/XmlTreeMerge.h"
 #include "model/XmlWriter.h"
 
+#include <algorithm>
 #include <unordered_map>
 
 namespace paperkite {
@@ -22,32 +23,83 @@ struct Place {
     MergeConflict Conflict;
 };
 
+/// Whether a version was given an Id of its own because the other side's version stands beside it.
+bool IsRenamed(const XmlElement& comment) {
+    return comment.AttributeText("id") ==
+           comment.AttributeText(kConflictIdAttribute) + kTheirsSuffix;
+}
+
+/// What joins the two versions of a comment that stayed with its item.
+std::string KeyInItem(const XmlElement& comment) {
+    return comment.AttributeText(kConflictIdAttribute) + "\n" + comment.AttributeText("item") +
+           "\n" + comment.AttributeText("tag");
+}
+
+/// The places of the versions of one side, by what joins them to the other's.
+class Versions {
+public:
+    void Add(const XmlElement& comment, std::size_t place) {
+        mInItem.emplace(KeyInItem(comment), place);
+        mAnywhere[comment.AttributeText(kConflictIdAttribute)].push_back(place);
+    }
+
+    /// The place of the version that a comment of theirs belongs to; kNone when it stands alone.
+    /// Items may have comments of the same Id, so that the Id joins only what was moved, which its
+    /// own Id tells.
+    std::size_t PartnerOf(const XmlElement& theirs, const std::vector<Place>& places) const {
+        const auto inItem = mInItem.find(KeyInItem(theirs));
+        if (inItem != mInItem.end()) return inItem->second;
+        const auto anywhere = mAnywhere.find(theirs.AttributeText(kConflictIdAttribute));
+        if (!IsRenamed(theirs) || anywhere == mAnywhere.end()) return kNone;
+        for (const std::size_t place : anywhere->second)
+            if (places[place].Theirs == kNone) return place;
+        return kNone;
+    }
+
+private:
+    std::unordered_map<std::string, std::size_t> mInItem;
+    std::unordered_map<std::string, std::vector<std::size_t>> mAnywhere;
+};
+
+void NoteVersion(Place& place, XmlElement& root, std::size_t index, bool isOurs) {
+    const XmlElement& comment = root.Children[index];
+    place.Parent = &root;
+    (isOurs ? place.Ours : place.Theirs) = index;
+    (isOurs ? place.Conflict.Ours : place.Conflict.Theirs) = comment.ContentText();
+    if (place.Conflict.Item.empty() || isOurs) {
+        place.Conflict.Item = comment.AttributeText("item");
+        place.Conflict.Tag = comment.AttributeText("tag");
+    }
+    if (comment.FindAttribute(kConflictBaseAttribute))
+        place.Conflict.Base = comment.AttributeText(kConflictBaseAttribute);
+}
+
 void FindComments(XmlElement& root, std::vector<Place>& places) {
-    std::unordered_map<std::string, std::size_t> known;
+    std::vector<std::size_t> theirs;
+    Versions ours;
     for (std::size_t index = 0; index < root.Children.size(); ++index) {
         const XmlElement& comment = root.Children[index];
         if (!comment.IsElement() || comment.Name != "comment") continue;
         const std::string side = comment.AttributeText(kConflictAttribute);
-        if (side != "ours" && side != "theirs") continue;
-        const std::string id = comment.AttributeText(kConflictIdAttribute);
-        // Versions of one comment may belong to different items by now.
-        const auto [entry, isNew] = known.emplace(id, places.size());
-        if (isNew ||
-            (side == "ours" ? places[entry->second].Ours : places[entry->second].Theirs) != kNone) {
-            entry->second = places.size();
-            places.emplace_back();
-        }
-        Place& place = places[entry->second];
-        place.Parent = &root;
-        (side == "ours" ? place.Ours : place.Theirs) = index;
-        (side == "ours" ? place.Conflict.Ours : place.Conflict.Theirs) = comment.ContentText();
-        if (place.Conflict.Item.empty() || side == "ours") {
-            place.Conflict.Item = comment.AttributeText("item");
-            place.Conflict.Tag = comment.AttributeText("tag");
-        }
-        if (comment.FindAttribute(kConflictBaseAttribute))
-            place.Conflict.Base = comment.AttributeText(kConflictBaseAttribute);
+        if (side == "theirs") theirs.push_back(index);
+        if (side != "ours") continue;
+        ours.Add(comment, places.size());
+        NoteVersion(places.emplace_back(), root, index, true);
     }
+    // What stayed with its item first: what was moved may take only what is left.
+    std::stable_partition(theirs.begin(), theirs.end(), [&](std::size_t index) {
+        const std::size_t place = ours.PartnerOf(root.Children[index], places);
+        return place != kNone &&
+               places[place].Conflict.Item == root.Children[index].AttributeText("item");
+    });
+    for (const std::size_t index : theirs) {
+        const std::size_t place = ours.PartnerOf(root.Children[index], places);
+        const bool isPaired = place != kNone && places[place].Theirs == kNone;
+        NoteVersion(isPaired ? places[place] : places.emplace_back(), root, index, false);
+    }
+    std::stable_sort(places.begin(), places.end(), [](const Place& left, const Place& right) {
+        return std::min(left.Ours, left.Theirs) < std::min(right.Ours, right.Theirs);
+    });
 }
 
 /// What an element of a project says, in one text.

@@ -212,6 +212,22 @@ TEST(ThreeWayMerge, AChangeWinsOverADeletionAndIsTold) {
     EXPECT_EQ(Conflicts(theirs.Bytes), "[a ##: old > - | new]");
 }
 
+TEST(ThreeWayMerge, DeletionsAndChangesOfCommentsThatShareAnIdAreToldApart) {
+    const auto merged = Merge(FileOf({{"a", "2", "one"}, {"b", "2", "two"}}),
+                              FileOf({{"a", "2", "ours"}}), FileOf({{"b", "2", "theirs"}}));
+    EXPECT_EQ(merged.Conflicts, 2u);
+    const auto found = MergeConflicts::Find(merged.Bytes);
+    ASSERT_EQ(found.size(), 2u);
+    EXPECT_EQ(found[0].Item, "a");
+    EXPECT_FALSE(found[0].Theirs);
+    EXPECT_EQ(found[1].Item, "b");
+    EXPECT_FALSE(found[1].Ours);
+    EXPECT_EQ(Comments(MergeConflicts::Resolve(merged.Bytes, {Keeping::Ours, Keeping::Theirs})),
+              "a#2=ours b#2=theirs");
+    EXPECT_EQ(Comments(MergeConflicts::Resolve(merged.Bytes, {Keeping::Ours, Keeping::Ours})),
+              "a#2=ours");
+}
+
 TEST(ThreeWayMerge, AnUntouchedCommentThatOneSideDeletedGoes) {
     EXPECT_EQ(Comments(Merge(kBase, FileOf({{"a", "1", "one"}, {"b", "2", "two"}}),
                              FileOf({{"a", "1", "ONE"}, {"b", "2", "two"}, {"c", "3", "three"}}))
