@@ -38,36 +38,17 @@ std::shared_ptr<CommentStore::KeptContent> KeptOf(const XmlElement& element,
     return std::make_shared<CommentStore::KeptContent>(std::move(kept));
 }
 
-std::optional<FileProblem> CheckComment(const XmlReader& reader, const XmlElement& element) {
-    for (const char* name : {"item", "tag"}) {
-        const std::string* value = element.FindAttribute(name);
-        if (value && !value->empty()) continue;
-        return reader.ProblemAt(element, std::string("This comment does not say its ") + name + ".",
-                                std::string("Add ") + name + "=\"…\" to it, or remove it.");
-    }
-    return {};
-}
-
 /// Takes the root's children apart: comments into `comments`, all else stays in `file.Kept`.
-std::optional<FileProblem> ReadRoot(const XmlReader& reader, ContentFile& file, XmlElement root,
-                                    std::vector<ReadComment>& comments) {
+void ReadRoot(ContentFile& file, XmlElement root, std::vector<ReadComment>& comments) {
     std::vector<XmlElement> before;
     std::vector<XmlElement> kept;
     for (XmlElement& child : root.Children) {
         const bool isText =
             child.Kind == XmlElement::NodeKind::Text || child.Kind == XmlElement::NodeKind::CData;
-        const std::size_t textStart =
-            isText ? child.Text.find_first_not_of(" \t\r\n") : std::string::npos;
-        if (textStart != std::string::npos) {
-            child.Offset += textStart;
-            return reader.ProblemAt(child, "Text stands here that belongs to no comment.",
-                                    "Move it into a <comment>, or remove it.");
-        }
         if (isText) continue;
         if (child.Kind == XmlElement::NodeKind::Markup) {
             before.push_back(std::move(child));
         } else if (child.Name == "comment") {
-            if (auto problem = CheckComment(reader, child)) return problem;
             auto keptContent = KeptOf(child, before);
             comments.push_back(
                 {child.AttributeText("item"), StoredComment::FromElement(child), keptContent});
@@ -82,7 +63,6 @@ std::optional<FileProblem> ReadRoot(const XmlReader& reader, ContentFile& file, 
     std::move(before.begin(), before.end(), std::back_inserter(kept));
     root.Children = std::move(kept);
     file.Kept.Root = std::move(root);
-    return {};
 }
 
 /// Leaves the comments as bytes where the file allows it.
@@ -114,7 +94,8 @@ std::optional<FileProblem> ReadWhole(const Ref<ContentFile>& file, const std::st
     std::vector<ReadComment> comments;
     file->Kept.Prolog = std::move(xml.Prolog);
     file->Kept.Epilog = std::move(xml.Epilog);
-    if (auto problem = ReadRoot(reader, *file, std::move(xml.Root), comments)) return problem;
+    if (auto problem = ContentFileReader::CheckContent(reader, xml.Root)) return problem;
+    ReadRoot(*file, std::move(xml.Root), comments);
     for (ReadComment& read : comments)
         store.Load(read.Item, read.Comment, {file, std::move(read.Kept)});
     file->CanonicalBytes = ContentFileWriter::Canonical(*file, store);
@@ -122,6 +103,29 @@ std::optional<FileProblem> ReadWhole(const Ref<ContentFile>& file, const std::st
 }
 
 } // namespace
+
+std::optional<FileProblem> ContentFileReader::CheckContent(const XmlReader& reader,
+                                                           const XmlElement& root) {
+    for (const XmlElement& child : root.Children) {
+        if (child.Kind == XmlElement::NodeKind::Text || child.Kind == XmlElement::NodeKind::CData) {
+            const std::size_t start = child.Text.find_first_not_of(" \t\r\n");
+            if (start == std::string::npos) continue;
+            XmlElement place = child;
+            place.Offset += start;
+            return reader.ProblemAt(place, "Text stands here that belongs to no comment.",
+                                    "Move it into a <comment>, or remove it.");
+        }
+        if (!child.IsElement() || child.Name != "comment") continue;
+        for (const char* name : {"item", "tag"}) {
+            const std::string* value = child.FindAttribute(name);
+            if (value && !value->empty()) continue;
+            return reader.ProblemAt(child,
+                                    std::string("This comment does not say its ") + name + ".",
+                                    std::string("Add ") + name + "=\"…\" to it, or remove it.");
+        }
+    }
+    return {};
+}
 
 std::optional<FileProblem> ContentFileReader::Read(const Ref<ContentFile>& file,
                                                    CommentStore& store) {

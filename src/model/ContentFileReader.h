@@ -21,6 +21,9 @@ public:
     /// The same of bytes that were read already.
     static std::optional<FileProblem> ReadBytes(const Ref<ContentFile>& file, std::string bytes,
                                                 CommentStore& store);
+
+    /// What is wrong with the children of a Content File's root, if anything is.
+    static std::optional<FileProblem> CheckContent(const XmlReader& reader, const XmlElement& root);
 };
 
 } // namespace paperkite

@@ -14,18 +14,6 @@ constexpr const char* kProjectRoot = "kiteproject";
 
 using Input = ThreeWayMerge::Input;
 
-std::optional<FileProblem> CheckComments(const XmlReader& reader, const XmlElement& root) {
-    for (const XmlElement& node : root.Children) {
-        if (!node.IsElement() || node.Name != "comment") continue;
-        for (const char* name : {"item", "tag"})
-            if (node.AttributeText(name).empty())
-                return reader.ProblemAt(node,
-                                        std::string("This comment does not say its ") + name + ".",
-                                        std::string("Add ") + name + "=\"…\" to it, or remove it.");
-    }
-    return {};
-}
-
 /// Reads a file; one without bytes is as one that says nothing, of whatever kind the others are.
 std::optional<FileProblem> Read(const Input& input, XmlFile& file) {
     if (input.Bytes.empty()) return {};
@@ -36,7 +24,7 @@ std::optional<FileProblem> Read(const Input& input, XmlFile& file) {
     if (auto problem =
             reader.CheckRoot(file.Root, kContentRoot, kContentFileVersion, "a Content File"))
         return problem;
-    return CheckComments(reader, file.Root);
+    return ContentFileReader::CheckContent(reader, file.Root);
 }
 
 FileProblem OtherKind(const Input& input, const std::string& name) {

@@ -429,6 +429,13 @@ TEST(ThreeWayMerge, ElementsThatShareAKeyAreNotMixedUp) {
 
 // Bad input
 
+TEST(ThreeWayMerge, TextThatBelongsToNoCommentIsAProblemAndNotDropped) {
+    const std::string sound = FileOf({{"a", "1", "one"}});
+    EXPECT_EQ(ProblemOf(sound, FileOf({{"a", "1", "one"}}, "lost\n"), sound),
+              "ours:6:1: Text stands here that belongs to no comment. Move it into a <comment>, or "
+              "remove it.");
+}
+
 TEST(ThreeWayMerge, WhatCannotBeReadIsAProblemOfThatFile) {
     EXPECT_TRUE(ProblemOf(kBase, "no xml", kBase).starts_with("ours:1:1: This is not well-formed"));
     EXPECT_TRUE(
