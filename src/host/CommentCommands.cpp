@@ -3,6 +3,7 @@
 #include "foundation/GlobalConfig.h"
 #include "foundation/Text.h"
 #include "host/NearestNames.h"
+#include "host/TagName.h"
 
 #include <nlohmann/json.hpp>
 
@@ -13,11 +14,6 @@ namespace paperkite {
 namespace {
 
 using Json = nlohmann::ordered_json;
-
-std::string NameOf(const TaggedComment& comment) {
-    const auto definition = comment.GetTaggedCommentDef();
-    return definition ? definition->DisplayName : comment.GetTagIdentifier();
-}
 
 /// The definition that a user means: its identifier, with or without "#" signs, or its name.
 Ref<TaggedCommentDef> FindTag(const std::string& wanted) {
@@ -114,13 +110,13 @@ private:
 Json CommentAsJson(const TaggedComment& comment) {
     return {{"id", comment.GetId()},
             {"tag", comment.GetTagIdentifier()},
-            {"name", NameOf(comment)},
+            {"name", TagName(comment.GetTagIdentifier())},
             {"qualifier", comment.GetQualifier()},
             {"text", comment.GetText()}};
 }
 
 void PrintComment(const TaggedComment& comment, std::ostream& out) {
-    out << NameOf(comment) << " (" << comment.GetTagIdentifier() << ")\n";
+    out << TagName(comment.GetTagIdentifier()) << " (" << comment.GetTagIdentifier() << ")\n";
     if (comment.GetText().empty()) return;
     out << "    " << ReplaceAll(comment.GetText(), "\n", "\n    ") << '\n';
 }

@@ -1,5 +1,7 @@
 #include "host/HomelessWork.h"
 
+#include "host/TagName.h"
+
 #include <algorithm>
 
 namespace paperkite {
@@ -7,8 +9,7 @@ namespace paperkite {
 namespace {
 
 std::string TagOf(const TaggedComment& comment) {
-    const auto definition = comment.GetTaggedCommentDef();
-    std::string tag = definition ? definition->DisplayName : comment.GetTagIdentifier();
+    std::string tag = TagName(comment.GetTagIdentifier());
     if (!comment.GetQualifier().empty()) tag += " " + comment.GetQualifier();
     return tag;
 }

@@ -164,9 +164,10 @@ TEST_F(SafetyJourneyTest, WhatWasBeingTypedWhenTheProgramWasKilledIsOfferedAndRe
     ExpectVersions("Recover");
     OpenAgain();
     EXPECT_TRUE(Contains(mSeen, "Recover Unsaved Comments")) << mSeen;
-    EXPECT_TRUE(Contains(mSeen, "zoo ~ animals ~ Dog|##|New|Unsaved| Unsaved=Half a sent"))
+    EXPECT_TRUE(
+        Contains(mSeen, "zoo ~ animals ~ Dog|General Description|New|Unsaved| Unsaved=Half a sent"))
         << mSeen;
-    EXPECT_TRUE(Contains(mSeen, "##remarks|New|Unsaved| Unsaved=A whole remark.")) << mSeen;
+    EXPECT_TRUE(Contains(mSeen, "Remarks|New|Unsaved| Unsaved=A whole remark.")) << mSeen;
     EXPECT_TRUE(IsTitleMarked());
     EXPECT_EQ(TextOf(kDog, "##"), "Half a sent;");
     EXPECT_EQ(TextOf(kDog, "##remarks"), "A whole remark.;");
@@ -315,8 +316,9 @@ TEST_F(SafetyJourneyTest, TheSameCommentIsShownBothWaysAtSaving) {
     mDialogs.ExpectBox("Merge");
     ExpectVersions("Keep What Is Chosen", Keeping::Theirs);
     EXPECT_TRUE(mWindow->Save());
-    EXPECT_TRUE(Contains(mSeen, "zoo ~ animals ~ Dog|##|Changed on both sides|Both| Mine=Mine. "
-                                "Theirs=Theirs. Before=First."))
+    EXPECT_TRUE(Contains(
+        mSeen, "zoo ~ animals ~ Dog|General Description|Changed on both sides|Both| Mine=Mine. "
+               "Theirs=Theirs. Before=First."))
         << mSeen;
     EXPECT_EQ(TextOf(kDog, "##"), "Theirs.;");
     EXPECT_FALSE(Contains(mFolder.Read("zoo.ktc"), "Mine."));

@@ -178,7 +178,8 @@ TEST_F(TwoWindowsJourneyTest, DescriptionsThatBothWindowsWroteAreShownBothWays) 
             if (push->text().remove('&') == "Decide Later") QTest::mouseClick(push, Qt::LeftButton);
     });
     PressKey(Qt::Key_S, Qt::ControlModifier);
-    EXPECT_TRUE(Contains(seen, "zoo ~ animals ~ Dog|##|Changed on both sides|")) << seen;
+    EXPECT_TRUE(Contains(seen, "zoo ~ animals ~ Dog|General Description|Changed on both sides|"))
+        << seen;
     EXPECT_TRUE(Contains(seen, "Mine.|")) << seen;
     EXPECT_TRUE(Contains(seen, "Theirs.|")) << seen;
     EXPECT_TRUE(Contains(mFolder.Read("zoo.ktc"), "Mine."));

@@ -1,5 +1,6 @@
 #include "host/window/MainWindow.h"
 
+#include "host/TagName.h"
 #include "host/window/SafeKeeping.h"
 #include "host/window/VersionsDialog.h"
 
@@ -62,7 +63,7 @@ VersionsDialog::Words ConflictWords() {
 VersionsDialog::Row RowOf(const MergeConflict& conflict) {
     VersionsDialog::Row row;
     row.Item = QString::fromStdString(conflict.Item);
-    row.Tag = QString::fromStdString(conflict.Tag);
+    row.Tag = QString::fromStdString(TagName(conflict.Tag));
     row.State = !conflict.Ours     ? QObject::tr("Deleted here, changed by them")
                 : !conflict.Theirs ? QObject::tr("Changed here, deleted by them")
                                    : QObject::tr("Changed on both sides");

@@ -1,6 +1,7 @@
 #include "host/window/SafeKeeping.h"
 
 #include "host/StateFolder.h"
+#include "host/TagName.h"
 #include "host/window/VersionsDialog.h"
 
 #include <QFileInfo>
@@ -32,7 +33,7 @@ QString StateOf(const RecoverableComment& comment) {
 VersionsDialog::Row RowOf(const RecoverableComment& comment) {
     VersionsDialog::Row row;
     row.Item = FromText(comment.Entry.Item);
-    row.Tag = FromText(comment.Entry.Tag);
+    row.Tag = FromText(TagName(comment.Entry.Tag));
     row.State = StateOf(comment);
     row.Ours = FromText(comment.Entry.Text);
     if (comment.Present) row.Theirs = FromText(comment.Present->GetText());
@@ -52,8 +53,11 @@ VersionsDialog::Words RecoveryWords(const std::vector<CommentJournal::Contents>&
             .arg(FromText(journals.front().Writer.Begun), FromText(journals.front().Writer.Host));
     if (damaged > 0)
         words.Introduction +=
-            " " + QObject::tr("%n line(s) of what was kept are damaged and could not be read.",
-                              nullptr, static_cast<int>(damaged));
+            " " + (damaged == 1 ? QObject::tr("One line of what was kept is damaged and could not "
+                                              "be read.")
+                                : QObject::tr("%1 lines of what was kept are damaged and could not "
+                                              "be read.")
+                                      .arg(damaged));
     words.Ours = QObject::tr("Unsaved");
     words.Theirs = QObject::tr("In the file");
     words.Base = QObject::tr("In the file then");
@@ -125,9 +129,9 @@ void SafeKeeping::OfferLeftWork(ProjectDocument& project, QWidget* window) {
         if (damaged > 0)
             QMessageBox::warning(
                 window, tr("Recover Unsaved Comments"),
-                tr("Unsaved comments were kept, and all that could be read of them is saved. %n "
-                   "line(s) are damaged; they are in a file beside %1.",
-                   nullptr, static_cast<int>(damaged))
+                tr("Unsaved comments were kept, and all that could be read of them is saved. "
+                   "Damaged lines: %1; they are in a file beside %2.")
+                    .arg(damaged)
                     .arg(FromText(journals.front().Path)));
         mDealtWith = std::move(journals);
         return;
