@@ -88,7 +88,8 @@ TEST_F(HomelessJourneyTest, AnUnknownHomeIsRefusedWithTheNearest) {
 }
 
 TEST_F(HomelessJourneyTest, AdoptingNeedsBothNames) {
-    Refused({"homeless", Project(), "--adopt", "zoo~Dog"});
+    const std::string message = Refused({"homeless", Project(), "--adopt", "zoo~Dog"});
+    EXPECT_TRUE(Contains(message, "--adopt")) << message;
 }
 
 TEST_F(HomelessJourneyTest, AProjectThatAWindowHasOpenIsWrittenAndTheWindowTold) {
