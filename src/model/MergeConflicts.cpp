@@ -5,6 +5,7 @@
 #include "model/XmlWriter.h"
 
 #include <algorithm>
+#include <iterator>
 #include <unordered_map>
 
 namespace paperkite {
@@ -39,25 +40,39 @@ std::string KeyInItem(const XmlElement& comment) {
 class Versions {
 public:
     void Add(const XmlElement& comment, std::size_t place) {
-        mInItem.emplace(KeyInItem(comment), place);
+        mInItem[KeyInItem(comment)].push_back(place);
         mAnywhere[comment.AttributeText(kConflictIdAttribute)].push_back(place);
     }
 
-    /// The place of the version that a comment of theirs belongs to; kNone when it stands alone.
-    /// Items may have comments of the same Id, so that the Id joins only what was moved, which its
-    /// own Id tells.
-    std::size_t PartnerOf(const XmlElement& theirs, const std::vector<Place>& places) const {
-        const auto inItem = mInItem.find(KeyInItem(theirs));
-        if (inItem != mInItem.end()) return inItem->second;
+    bool HasInItem(const XmlElement& theirs) const { return mInItem.contains(KeyInItem(theirs)); }
+
+    /// The place of the version that the comment of theirs at an index belongs to; kNone when it
+    /// stands alone. Items may have comments of the same Id, so that the Id joins only what was
+    /// moved, which its own Id tells; and an item may have several of one Id, each with the other
+    /// version behind it.
+    std::size_t PartnerOf(const XmlElement& theirs, std::size_t index,
+                          const std::vector<Place>& places) const {
+        const auto isFree = [&](std::size_t place) { return places[place].Theirs == kNone; };
+        if (const auto found = mInItem.find(KeyInItem(theirs)); found != mInItem.end()) {
+            const auto& twins = found->second;
+            const auto behind = std::partition_point(
+                twins.begin(), twins.end(), [&](auto place) { return places[place].Ours < index; });
+            const auto nearest = std::find_if(std::reverse_iterator(behind), twins.rend(), isFree);
+            return nearest != twins.rend() ? *nearest : FirstOf(twins, isFree);
+        }
         const auto anywhere = mAnywhere.find(theirs.AttributeText(kConflictIdAttribute));
         if (!IsRenamed(theirs) || anywhere == mAnywhere.end()) return kNone;
-        for (const std::size_t place : anywhere->second)
-            if (places[place].Theirs == kNone) return place;
-        return kNone;
+        return FirstOf(anywhere->second, isFree);
     }
 
 private:
-    std::unordered_map<std::string, std::size_t> mInItem;
+    template <typename Test>
+    static std::size_t FirstOf(const std::vector<std::size_t>& places, const Test& test) {
+        const auto found = std::find_if(places.begin(), places.end(), test);
+        return found == places.end() ? kNone : *found;
+    }
+
+    std::unordered_map<std::string, std::vector<std::size_t>> mInItem;
     std::unordered_map<std::string, std::vector<std::size_t>> mAnywhere;
 };
 
@@ -87,15 +102,11 @@ void FindComments(XmlElement& root, std::vector<Place>& places) {
         NoteVersion(places.emplace_back(), root, index, true);
     }
     // What stayed with its item first: what was moved may take only what is left.
-    std::stable_partition(theirs.begin(), theirs.end(), [&](std::size_t index) {
-        const std::size_t place = ours.PartnerOf(root.Children[index], places);
-        return place != kNone &&
-               places[place].Conflict.Item == root.Children[index].AttributeText("item");
-    });
+    std::stable_partition(theirs.begin(), theirs.end(),
+                          [&](std::size_t index) { return ours.HasInItem(root.Children[index]); });
     for (const std::size_t index : theirs) {
-        const std::size_t place = ours.PartnerOf(root.Children[index], places);
-        const bool isPaired = place != kNone && places[place].Theirs == kNone;
-        NoteVersion(isPaired ? places[place] : places.emplace_back(), root, index, false);
+        const std::size_t place = ours.PartnerOf(root.Children[index], index, places);
+        NoteVersion(place == kNone ? places.emplace_back() : places[place], root, index, false);
     }
     std::stable_sort(places.begin(), places.end(), [](const Place& left, const Place& right) {
         return std::min(left.Ours, left.Theirs) < std::min(right.Ours, right.Theirs);

@@ -262,6 +262,24 @@ TEST(ThreeWayMerge, TwoCommentsOfOneItemAndIdAreBothKept) {
     EXPECT_EQ(merged.Bytes, FileOf({{"a", "1", "one"}, {"a", "1", "TWIN"}, {"b", "2", "new"}}));
 }
 
+TEST(ThreeWayMerge, TwoCommentsOfOneItemAndIdThatBothSidesChangedAreTwoConflicts) {
+    const auto merged = Merge(FileOf({{"a", "1", "one"}, {"a", "1", "two"}}),
+                              FileOf({{"a", "1", "my one"}, {"a", "1", "my two"}}),
+                              FileOf({{"a", "1", "her one"}, {"a", "1", "her two"}}));
+    EXPECT_EQ(merged.Conflicts, 2u);
+    EXPECT_EQ(Conflicts(merged.Bytes),
+              "[a ##: one > my one | her one][a ##: two > my two | her two]");
+    EXPECT_EQ(MergeConflicts::Resolve(merged.Bytes, {Keeping::Theirs, Keeping::Ours}),
+              FileOf({{"a", "1", "her one"}, {"a", "1", "my two"}}));
+}
+
+TEST(ThreeWayMerge, AChangeOfATwinIsNotTakenForThatOfADeletedOne) {
+    const auto merged = Merge(FileOf({{"a", "1", "one"}, {"a", "1", "two"}, {"a", "1", "three"}}),
+                              FileOf({{"a", "1", "my one"}, {"a", "1", "my two"}}),
+                              FileOf({{"a", "1", "one"}, {"a", "1", "her two"}}));
+    EXPECT_EQ(Conflicts(merged.Bytes), "[a ##: two > my two | her two]");
+}
+
 TEST(ThreeWayMerge, ADeletedFileAndAChangedOneGiveTheChange) {
     const auto merged = Merge(kBase, "", FileOf({{"a", "1", "one"}, {"b", "2", "TWO"}}));
     EXPECT_EQ(merged.Conflicts, 1u);
