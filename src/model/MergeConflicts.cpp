@@ -24,57 +24,33 @@ struct Place {
     MergeConflict Conflict;
 };
 
-/// Whether a version was given an Id of its own because the other side's version stands beside it.
-bool IsRenamed(const XmlElement& comment) {
-    return comment.AttributeText("id") ==
-           comment.AttributeText(kConflictIdAttribute) + kTheirsSuffix;
+std::string IdOf(const XmlElement& comment) {
+    return comment.AttributeText("id");
 }
 
-/// What joins the two versions of a comment that stayed with its item.
+std::string ConflictIdOf(const XmlElement& comment) {
+    return comment.AttributeText(kConflictIdAttribute);
+}
+
+/// What joins the two versions of a comment. Items may have comments of the same Id, and an item
+/// several of one Id, so that what agrees in more is joined first.
+using JoinKey = std::string (*)(const XmlElement& comment);
+
+std::string KeyInTag(const XmlElement& comment) {
+    return ConflictIdOf(comment) + "\n" + comment.AttributeText("item") + "\n" +
+           comment.AttributeText("tag");
+}
+
 std::string KeyInItem(const XmlElement& comment) {
-    return comment.AttributeText(kConflictIdAttribute) + "\n" + comment.AttributeText("item") +
-           "\n" + comment.AttributeText("tag");
+    return ConflictIdOf(comment) + "\n" + comment.AttributeText("item");
 }
 
-/// The places of the versions of one side, by what joins them to the other's.
-class Versions {
-public:
-    void Add(const XmlElement& comment, std::size_t place) {
-        mInItem[KeyInItem(comment)].push_back(place);
-        mAnywhere[comment.AttributeText(kConflictIdAttribute)].push_back(place);
-    }
-
-    bool HasInItem(const XmlElement& theirs) const { return mInItem.contains(KeyInItem(theirs)); }
-
-    /// The place of the version that the comment of theirs at an index belongs to; kNone when it
-    /// stands alone. Items may have comments of the same Id, so that the Id joins only what was
-    /// moved, which its own Id tells; and an item may have several of one Id, each with the other
-    /// version behind it.
-    std::size_t PartnerOf(const XmlElement& theirs, std::size_t index,
-                          const std::vector<Place>& places) const {
-        const auto isFree = [&](std::size_t place) { return places[place].Theirs == kNone; };
-        if (const auto found = mInItem.find(KeyInItem(theirs)); found != mInItem.end()) {
-            const auto& twins = found->second;
-            const auto behind = std::partition_point(
-                twins.begin(), twins.end(), [&](auto place) { return places[place].Ours < index; });
-            const auto nearest = std::find_if(std::reverse_iterator(behind), twins.rend(), isFree);
-            return nearest != twins.rend() ? *nearest : FirstOf(twins, isFree);
-        }
-        const auto anywhere = mAnywhere.find(theirs.AttributeText(kConflictIdAttribute));
-        if (!IsRenamed(theirs) || anywhere == mAnywhere.end()) return kNone;
-        return FirstOf(anywhere->second, isFree);
-    }
-
-private:
-    template <typename Test>
-    static std::size_t FirstOf(const std::vector<std::size_t>& places, const Test& test) {
-        const auto found = std::find_if(places.begin(), places.end(), test);
-        return found == places.end() ? kNone : *found;
-    }
-
-    std::unordered_map<std::string, std::vector<std::size_t>> mInItem;
-    std::unordered_map<std::string, std::vector<std::size_t>> mAnywhere;
-};
+/// Whether two versions of one conflict Id may belong together. A version that kept the Id stands
+/// alone, unless the other one was added under an Id of its own.
+bool MayBelong(const XmlElement& ours, const XmlElement& theirs) {
+    const std::string id = ConflictIdOf(theirs);
+    return id.empty() || IdOf(theirs) != id || IdOf(ours) != id;
+}
 
 void NoteVersion(Place& place, XmlElement& root, std::size_t index, bool isOurs) {
     const XmlElement& comment = root.Children[index];
@@ -89,25 +65,49 @@ void NoteVersion(Place& place, XmlElement& root, std::size_t index, bool isOurs)
         place.Conflict.Base = comment.AttributeText(kConflictBaseAttribute);
 }
 
+/// Joins versions of theirs with those of ours that stand alone and have the same key, where there
+/// is one: with the nearest before it, as a merge writes them. Gives what is left.
+std::vector<std::size_t> Join(XmlElement& root, const std::vector<std::size_t>& theirs, JoinKey key,
+                              std::vector<Place>& places) {
+    std::unordered_map<std::string, std::vector<std::size_t>> alone;
+    for (std::size_t place = 0; place < places.size(); ++place)
+        if (places[place].Theirs == kNone)
+            alone[key(root.Children[places[place].Ours])].push_back(place);
+    std::vector<std::size_t> left;
+    for (const std::size_t index : theirs) {
+        const XmlElement& comment = root.Children[index];
+        auto& twins = alone[key(comment)];
+        const auto behind = std::partition_point(
+            twins.begin(), twins.end(), [&](auto place) { return places[place].Ours < index; });
+        const auto isPartner = [&](std::size_t place) {
+            return MayBelong(root.Children[places[place].Ours], comment);
+        };
+        const auto before = std::find_if(std::reverse_iterator(behind), twins.rend(), isPartner);
+        const auto partner = before != twins.rend() ? std::prev(before.base())
+                                                    : std::find_if(behind, twins.end(), isPartner);
+        if (partner == twins.end()) {
+            left.push_back(index);
+            continue;
+        }
+        NoteVersion(places[*partner], root, index, false);
+        twins.erase(partner);
+    }
+    return left;
+}
+
 void FindComments(XmlElement& root, std::vector<Place>& places) {
     std::vector<std::size_t> theirs;
-    Versions ours;
     for (std::size_t index = 0; index < root.Children.size(); ++index) {
         const XmlElement& comment = root.Children[index];
         if (!comment.IsElement() || comment.Name != "comment") continue;
         const std::string side = comment.AttributeText(kConflictAttribute);
         if (side == "theirs") theirs.push_back(index);
-        if (side != "ours") continue;
-        ours.Add(comment, places.size());
-        NoteVersion(places.emplace_back(), root, index, true);
+        if (side == "ours") NoteVersion(places.emplace_back(), root, index, true);
     }
-    // What stayed with its item first: what was moved may take only what is left.
-    std::stable_partition(theirs.begin(), theirs.end(),
-                          [&](std::size_t index) { return ours.HasInItem(root.Children[index]); });
-    for (const std::size_t index : theirs) {
-        const std::size_t place = ours.PartnerOf(root.Children[index], index, places);
-        NoteVersion(place == kNone ? places.emplace_back() : places[place], root, index, false);
-    }
+    for (const JoinKey key : {&KeyInTag, &KeyInItem, &ConflictIdOf})
+        theirs = Join(root, theirs, key, places);
+    for (const std::size_t index : theirs)
+        NoteVersion(places.emplace_back(), root, index, false);
     std::stable_sort(places.begin(), places.end(), [](const Place& left, const Place& right) {
         return std::min(left.Ours, left.Theirs) < std::min(right.Ours, right.Theirs);
     });
