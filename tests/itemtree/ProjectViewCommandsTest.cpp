@@ -116,6 +116,19 @@ TEST_F(ProjectViewCommandsTest, GroupedKeepsTheSelectionThroughTheTreePath) {
     EXPECT_EQ(Selected(), "P~A~Stop");
 }
 
+TEST_F(ProjectViewCommandsTest, UngroupingKeepsTheSelectionOfAnItemInAGroup) {
+    mModel.Def("Test:Method")->GroupInEditing = true;
+    mView.SetGrouped(true);
+    Load();
+    mView.SetAppName("Kite");
+    Open("P");
+    Open("P~A");
+    mView.SelectItem("P~A~Stop");
+    Click("Grouped");
+    EXPECT_FALSE(Has("P~A_Test:Method"));
+    EXPECT_EQ(Selected(), "P~A~Stop");
+}
+
 TEST_F(ProjectViewCommandsTest, AutoExpandDoesNotRebuildTheTree) {
     Load();
     LogEvents();
