@@ -350,12 +350,14 @@ void ProjectView::Clear() {
 }
 
 void ProjectView::ClearNodes() {
-    // The references go first, so that no later key event touches a dead node.
-    CheckNode = nullptr;
-    ReverseCheckNode = nullptr;
-    mLastGroup = nullptr;
-    GetNodes().Clear();
-    Events.NodesCleared.Raise();
+    Procedure(*this, "ClearNodes", [&](Frame&) {
+        // The references go first, so that no later key event touches a dead node.
+        CheckNode = nullptr;
+        ReverseCheckNode = nullptr;
+        mLastGroup = nullptr;
+        GetNodes().Clear();
+        Events.NodesCleared.Raise();
+    });
 }
 
 void ProjectView::LockTreeView() {
