@@ -54,6 +54,16 @@ TEST_F(ProjectViewFaultsTest, AFailingHandlerOfClearedNodesDoesNotKeepTheRootIte
     EXPECT_EQ(Shape(), "Q\n  Q_dummy\n");
 }
 
+TEST_F(ProjectViewFaultsTest, AnItemWithoutAQualifiedNameIsPassedOverQuietly) {
+    Load();
+    mModel.Item("P~B")->Without("QualifiedName");
+    Open("P");
+    EXPECT_EQ(mServices.TakeReports(), "");
+    EXPECT_FALSE(Has("P~B"));
+    EXPECT_TRUE(Has("P~C"));
+    EXPECT_TRUE(mView.tvwProject->GetRedraw());
+}
+
 TEST_F(ProjectViewFaultsTest, TenThousandChildrenLoadInOrder) {
     for (int index = 0; index < 10000; ++index)
         mModel.Add("P~C", "m" + std::to_string(index), "Test:Method", "BlockElement");
