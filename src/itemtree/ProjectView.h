@@ -278,6 +278,8 @@ private:
     void zPassOnEvents();
     void zNoteChange(const char* property);
     bool zToggle(const Ref<DockCommand>& Command);
+    bool zIsEnabled(const char* property, const char* command) const;
+    void zEnable(const char* property, const char* command, bool value);
     void Dock_CommandClick(const Ref<DockCommand>& Command);
     void Dock_ClientResize();
     void zHideToolbarOfCheckedTree();

@@ -157,6 +157,16 @@ TEST_F(ProjectViewCommandsTest, CopyAndPasteAreSwitchedByTheirCommands) {
     }
 }
 
+TEST_F(ProjectViewCommandsTest, ACommandThatTheHostTookAwayIsReportedAndDoesNotEscape) {
+    mView.Dock->Commands.Remove("Paste");
+    EXPECT_NO_THROW(mView.SetPasteCommentsEnabled(true));
+    EXPECT_EQ(mServices.TakeReports(), "ProjectView.PasteCommentsEnabled (5)\n");
+    EXPECT_FALSE(mView.GetPasteCommentsEnabled());
+    EXPECT_EQ(mServices.TakeReports(), "ProjectView.PasteCommentsEnabled (5)\n");
+    EXPECT_NO_THROW(mView.HideEditButtons());
+    EXPECT_EQ(mServices.TakeReports(), "ProjectView.HideEditButtons (5)\n");
+}
+
 TEST_F(ProjectViewCommandsTest, AnEmptyBagGivesTheDefaults) {
     mView.SetSupportsSelection(true);
     mView.SetHighlightCommentedItems(false);
