@@ -127,7 +127,9 @@ void HandleProcedureFailure(const Shielded& owner, const char* procedure,
         modBulwarkSupport::RunTimeErrorNumber = error.GetNumber();
         CaptureError(error);
         VariableDump module;
-        Ignoring([&] { owner.DumpVariables(module); });
+        // A message box shows none of it, and a load of many failing items must not dump all that
+        // its component holds for each of them.
+        if (CurrentServices().CreateErrorComponent) Ignoring([&] { owner.DumpVariables(module); });
         ReportError(error.GetNumber(), owner.ModuleName(), procedure, error.GetDescription(),
                     static_cast<int>(error.GetWhere().line()), frame.LocalDump(), module.GetText(),
                     frame.ParameterDump());

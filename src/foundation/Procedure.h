@@ -15,7 +15,7 @@ public:
     virtual ~Shielded() = default;
     /// The name under which reports know this module, class, control or form.
     virtual const char* ModuleName() const = 0;
-    /// Its module-level variables, in declared order.
+    /// Its module-level variables, in declared order; asked only for an error component.
     virtual void DumpVariables(VariableDump&) const {}
 };
 

@@ -99,11 +99,13 @@ double LeadingNumber(std::string_view text) {
     const auto first = text.find_first_not_of(' ');
     if (first == std::string_view::npos) return 0;
     text.remove_prefix(first);
-    if (text.front() == '+') text.remove_prefix(1);
-    const std::size_t digit = text.starts_with('-') ? 1 : 0;
+    const bool isSigned = text.front() == '+' || text.front() == '-';
+    const std::size_t digit = isSigned ? 1 : 0;
     // The library would read "inf" and "nan" as numbers too.
     if (digit >= text.size() || (text[digit] != '.' && (text[digit] < '0' || text[digit] > '9')))
         return 0;
+    // The library knows no plus sign.
+    if (text.front() == '+') text.remove_prefix(1);
     double value = 0;
     std::from_chars(text.data(), text.data() + text.size(), value);
     return value;

@@ -200,19 +200,32 @@ void ProjectView::SetAppName(const std::string& value) {
 }
 
 bool ProjectView::GetPasteCommentsEnabled() const {
-    return Dock->Commands.Item("Paste")->GetEnabled();
+    return zIsEnabled("PasteCommentsEnabled", "Paste");
 }
 
 void ProjectView::SetPasteCommentsEnabled(bool value) {
-    Dock->Commands.Item("Paste")->SetEnabled(value);
+    zEnable("PasteCommentsEnabled", "Paste", value);
 }
 
 bool ProjectView::GetCopyCommentsEnabled() const {
-    return Dock->Commands.Item("Copy")->GetEnabled();
+    return zIsEnabled("CopyCommentsEnabled", "Copy");
 }
 
 void ProjectView::SetCopyCommentsEnabled(bool value) {
-    Dock->Commands.Item("Copy")->SetEnabled(value);
+    zEnable("CopyCommentsEnabled", "Copy", value);
+}
+
+bool ProjectView::zIsEnabled(const char* property, const char* command) const {
+    return Procedure<bool>(*this, property, [&](bool& result, Frame&) {
+        result = Dock->Commands.Item(command)->GetEnabled();
+    });
+}
+
+void ProjectView::zEnable(const char* property, const char* command, bool value) {
+    Procedure(*this, property, [&](Frame& frame) {
+        Watch watchValue(frame, "value", value);
+        Dock->Commands.Item(command)->SetEnabled(value);
+    });
 }
 
 void ProjectView::SetToolbarStyle(int value) {
@@ -223,8 +236,10 @@ void ProjectView::SetToolbarStyle(int value) {
 }
 
 void ProjectView::HideEditButtons() {
-    for (const char* name : {"Copy", "Paste", "Previous", "Next", "Properties"})
-        Dock->Commands.Item(name)->SetVisible(false);
+    Procedure(*this, "HideEditButtons", [&](Frame&) {
+        for (const char* name : {"Copy", "Paste", "Previous", "Next", "Properties"})
+            Dock->Commands.Item(name)->SetVisible(false);
+    });
 }
 
 Picture ProjectView::Icon(const std::string& Name) const {

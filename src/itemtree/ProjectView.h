@@ -233,7 +233,7 @@ private:
     void zPrepareCodeProject(const Ref<Object>& Item);
     std::string zNodeText(Ref<NamespaceDef>& nd, const Ref<Object>& Item,
                           const Ref<TreeNode>& ParentNode);
-    Ref<TreeNode> zAddNode(const Ref<NamespaceDef>& nd, std::string key, std::string text,
+    Ref<TreeNode> zAddNode(const Ref<NamespaceDef>& nd, const Ref<Object>& Item, std::string text,
                            const Ref<TreeNode>& ParentNode);
     Ref<TreeNode> zGroupNode(const Ref<NamespaceDef>& nd, const Ref<TreeNode>& ParentNode);
     static bool zIsGroupOf(const Ref<TreeNode>& group, const Ref<TreeNode>& ParentNode,
@@ -278,6 +278,8 @@ private:
     void zPassOnEvents();
     void zNoteChange(const char* property);
     bool zToggle(const Ref<DockCommand>& Command);
+    bool zIsEnabled(const char* property, const char* command) const;
+    void zEnable(const char* property, const char* command, bool value);
     void Dock_CommandClick(const Ref<DockCommand>& Command);
     void Dock_ClientResize();
     void zHideToolbarOfCheckedTree();

@@ -97,7 +97,7 @@ void ProjectView::AddNamespaceItem(Ref<NamespaceDef>& nd, const Ref<Object>& Ite
         LockTreeView();
         if (IsType(Item, "CodeProject")) zPrepareCodeProject(Item);
         std::string text = zNodeText(nd, Item, ParentNode);
-        const Ref<TreeNode> node = zAddNode(nd, QualifiedNameOf(Item), std::move(text), ParentNode);
+        const Ref<TreeNode> node = zAddNode(nd, Item, std::move(text), ParentNode);
         if (node) {
             node->SetTag(nd->ItemType);
             zDecorate(node, Item);
@@ -168,22 +168,19 @@ bool ProjectView::zIsGroupOf(const Ref<TreeNode>& group, const Ref<TreeNode>& Pa
            key[above.size()] == '_' && key.ends_with(name);
 }
 
-Ref<TreeNode> ProjectView::zAddNode(const Ref<NamespaceDef>& nd, std::string key, std::string text,
-                                    const Ref<TreeNode>& ParentNode) {
+Ref<TreeNode> ProjectView::zAddNode(const Ref<NamespaceDef>& nd, const Ref<Object>& Item,
+                                    std::string text, const Ref<TreeNode>& ParentNode) {
     Ref<TreeNode> node;
-    if (!ParentNode) {
-        Ignoring([&] {
-            node = GetNodes().Add(nullptr, TreeRelationship::Last, std::move(key), std::move(text),
-                                  nd->ImageKey);
-        });
-        return node;
+    Ref<TreeNode> relative;
+    if (ParentNode) {
+        relative = zIsGroupWanted(nd) ? zGroupNode(nd, ParentNode) : ParentNode;
+        if (!relative) return node;
     }
-    const Ref<TreeNode> relative = zIsGroupWanted(nd) ? zGroupNode(nd, ParentNode) : ParentNode;
-    if (!relative) return node;
-    // An item that the tree shows already is left where it stands.
+    const auto where = relative ? TreeRelationship::Child : TreeRelationship::Last;
+    // An item that the tree shows already is left where it stands, one without a name left out.
     Ignoring([&] {
-        node = GetNodes().Add(relative, TreeRelationship::Child, std::move(key), std::move(text),
-                              nd->ImageKey);
+        node =
+            GetNodes().Add(relative, where, QualifiedNameOf(Item), std::move(text), nd->ImageKey);
     });
     return node;
 }
@@ -350,12 +347,14 @@ void ProjectView::Clear() {
 }
 
 void ProjectView::ClearNodes() {
-    // The references go first, so that no later key event touches a dead node.
-    CheckNode = nullptr;
-    ReverseCheckNode = nullptr;
-    mLastGroup = nullptr;
-    GetNodes().Clear();
-    Events.NodesCleared.Raise();
+    Procedure(*this, "ClearNodes", [&](Frame&) {
+        // The references go first, so that no later key event touches a dead node.
+        CheckNode = nullptr;
+        ReverseCheckNode = nullptr;
+        mLastGroup = nullptr;
+        GetNodes().Clear();
+        Events.NodesCleared.Raise();
+    });
 }
 
 void ProjectView::LockTreeView() {

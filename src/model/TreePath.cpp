@@ -85,8 +85,8 @@ Ref<TreeNode> TreePath::FindSelected(TreeControl& tree) const {
             });
             node = tree.Nodes.Find(key);
         }
-        if (!node) break;
-        found = node;
+        // A group may be gone while its items stand right under their parent.
+        if (node) found = node;
     }
     return found;
 }

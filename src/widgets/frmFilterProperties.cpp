@@ -11,6 +11,10 @@ frmFilterProperties::frmFilterProperties() : Form("frmFilterProperties") {
     mCancel = cmdCancel->Events.Click.Connect([this] { cmdCancel_Click(); });
 }
 
+void frmFilterProperties::DumpVariables(VariableDump& dump) const {
+    dump.Add("mWildcard", mWildcard).Add("mCancelled", mCancelled);
+}
+
 void frmFilterProperties::MakeControls() {
     Header = Controls.Make<FormHeader>("Header");
     Header->SetCaption("Filter Properties");
@@ -54,13 +58,15 @@ void frmFilterProperties::SetWildcard(const std::string& value) {
 }
 
 void frmFilterProperties::cmdOK_Click() {
-    mWildcard = txtWildcard->GetText();
-    mCancelled = false;
-    Hide();
+    Procedure(*this, "cmdOK_Click", [&](Frame&) {
+        mWildcard = txtWildcard->GetText();
+        mCancelled = false;
+        Hide();
+    });
 }
 
 void frmFilterProperties::cmdCancel_Click() {
-    Hide();
+    Procedure(*this, "cmdCancel_Click", [&](Frame&) { Hide(); });
 }
 
 } // namespace paperkite

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/BulwarkSupport.h"
+#include "foundation/Procedure.h"
 #include "widgets/Button.h"
 #include "widgets/Form.h"
 #include "widgets/FormHeader.h"
@@ -16,9 +17,12 @@ namespace paperkite {
 ///     auto form = MakeRef<frmFilterProperties>();
 ///     form->Show(FormMode::Modal);
 ///     if (!form->GetCancelled()) filters.Add(form->GetWildcard());
-class frmFilterProperties : public Form {
+class frmFilterProperties : public Form, public Shielded {
 public:
     frmFilterProperties();
+
+    const char* ModuleName() const override { return "frmFilterProperties"; }
+    void DumpVariables(VariableDump& dump) const override;
 
     /// True unless the author left the dialog with OK.
     bool GetCancelled() const { return mCancelled; }

@@ -234,9 +234,10 @@ bool IsOneOf(const std::string& use, std::initializer_list<const char*> names) {
     return std::any_of(names.begin(), names.end(), [&](const char* name) { return use == name; });
 }
 
-// The tree ignores what it cannot read of an item's looks.
+// The tree ignores what it cannot read of an item's looks, and an item that cannot tell its name.
 bool IsLook(const std::string& use) {
-    return IsOneOf(use, {"Get(Access)", "Get(TaggedComments)", "Get(RootFlag)"});
+    return IsOneOf(use,
+                   {"Get(Access)", "Get(TaggedComments)", "Get(RootFlag)", "Get(QualifiedName)"});
 }
 
 // An item without a description of its own is as good as one with.

@@ -44,12 +44,13 @@ public:
         return std::make_shared<Counters>(Counts);
     }
     std::string CommandLine() override { return Command; }
-    std::string ModuleFilename() override { return "/lib/paperkite"; }
+    std::string ModuleFilename() override { return Module; }
 
     std::vector<std::int32_t> Servers{7};
     bool Answers = true;
     bool Skips = false;
     std::string Command = "paperkite --flag";
+    std::string Module = "/lib/paperkite";
     std::vector<std::string> Log;
     std::map<std::int32_t, int> Counts;
     int NextId = 40;
@@ -104,6 +105,75 @@ TEST_F(InstanceCountTest, AServerThatDoesNotAnswerDoesNotCount) {
     EXPECT_FALSE(modBulwarkSupport::bulwarkEnableInstanceCounts);
     EXPECT_EQ(mServer.Log,
               (std::vector<std::string>{"open #BulwarkInstanceCounting# 10000", "ask 7 100"}));
+}
+
+TEST_F(InstanceCountTest, EachServerIsAskedInTurnAndTheLastThatAnswersCounts) {
+    mServer.Servers = {7, 9};
+    modBulwarkSupport::SetDiagnosticServer(&mServer);
+    modBulwarkSupport::StartUp();
+    EXPECT_EQ(mServer.Log, (std::vector<std::string>{"open #BulwarkInstanceCounting# 10000",
+                                                     "ask 7 100", "ask 9 100"}));
+    EXPECT_EQ(modBulwarkSupport::bulwarkInstanceCountsServerHandle, 9);
+}
+
+TEST_F(InstanceCountTest, StartingAgainForgetsWhatWasCounted) {
+    modBulwarkSupport::SetDiagnosticServer(&mServer);
+    modBulwarkSupport::StartUp();
+    { InstanceCount count("ProjectView", ComponentType::Control); }
+    EXPECT_EQ(modBulwarkSupport::bulwarkInstanceCountComponentNames,
+              std::vector<std::string>{"ProjectView"});
+    mServer.Answers = false;
+    modBulwarkSupport::StartUp();
+    EXPECT_TRUE(modBulwarkSupport::bulwarkInstanceCountComponentNames.empty());
+    EXPECT_TRUE(modBulwarkSupport::bulwarkSkipInstanceCount.empty());
+    EXPECT_EQ(modBulwarkSupport::bulwarkInstanceCountsServerHandle, 0);
+    EXPECT_FALSE(modBulwarkSupport::bulwarkEnableInstanceCounts);
+}
+
+TEST_F(InstanceCountTest, TheLibrarysPathIsCutAtTheLengthOfItsBuffer) {
+    mServer.Module = "/" + std::string(300, 'x');
+    modBulwarkSupport::SetDiagnosticServer(&mServer);
+    modBulwarkSupport::StartUp();
+    EXPECT_EQ(modBulwarkSupport::bulwarkModuleFilename, "/" + std::string(259, 'x'));
+}
+
+TEST_F(InstanceCountTest, TheGlobalValuesAreDumpedInDeclaredOrder) {
+    mServer.Skips = true;
+    modBulwarkSupport::SetDiagnosticServer(&mServer);
+    modBulwarkSupport::StartUp();
+    InstanceCount count("Enums", ComponentType::Class);
+    const std::string dump = modBulwarkSupport::DumpGlobalVariables();
+    std::size_t from = 0;
+    for (const char* element : {"<bulwarkProjectId>11<",
+                                "<bulwarkProcessId>22<",
+                                "<bulwarkModuleFilename>/lib/paperkite<",
+                                "<bulwarkDebugClient>{bulwarkClient}<",
+                                "<bulwarkDebuggerListening>True<",
+                                "<bulwarkEnableInstanceCounts>True<",
+                                "<bulwarkInstanceCountsServerHandle>7<",
+                                "<bulwarkInstanceCountComponentNames>",
+                                "<bulwarkInstanceCountComponentNames Index=\"0\">Enums<",
+                                "<bulwarkSkipInstanceCount>",
+                                "<bulwarkSkipInstanceCount Index=\"0\">True<",
+                                "<bulwarkInstanceCountsMemory>{DataObject}<",
+                                "<bulwarkComponentID><",
+                                "<bulwarkHasInitialised>True<",
+                                "<bulwarkVariableDump><",
+                                "<bulwarkErrorNumber>",
+                                "<bulwarkErrorDescription>",
+                                "<bulwarkErrorLine>",
+                                "<bulwarkErrorSource>",
+                                "<LastPath>",
+                                "<mAppName>"}) {
+        const std::size_t found = dump.find(element, from);
+        ASSERT_NE(found, std::string::npos) << element << "\n" << dump;
+        from = found;
+    }
+    modBulwarkSupport::SetDiagnosticServer(nullptr);
+    modBulwarkSupport::bulwarkInstanceCountComponentNames.clear();
+    EXPECT_NE(modBulwarkSupport::DumpGlobalVariables().find(
+                  "<bulwarkInstanceCountComponentNames>{UnInitialised Array}<"),
+              std::string::npos);
 }
 
 TEST_F(InstanceCountTest, InstancesAreCountedWhileTheyLive) {

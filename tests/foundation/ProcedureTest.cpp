@@ -15,7 +15,10 @@ using Report = ErrorComponent::Report;
 class Component : public Shielded {
 public:
     const char* ModuleName() const override { return "Component"; }
-    void DumpVariables(VariableDump& dump) const override { dump.Add("mCount", mCount); }
+    void DumpVariables(VariableDump& dump) const override {
+        ++mDumps;
+        dump.Add("mCount", mCount);
+    }
 
     int Fail(const std::string& Name, bool setFirst) {
         return Procedure<int>(*this, "Fail", [&](int& result, Frame& frame) {
@@ -47,6 +50,7 @@ public:
     }
 
     int mCount = 3;
+    mutable int mDumps = 0;
 };
 
 class RecordingComponent : public ErrorComponent {
@@ -94,6 +98,14 @@ TEST_F(ProcedureTest, WithoutAnErrorComponentTheReportIsTheMessageBox) {
               "Application Error [critical] Paperkite4Controls has encountered a problem. We are "
               "sorry for the inconvenience.\n\nModule: Component\nProcedure: Fail\nLine Number: " +
                   std::to_string(modBulwarkSupport::bulwarkErrorLine) + "\n\nType mismatch (13)");
+}
+
+TEST_F(ProcedureTest, VariablesAreDumpedOnlyForAnErrorComponent) {
+    mComponent.Fail("x", false);
+    EXPECT_EQ(mComponent.mDumps, 0);
+    InstallErrorComponent();
+    mComponent.Fail("x", false);
+    EXPECT_EQ(mComponent.mDumps, 1);
 }
 
 TEST_F(ProcedureTest, TheLastErrorIsKept) {

@@ -129,6 +129,28 @@ TEST_F(SettingsTest, ASpellingEngineIsConfiguredInTheOrderOfTheSettings) {
                             "CustomDictFile=/common/\\Custom.dct\n");
 }
 
+TEST_F(SettingsTest, ASpellingEngineGetsTheDefaultsWhereNothingIsStored) {
+    StoreCommonPath("C:\\Common");
+    RecordingEngine engine;
+    InitSpellingObject(engine);
+    EXPECT_EQ(engine.Given, "OptionBtnCaption=Options...\n"
+                            "Suggest=1 number\n"
+                            "IgnoreInUpperCase=1 number\n"
+                            "IgnoreWithNumbers=1 number\n"
+                            "IgnoreInMixedCase=0 number\n"
+                            "MainDictFile=C:\\Common\\Brindlewick.dct\n"
+                            "CustomDictFile=C:\\Common\\Custom.dct\n");
+}
+
+TEST_F(SettingsTest, StoredDictionariesReplaceTheDefaults) {
+    Store(std::string(kKey) + "\\Spelling", "PrimaryDictionary", "/main.dct");
+    Store(std::string(kKey) + "\\Spelling", "CustomDictionary", "/own.dct");
+    RecordingEngine engine;
+    InitSpellingObject(engine);
+    EXPECT_TRUE(engine.Given.ends_with("MainDictFile=/main.dct\nCustomDictFile=/own.dct\n"))
+        << engine.Given;
+}
+
 TEST_F(SettingsTest, TheFolderBrowserStartsWhereTheLastOneEnded) {
     auto browser = std::make_shared<RecordingBrowser>("/chosen");
     CurrentServices().CreateFolderBrowser = [&] { return browser; };

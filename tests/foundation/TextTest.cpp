@@ -12,7 +12,7 @@ TEST(Text, ALeadingNumberEndsWhereTheDigitsEnd) {
 }
 
 TEST(Text, ATextThatBeginsWithSomethingElseReadsZero) {
-    for (const char* text : {"", " ", "x1", "inf", "nan", "-", "-x", "+"})
+    for (const char* text : {"", " ", "x1", "inf", "nan", "-", "-x", "+", "+-5", "-+5", "--5"})
         EXPECT_EQ(LeadingNumber(text), 0) << text;
 }
 

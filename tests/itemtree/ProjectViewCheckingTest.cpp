@@ -265,6 +265,60 @@ TEST_F(ProjectViewCheckingTest, AnItemThatTheModelLostIsReportedOnce) {
     EXPECT_EQ(Exclusions(), "P~A~Stop");
 }
 
+TEST_F(ProjectViewCheckingTest, SiblingsWithoutFlagsAreExcludedQuietly) {
+    mView.GetExclusions()->Add("P~A", "P~A");
+    Load();
+    Open("P");
+    Open("P~A");
+    mModel.Item("P~A~Stop")->Without("IncludeFlag");
+    mModel.Item("P~A")->Without("ExcludeFlag");
+    mModel.Provider->Items.erase("P~A~Size");
+    Click("P~A~Run");
+    EXPECT_EQ(mServices.TakeReports(), "");
+    EXPECT_EQ(Exclusions(), "P~A~Stop P~A~Size");
+    EXPECT_TRUE(mModel.Item("P~A~Stop")->Flag("ExcludeFlag"));
+    EXPECT_TRUE(mModel.Item("P~A")->Flag("IncludeFlag"));
+}
+
+TEST_F(ProjectViewCheckingTest, ATickedItemWithoutFlagsIsReportedOnce) {
+    mModel.Item("P~A~Run")->Without("IncludeFlag");
+    Click("P~A~Run");
+    EXPECT_EQ(mServices.TakeReports(), "ProjectView.NodeChecked (438)\n");
+    EXPECT_FALSE(Node("P~A~Run")->GetChecked());
+    EXPECT_EQ(Exclusions(), "");
+}
+
+TEST_F(ProjectViewCheckingTest, SiblingsWithoutARootFlagDoNotKeepOthersFromBeingMarked) {
+    mModel.Item("P~A")->Without("RootFlag");
+    mModel.Provider->Items.erase("P~C");
+    Node("P~C")->SetBold(true);
+    mView.SetRoot(Node("P~B"), true);
+    EXPECT_EQ(mServices.TakeReports(), "");
+    EXPECT_EQ(Flags("P~B"), "i-r");
+    EXPECT_FALSE(Node("P~C")->GetBold());
+}
+
+TEST_F(ProjectViewCheckingTest, SetRootOfNothingClearsEveryTopLevelItem) {
+    mView.LoadFromNamespaceRootItem(mModel.Defs, mModel.Add("", "Q", "Test:Project", "Library"));
+    for (const char* name : {"P", "Q"}) {
+        mModel.Item(name)->With("RootFlag", true);
+        Node(name)->SetBold(true);
+    }
+    mView.SetRoot(nullptr, true);
+    for (const char* name : {"P", "Q"}) {
+        EXPECT_FALSE(mModel.Item(name)->Flag("RootFlag")) << name;
+        EXPECT_FALSE(Node(name)->GetBold()) << name;
+    }
+}
+
+TEST_F(ProjectViewCheckingTest, CheckByAccessLeavesAnItemThatTheModelLostAlone) {
+    mModel.Provider->Items.erase("P~B");
+    mView.CheckByAccess("Private");
+    EXPECT_EQ(mServices.TakeReports(), "");
+    EXPECT_TRUE(Node("P~B")->GetChecked());
+    EXPECT_FALSE(Node("P~C")->GetChecked());
+}
+
 TEST_F(ProjectViewCheckingTest, InEditingATickWritesNothing) {
     mView.SetSupportsSelection(false);
     Load();

@@ -116,6 +116,19 @@ TEST_F(ProjectViewCommandsTest, GroupedKeepsTheSelectionThroughTheTreePath) {
     EXPECT_EQ(Selected(), "P~A~Stop");
 }
 
+TEST_F(ProjectViewCommandsTest, UngroupingKeepsTheSelectionOfAnItemInAGroup) {
+    mModel.Def("Test:Method")->GroupInEditing = true;
+    mView.SetGrouped(true);
+    Load();
+    mView.SetAppName("Kite");
+    Open("P");
+    Open("P~A");
+    mView.SelectItem("P~A~Stop");
+    Click("Grouped");
+    EXPECT_FALSE(Has("P~A_Test:Method"));
+    EXPECT_EQ(Selected(), "P~A~Stop");
+}
+
 TEST_F(ProjectViewCommandsTest, AutoExpandDoesNotRebuildTheTree) {
     Load();
     LogEvents();
@@ -142,6 +155,16 @@ TEST_F(ProjectViewCommandsTest, CopyAndPasteAreSwitchedByTheirCommands) {
         EXPECT_EQ(mView.GetCopyCommentsEnabled(), value);
         EXPECT_EQ(mView.GetPasteCommentsEnabled(), !value);
     }
+}
+
+TEST_F(ProjectViewCommandsTest, ACommandThatTheHostTookAwayIsReportedAndDoesNotEscape) {
+    mView.Dock->Commands.Remove("Paste");
+    EXPECT_NO_THROW(mView.SetPasteCommentsEnabled(true));
+    EXPECT_EQ(mServices.TakeReports(), "ProjectView.PasteCommentsEnabled (5)\n");
+    EXPECT_FALSE(mView.GetPasteCommentsEnabled());
+    EXPECT_EQ(mServices.TakeReports(), "ProjectView.PasteCommentsEnabled (5)\n");
+    EXPECT_NO_THROW(mView.HideEditButtons());
+    EXPECT_EQ(mServices.TakeReports(), "ProjectView.HideEditButtons (5)\n");
 }
 
 TEST_F(ProjectViewCommandsTest, AnEmptyBagGivesTheDefaults) {

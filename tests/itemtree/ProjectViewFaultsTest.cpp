@@ -36,6 +36,34 @@ TEST_F(ProjectViewFaultsTest, AProjectThatIsGoneIsReportedOnce) {
     EXPECT_EQ(mView.GetNodes().Count(), 0u);
 }
 
+TEST_F(ProjectViewFaultsTest, AFailingHandlerOfClearedNodesDoesNotKeepTheRootItems) {
+    Load();
+    {
+        const auto tie =
+            mView.Events.NodesCleared.Connect([] { RaiseError(ErrorNumber::PermissionDenied); });
+        mView.Clear();
+        EXPECT_EQ(mServices.TakeReports(), "ProjectView.ClearNodes (70)\n");
+    }
+    const auto other = mModel.Add("", "Q", "Test:Project", "Library");
+    mView.LoadFromNamespaceRootItem(mModel.Defs, other);
+    int rebuilt = 0;
+    const auto tie = mView.Events.NodesCleared.Connect([&] { ++rebuilt; });
+    mView.Refresh();
+    // Once before the roots are loaded, and once for the one root.
+    EXPECT_EQ(rebuilt, 2);
+    EXPECT_EQ(Shape(), "Q\n  Q_dummy\n");
+}
+
+TEST_F(ProjectViewFaultsTest, AnItemWithoutAQualifiedNameIsPassedOverQuietly) {
+    Load();
+    mModel.Item("P~B")->Without("QualifiedName");
+    Open("P");
+    EXPECT_EQ(mServices.TakeReports(), "");
+    EXPECT_FALSE(Has("P~B"));
+    EXPECT_TRUE(Has("P~C"));
+    EXPECT_TRUE(mView.tvwProject->GetRedraw());
+}
+
 TEST_F(ProjectViewFaultsTest, TenThousandChildrenLoadInOrder) {
     for (int index = 0; index < 10000; ++index)
         mModel.Add("P~C", "m" + std::to_string(index), "Test:Method", "BlockElement");

@@ -20,6 +20,28 @@ TEST_F(ProjectViewLoadingTest, ARootComesWithAPlaceholderForItsChildren) {
     EXPECT_EQ(mServices.TakeReports(), "");
 }
 
+TEST_F(ProjectViewLoadingTest, NothingIsFetchedBeforeItsNodeOpens) {
+    mView.LoadFromNamespaceDefs(mModel.Defs, "moniker", true);
+    EXPECT_EQ(mModel.Log.Take().find("GetItems("), std::string::npos);
+    Open("P");
+    const std::string log = mModel.Log.Take();
+    EXPECT_NE(log.find("GetItems(Test:Class,P,"), std::string::npos);
+    EXPECT_EQ(log.find("GetItems(Test:Method"), std::string::npos);
+    Open("P~B");
+    EXPECT_EQ(mModel.Log.Take().find(",P~A,"), std::string::npos);
+}
+
+TEST_F(ProjectViewLoadingTest, ANewTreeIsEmptyAndExcludesNothing) {
+    ASSERT_TRUE(mView.GetExclusions());
+    EXPECT_EQ(mView.GetExclusions()->Count(), 0u);
+    EXPECT_TRUE(mView.GetHighlightCommentedItems());
+    EXPECT_FALSE(mView.GetSupportsSelection());
+    EXPECT_FALSE(mView.OnlyTopicItems);
+    EXPECT_FALSE(mView.GetShowInherited());
+    EXPECT_FALSE(mView.GetNamespaceDefs());
+    EXPECT_EQ(mView.GetNodes().Count(), 0u);
+}
+
 TEST_F(ProjectViewLoadingTest, OpeningANodeFetchesItsChildrenOnce) {
     Load();
     mServices.Pointer->Pointers.clear();
@@ -438,6 +460,16 @@ TEST_F(ProjectViewLoadingTest, ARootThatIsLoadedTwiceIsShownOnce) {
     EXPECT_EQ(Shape(), "P\n  P_dummy\n");
     EXPECT_TRUE(mView.tvwProject->GetRedraw());
     EXPECT_EQ(mServices.TakeReports(), "");
+}
+
+TEST_F(ProjectViewLoadingTest, ARootThatIsLoadedTwiceIsHeldOnce) {
+    for (int pass = 0; pass < 2; ++pass)
+        mView.LoadFromNamespaceDefs(mModel.Defs, "moniker");
+    int cleared = 0;
+    const auto tie = mView.Events.NodesCleared.Connect([&] { ++cleared; });
+    mView.Refresh();
+    // Once before the roots are loaded, and once for the one root.
+    EXPECT_EQ(cleared, 2);
 }
 
 TEST_F(ProjectViewLoadingTest, WithoutClearRootsJoinAndDefinitionsAreNotReplaced) {

@@ -93,6 +93,14 @@ TEST(TreePath, WhatIsGoneIsPassedOverAndItsParentSelected) {
     EXPECT_EQ(tree.Selected(), "root");
 }
 
+TEST(TreePath, ASelectionIsFoundWhereAStepInBetweenIsGone) {
+    const TreePath path = TreePath::FromText("open:root\nselected:root\nselected:root_group\n"
+                                             "selected:root~a\n");
+    LazyTree tree;
+    path.Apply(*tree.Tree);
+    EXPECT_EQ(tree.Selected(), "root~a");
+}
+
 TEST(TreePath, ASelectionInAClosedParentIsFoundAgain) {
     const TreePath path = TreePath::FromText("open:root\nselected:root\nselected:root~a\n"
                                              "selected:root~a~a\n");

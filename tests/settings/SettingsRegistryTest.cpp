@@ -4,6 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <csignal>
+#include <filesystem>
+
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -56,7 +60,58 @@ int StatusOf(pid_t process) {
     return status;
 }
 
+/// Another process that writes without end, and tells the number of each value that is written.
+pid_t EndlessWriter(const TemporaryFolder& folder, int told) {
+    const pid_t process = ::fork();
+    if (process != 0) return process;
+    try {
+        SettingsRegistry registry(folder / "user.ini", folder / "machine.ini");
+        for (int index = 0;; ++index) {
+            registry.WriteValue(HKEY_CURRENT_USER, kKey, "Value" + std::to_string(index),
+                                kRegistryString, "written");
+            if (::write(told, &index, sizeof index) != sizeof index) break;
+        }
+    } catch (...) {}
+    ::_exit(1);
+}
+
 } // namespace
+
+TEST_F(SettingsRegistryTest, AWriterThatIsKilledLosesNothingAndKeepsNobodyFromWriting) {
+    int last = -1;
+    for (int round = 0; round < 8; ++round) {
+        int ends[2];
+        ASSERT_EQ(::pipe(ends), 0);
+        const pid_t writer = EndlessWriter(mFolder, ends[1]);
+        ::close(ends[1]);
+        // Each writer is cut off somewhere else in its work.
+        int written = -1;
+        for (int wanted = 0; wanted <= round; ++wanted)
+            ASSERT_EQ(::read(ends[0], &written, sizeof written),
+                      static_cast<ssize_t>(sizeof written));
+        ::usleep(static_cast<useconds_t>(97 * round));
+        ::kill(writer, SIGKILL);
+        const int status = StatusOf(writer);
+        ASSERT_TRUE(WIFSIGNALED(status));
+        ::close(ends[0]);
+        last = std::max(last, written);
+        for (int index = 0; index <= last; ++index)
+            EXPECT_EQ(Read(kKey, "Value" + std::to_string(index)), "written") << index;
+        Write(kKey, "Mine", std::to_string(round));
+        SettingsRegistry other(mFolder / "user.ini", mFolder / "machine.ini");
+        EXPECT_EQ(TextOf(other, kKey, "Mine"), std::to_string(round));
+        EXPECT_EQ(TextOf(other, kKey, "Value0"), "written");
+    }
+}
+
+TEST_F(SettingsRegistryTest, ALockThatNobodyHoldsKeepsNobodyFromWriting) {
+    // Left by a program that was killed before it could say whose lock it is.
+    mFolder.Write("user.ini.lock", "");
+    Write(kKey, "Value", "1");
+    SettingsRegistry other(mFolder / "user.ini", mFolder / "machine.ini");
+    EXPECT_EQ(TextOf(other, kKey, "Value"), "1");
+    EXPECT_FALSE(std::filesystem::exists(mFolder / "user.ini.lock"));
+}
 
 TEST_F(SettingsRegistryTest, AValueIsReadBackByAnotherRegistry) {
     Write(kKey, "ViewSplitterPercentage", "40");

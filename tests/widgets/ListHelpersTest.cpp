@@ -1,5 +1,7 @@
 #include "widgets/ListHelpers.h"
 
+#include "widgets/DockHost.h"
+
 #include <gtest/gtest.h>
 
 namespace paperkite {
@@ -65,6 +67,24 @@ TEST_F(ListHelpersTest, CheckListItemTicksNothingForAnUnknownText) {
     CheckListItem(mList, "TWO");
     EXPECT_EQ(Ticks(), "....");
     EXPECT_EQ(mList.GetListIndex(), 0);
+}
+
+TEST_F(ListHelpersTest, ACommandIsWrittenOnlyWhereItsStateDiffers) {
+    DockHost dock("Dock");
+    const auto command = dock.Commands.AddCheck("Grouped", "Grouped");
+    int told = 0;
+    const auto tie = dock.Events.CommandCheck.Connect([&](const auto&) { ++told; });
+    SetCommandChecked(*command, false);
+    EXPECT_FALSE(GetCommandChecked(*command));
+    EXPECT_EQ(told, 0);
+    SetCommandChecked(*command, true);
+    SetCommandChecked(*command, true);
+    EXPECT_TRUE(GetCommandChecked(*command));
+    EXPECT_EQ(command->GetChecked(), 1);
+    EXPECT_EQ(told, 1);
+    SetCommandChecked(*command, false);
+    EXPECT_EQ(command->GetChecked(), 0);
+    EXPECT_EQ(told, 2);
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "widgets/frmFilterProperties.h"
 
+#include "support/ScriptedServices.h"
+
 #include <gtest/gtest.h>
 
 namespace paperkite {
@@ -57,6 +59,27 @@ TEST(frmFilterPropertiesTest, ShowingItAgainAfterOKIsCancelledUntilTheNextOK) {
     form.SetRunner([&](Form&, FormMode) { form.UserCloseBox(); });
     form.Show(FormMode::Modal);
     EXPECT_TRUE(form.GetCancelled());
+}
+
+TEST(frmFilterPropertiesTest, AFailingHandlerOfItsHidingIsReportedAndDoesNotEscape) {
+    const test::ScriptedServices services;
+    frmFilterProperties form;
+    const auto tie = form.Events.Hidden.Connect([] { RaiseError(ErrorNumber::PermissionDenied); });
+    form.SetRunner([&](Form&, FormMode) {
+        form.txtWildcard->UserType("Get*");
+        EXPECT_NO_THROW(form.UserEnter());
+    });
+    form.Show(FormMode::Modal);
+    EXPECT_FALSE(form.GetCancelled());
+    EXPECT_EQ(form.GetWildcard(), "Get*");
+    form.SetRunner([&](Form&, FormMode) { EXPECT_NO_THROW(form.UserEscape()); });
+    form.Show(FormMode::Modal);
+    EXPECT_TRUE(form.GetCancelled());
+    ASSERT_EQ(services.Messages->Shown.size(), 2u);
+    EXPECT_NE(
+        services.Messages->Shown[0].find("Module: frmFilterProperties\nProcedure: cmdOK_Click\n"),
+        std::string::npos);
+    EXPECT_NE(services.Messages->Shown[1].find("Procedure: cmdCancel_Click\n"), std::string::npos);
 }
 
 } // namespace

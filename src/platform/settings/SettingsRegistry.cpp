@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QLockFile>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QString>
@@ -31,6 +32,18 @@ QString KeyOf(const std::string& keyPath, const std::string& name) {
     for (const QString& step : steps)
         key += Step(step) + QLatin1Char('/');
     return key + Step(FromText(name));
+}
+
+// A program that was killed while it wrote may leave a lock that does not say whose it is; the
+// store itself would wait for half a minute until it takes such a lock for abandoned. The system
+// still guards a lock that a living program holds.
+void RemoveAbandonedLock(const QSettings& store) {
+    const QString path = store.fileName() + QLatin1String(".lock");
+    if (store.format() != QSettings::IniFormat || !QFileInfo::exists(path)) return;
+    constexpr int kAbandonedAfter = 1000;
+    QLockFile lock(path);
+    lock.setStaleLockTime(kAbandonedAfter);
+    lock.tryLock(4 * kAbandonedAfter);
 }
 
 #ifdef Q_OS_WIN
@@ -92,6 +105,7 @@ void SettingsRegistry::WriteValue(RegistryHive root, const std::string& keyPath,
                                   const std::string& name, int, const std::string& value) {
     QSettings& store = mStores->Fresh(root);
     store.setValue(KeyOf(keyPath, name), FromText(value));
+    RemoveAbandonedLock(store);
     store.sync();
     // A file that was damaged when it was read stays called so, and is whole by now.
     if (store.status() == QSettings::AccessError || !store.isWritable())
