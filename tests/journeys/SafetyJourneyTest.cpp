@@ -7,6 +7,7 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
@@ -16,6 +17,7 @@
 #include <chrono>
 #include <csignal>
 #include <filesystem>
+#include <fstream>
 #include <thread>
 
 #include <sys/wait.h>
@@ -61,6 +63,8 @@ protected:
     void ExpectVersions(const std::string& button, std::optional<Keeping> choice = {}) {
         mDialogs.ExpectBehindProgress([this, button, choice](QDialog& dialog) {
             mSeen = dialog.windowTitle().toStdString() + "\n";
+            for (const auto* label : dialog.findChildren<QLabel*>())
+                if (label->text().endsWith('.')) mSeen += label->text().toStdString() + "\n";
             auto* list = dialog.findChild<QTreeWidget*>();
             if (!list) {
                 ADD_FAILURE() << mSeen << "shows no versions";
@@ -102,6 +106,16 @@ protected:
         if (!fs::exists(folder)) return 0;
         return static_cast<std::size_t>(
             std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
+    }
+    /// Spoils the line of a text in what was kept.
+    void DamageJournal(const std::string& text) {
+        for (const auto& [name, bytes] : FilesBelow(JournalFolder())) {
+            const std::size_t place = bytes.find(text);
+            ASSERT_NE(place, std::string::npos) << bytes;
+            std::string damaged = bytes;
+            damaged[place] = 'd';
+            std::ofstream(JournalFolder() + "/" + name, std::ios::binary) << damaged;
+        }
     }
     /// Ends the window as a process that is killed would: without asking and without saving.
     void LoseTheWindow() {
@@ -222,6 +236,43 @@ TEST_F(SafetyJourneyTest, AStoredCommentThatChangedMeanwhileIsShownBesideTheUnsa
                                 "In the file then=First."))
         << mSeen;
     EXPECT_EQ(TextOf(kDog, "##"), "Theirs.;Mine.;");
+}
+
+TEST_F(SafetyJourneyTest, WhatIsWholeInADamagedJournalIsOfferedAndWhatIsNotIsTold) {
+    OpenAtDog();
+    WriteComment("##", "Whole.");
+    WriteComment("##remarks", "Damaged.");
+    LoseTheWindow();
+    DamageJournal("Damaged.");
+    ExpectVersions("Recover");
+    OpenAgain();
+    EXPECT_TRUE(Contains(mSeen, "One line of what was kept is damaged and could not be read."))
+        << mSeen;
+    EXPECT_TRUE(Contains(mSeen, "Unsaved=Whole.")) << mSeen;
+    EXPECT_FALSE(Contains(mSeen, "Unsaved=damaged.")) << mSeen;
+    EXPECT_EQ(TextOf(kDog, "##"), "Whole.;");
+    EXPECT_EQ(TextOf(kDog, "##remarks"), "");
+    // Somebody may still be able to read it.
+    std::string kept;
+    for (const auto& [name, bytes] : FilesBelow(JournalFolder()))
+        if (name.ends_with(".damaged")) kept += bytes;
+    EXPECT_TRUE(Contains(kept, "damaged.\"")) << kept;
+}
+
+TEST_F(SafetyJourneyTest, AJournalInWhichNothingIsWholeIsToldOnce) {
+    OpenAtDog();
+    WriteComment("##", "Damaged.");
+    LoseTheWindow();
+    DamageJournal("Damaged.");
+    mDialogs.ExpectBox("OK");
+    OpenAgain();
+    EXPECT_TRUE(Contains(mDialogs.GetText(), "Damaged lines: 1;")) << mDialogs.GetText();
+    EXPECT_EQ(TextOf(kDog, "##"), "");
+    EXPECT_FALSE(IsTitleMarked());
+    mWindow.reset();
+    Start();
+    OpenAgain();
+    EXPECT_EQ(TextOf(kDog, "##"), "");
 }
 
 TEST_F(SafetyJourneyTest, ClosingOnPurposeLeavesNothingBehind) {
