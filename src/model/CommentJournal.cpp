@@ -268,6 +268,9 @@ CommentJournal::Contents CommentJournal::Read(const std::string& bytes) {
             unsaved[key] = std::move(entry);
         } else if (element->Name == "settled") {
             unsaved.erase(Key(element->AttributeText("item"), element->AttributeText("id")));
+        } else {
+            // A newer program may have meant a comment by it.
+            ++contents.DamagedLines;
         }
     }
     for (auto& [key, entry] : unsaved)

@@ -1,6 +1,7 @@
 #include "model/CommentJournal.h"
 
 #include "model/CommentRecovery.h"
+#include "model/JournalLine.h"
 #include "model/ProcessIdentity.h"
 #include "support/NarrowWorld.h"
 #include "support/TemporaryFolder.h"
@@ -303,6 +304,20 @@ TEST(CommentJournal, ATailOfZerosIsNoComment) {
     const std::string path = LeaveBehind(folder, {{Entry("a", "1", "one")}});
     SetBytes(path, BytesOf(path) + std::string(4096, '\0'));
     EXPECT_EQ(Text(LeftIn(folder).at(0).Entries), "[a#1 - > one]");
+}
+
+TEST(CommentJournal, WhatANewerProgramKeptIsToldAndNotThrownAway) {
+    const TemporaryFolder folder;
+    const std::string path = LeaveBehind(folder, {{Entry("a", "1", "one")}});
+    XmlElement later = XmlElement::Named("unsavedpage");
+    later.With("item", "b");
+    const std::string header = BytesOf(path).substr(0, BytesOf(path).find('\n') + 1);
+    SetBytes(path, header + JournalLine::Write(later));
+    EXPECT_TRUE(CommentJournal::HasLeftOver(folder / "state", kProject));
+    ASSERT_EQ(LeftIn(folder).size(), 1u);
+    EXPECT_EQ(LeftIn(folder)[0].DamagedLines, 1u);
+    CommentJournal::Discard(LeftIn(folder)[0]);
+    EXPECT_TRUE(fs::exists(path + ".damaged"));
 }
 
 // Recovering
