@@ -47,8 +47,8 @@ std::string Told(const Entries& entries) {
 /// A line that says what this version of the program understands.
 bool IsUnderstood(const std::string& line) {
     const auto element = JournalLine::Read(line);
-    return element && (element->Name == "journal" || element->Name == "unsaved" ||
-                       element->Name == "settled");
+    return element &&
+           (element->Name == "journal" || element->Name == "unsaved" || element->Name == "settled");
 }
 
 /// Damaged lines take nothing else along.

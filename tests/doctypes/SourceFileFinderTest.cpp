@@ -108,6 +108,26 @@ TEST(SourceFileFinder, UnreadableFoldersAndFilesAreToldOf) {
     EXPECT_EQ(found.Warnings.size(), 2u);
 }
 
+TEST(SourceFileFinder, AFolderThatGoesDuringTheWalkIsNoEmptyFolder) {
+    SourceTree tree;
+    for (int i = 0; i < 200; ++i) {
+        tree.Write("d/f" + std::to_string(i) + ".c", "int a;");
+    }
+    for (const std::size_t enough : {std::size_t{0}, std::size_t{60}}) {
+        SourceTree copy;
+        fs::copy(tree.Folder(), copy.Folder(), fs::copy_options::recursive);
+        const FoundFiles found = SourceFileFinder(copy.Folder()).Find([&](std::size_t filesFound) {
+            if (filesFound >= enough) {
+                fs::remove_all(copy.Folder());
+            }
+            return true;
+        });
+        EXPECT_EQ(found.Outcome.Message, "The source folder \"" + copy.Folder() +
+                                             "\" does not exist. Choose a folder that does.");
+        EXPECT_TRUE(found.Files.empty());
+    }
+}
+
 TEST(SourceFileFinder, StopsWhenTold) {
     SourceTree tree;
     tree.Write("a.c", "").Write("b.c", "");

@@ -396,7 +396,38 @@ TEST_F(SafetyJourneyTest, AConflictThatIsLeftForLaterIsInTheFileBothWays) {
     EXPECT_FALSE(Contains(mFolder.Read("zoo.ktc"), "conflict"));
 }
 
-// Missing files
+// Damaged and missing files
+
+TEST_F(SafetyJourneyTest, ADamagedSettingsFileDoesNotHinderTheWork) {
+    OpenProject();
+    mWindow->resize(900, 640);
+    mWindow.reset();
+    const std::string whole = mFolder.Read("settings/user.ini");
+    ASSERT_TRUE(Contains(whole, "=900")) << whole;
+    std::string absurd;
+    for (const char character : whole)
+        absurd += absurd.ends_with('=') ? std::string("-99999999999999999999") + character
+                                        : std::string(1, character);
+    const std::string noise("\xFF\xFE[\0=@Invalid(", 14);
+    for (const std::string& bytes : {absurd, whole.substr(0, whole.size() / 2) + noise,
+                                     noise + whole, std::string(100000, '[')}) {
+        mFolder.Write("settings/user.ini", bytes);
+        Start();
+        OpenAgain();
+        EXPECT_TRUE(IsShown("zoo"));
+        EXPECT_GE(mWindow->width(), 400);
+        EXPECT_LE(mWindow->width(), 8192);
+        SelectDog();
+        WriteComment("##", "Text.");
+        EXPECT_TRUE(mWindow->Save());
+        Editor().DeleteCommentItem(FindRow("##", false)->GetKey());
+        EXPECT_TRUE(mWindow->Save());
+        // What the author sets now is kept again.
+        mWindow->resize(880, 640);
+        Start();
+        EXPECT_EQ(mWindow->width(), 880);
+    }
+}
 
 TEST_F(SafetyJourneyTest, AMissingContentFileIsToldAndTheProjectOpens) {
     MakeProject();

@@ -129,6 +129,12 @@ FoundFiles SourceFileFinder::Find(const Progress& progress) const {
     if (walk.isCancelled) {
         walk.found.Outcome =
             ScanOutcome::Cancellation("The search for source files was cancelled.");
+        return std::move(walk.found);
+    }
+    // A folder that went during the walk would look like one from which all files were taken.
+    walk.found.Outcome = CheckFolder();
+    if (!walk.found.Outcome.IsDone()) {
+        walk.found.Files.clear();
     }
     return std::move(walk.found);
 }
