@@ -44,13 +44,20 @@ std::string Told(const Entries& entries) {
     return text;
 }
 
+/// A line that says what this version of the program understands.
+bool IsUnderstood(const std::string& line) {
+    const auto element = JournalLine::Read(line);
+    return element &&
+           (element->Name == "journal" || element->Name == "unsaved" || element->Name == "settled");
+}
+
 /// Damaged lines take nothing else along.
 void RequireTheWholeLines(const std::string& bytes, const CommentJournal::Contents& contents) {
     std::string whole;
     std::size_t damaged = 0;
     for (const std::string& line : LinesOf(bytes)) {
         if (line.empty()) continue;
-        if (JournalLine::Read(line))
+        if (IsUnderstood(line))
             whole += line + '\n';
         else
             ++damaged;

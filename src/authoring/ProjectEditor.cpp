@@ -176,7 +176,7 @@ void ProjectEditor::zLoadItem(const Ref<TreeNode>& Node, Ref<NamespaceDef>& nd,
     cEditor.Load(nd, obj, Project.GetCurrentRootItem(), Project.Icon(shown->GetImage()),
                  shown->GetText());
     SetEditFocus();
-    if (mWrapper) zCallWrapper("unlockrefreshabsolute");
+    if (mWrapper) mWrapper->Call("unlockrefreshabsolute", {});
 }
 
 void ProjectEditor::zUpdatePasteState() {

@@ -143,20 +143,26 @@ int CommentJournal::Begin() {
 }
 
 int CommentJournal::Append(const std::string& lines) {
-    if (!WriteAll(mDescriptor, lines) || ::fdatasync(mDescriptor) != 0) return errno;
-    mSize += lines.size();
-    return 0;
+    if (WriteAll(mDescriptor, lines) && ::fdatasync(mDescriptor) == 0) {
+        mSize += lines.size();
+        return 0;
+    }
+    const int error = errno;
+    // A line that was cut off must not swallow the next one; on a full disk this takes no room.
+    static_cast<void>(!::ftruncate(mDescriptor, static_cast<off_t>(mSize)));
+    return error;
 }
 
 std::optional<FileProblem> CommentJournal::Write(const std::vector<JournalEntry>& entries) {
     std::map<Key, JournalEntry> wanted;
     for (const JournalEntry& entry : entries)
         wanted.emplace(Key(entry.Item, entry.Id), entry);
-    if (wanted == mWritten) return {};
+    // Behind a problem there may be a file although nothing of it counts.
     if (wanted.empty()) {
         Remove();
         return {};
     }
+    if (wanted == mWritten) return {};
     std::string whole;
     std::string lines;
     for (const auto& [key, entry] : wanted) {
@@ -187,15 +193,13 @@ std::optional<FileProblem> CommentJournal::Write(const std::vector<JournalEntry>
         }
         return {};
     }
-    // What is in the old file stays, and all of it is written again when there is room.
+    // What is in the old file stays, and what is not in it is written when there is room.
     const FileProblem problem = WriteProblem(mPath.empty() ? mFolder : mPath, error);
     if (oldDescriptor >= 0 && oldDescriptor != mDescriptor) {
         if (mDescriptor >= 0) Remove();
         mDescriptor = oldDescriptor;
         mPath = oldPath;
     }
-    // A line that was cut off must not swallow the next one.
-    if (mDescriptor >= 0) static_cast<void>(WriteAll(mDescriptor, "\n"));
     if (mDescriptor < 0) mWritten.clear();
     return problem;
 }
@@ -264,6 +268,9 @@ CommentJournal::Contents CommentJournal::Read(const std::string& bytes) {
             unsaved[key] = std::move(entry);
         } else if (element->Name == "settled") {
             unsaved.erase(Key(element->AttributeText("item"), element->AttributeText("id")));
+        } else {
+            // A newer program may have meant a comment by it.
+            ++contents.DamagedLines;
         }
     }
     for (auto& [key, entry] : unsaved)

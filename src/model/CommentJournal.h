@@ -51,7 +51,7 @@ public:
 
     /// Makes these the unsaved comments: adds what is new or different, and that others are no
     /// longer unsaved, and flushes it to the disk. Does nothing when the journal says the same;
-    /// without entries the file goes. After a problem the next call writes all of it again.
+    /// without entries the file goes. After a problem the next call writes what is missing.
     std::optional<FileProblem> Write(const std::vector<JournalEntry>& entries);
     /// Everything was saved, or given up on purpose.
     void Remove();

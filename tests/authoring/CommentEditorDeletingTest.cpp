@@ -44,6 +44,22 @@ TEST_F(CommentEditorDeletingTest, TombstonesStayUnlessTheCommentIsNew) {
     EXPECT_FALSE(mEditor.GetTaggedCommentByKey("R1"));
 }
 
+TEST_F(CommentEditorDeletingTest, TheCommentIsGoneWhenItsDeletionIsAnnounced) {
+    LoadTwo();
+    std::string heard;
+    const auto tie = mEditor.Events.TaggedCommentDeleted.Connect(
+        [&](const auto&, const auto&, const std::string& key) {
+            heard += mItem->Comments()->Contains(key) ? "there" : "gone";
+            heard += mEditor.GetDirty() ? " dirty" : " clean";
+            // Values that change on the way are no changes of a comment.
+            mEditor.prpTags->Item("n1")->SetValue("by the host");
+        });
+    mEditor.DeleteCommentItem("r1");
+    EXPECT_EQ(heard, "gone clean");
+    EXPECT_EQ(mItem->Comments()->Item("n1")->GetText(), "two");
+    EXPECT_EQ(mLog.Take(), "deleted(r1,1) dirty");
+}
+
 TEST_F(CommentEditorDeletingTest, OffersHeadersAndUnknownKeysChangeNothing) {
     LoadTwo();
     const std::string before = Rows();

@@ -83,6 +83,43 @@ TEST_F(CommentEditorEditingTest, ADoubleClickAndEnterOnAnOfferAddToo) {
     EXPECT_EQ(mItem->Comments()->Count(), 2u);
 }
 
+TEST_F(CommentEditorEditingTest, NothingIsAddedFromARowThatOffersNothing) {
+    mItem->Comment("#note", "old", "n1");
+    Load();
+    mEditor.prpTags->UserDblClick(mEditor.prpTags->Item("n1"));
+    mEditor.prpTags->UserDblClick(mEditor.prpTags->Item("NewHeader"));
+    mEditor.prpTags->UserKeyDown(KeyReturn, 0);
+    mEditor.prpTags->UserKeyDown(KeyDelete, 0);
+    EXPECT_FALSE(mEditor.prpTags->GetInEdit());
+    EXPECT_EQ(mItem->Comments()->Count(), 1u);
+    EXPECT_EQ(Rows(), "[Existing Comments] #note=old [Available to add] ##+ #remarks+ #note+");
+    EXPECT_EQ(mLog.Take(), "");
+    EXPECT_EQ(mServices.TakeReports(), "");
+}
+
+TEST_F(CommentEditorEditingTest, TheCommentStandsInTheCollectionWhenItIsAnnounced) {
+    Load();
+    std::string heard;
+    const auto tie =
+        mEditor.Events.TaggedCommentAdded.Connect([&](const auto& item, const auto& comment) {
+            heard = mItem->Comments()->Contains(comment->GetId()) ? "there" : "not there";
+            EXPECT_TRUE(item == mItem);
+            EXPECT_TRUE(comment->GetItem() == mItem);
+            EXPECT_FALSE(mEditor.GetDirty());
+        });
+    Add("#note");
+    EXPECT_EQ(heard, "there");
+    EXPECT_TRUE(mEditor.GetDirty());
+}
+
+TEST_F(CommentEditorEditingTest, TheMembersThatAHostNamesHaveTheirKinds) {
+    EXPECT_EQ(MemberTypeMethod, 1);
+    EXPECT_EQ(MemberTypeProperty, 2);
+    EXPECT_EQ(MemberTypeEvent, 3);
+    EXPECT_EQ(MemberTypeEnumeration, 4);
+    EXPECT_EQ(MemberTypeStructure, 5);
+}
+
 TEST_F(CommentEditorEditingTest, EnterBeginsAndEndsAnEditAndEscapeDropsIt) {
     const auto comment = mItem->Comment("#note", "old", "n1");
     Load();

@@ -115,15 +115,64 @@ TEST_F(CommentEditorRefreshTest, WithoutAnItemAllSurfacesAreHidden) {
 
 TEST_F(CommentEditorRefreshTest, ARepopulationKeepsFlagsTabsAndSelection) {
     Load();
+    const auto tab = mEditor.eb->GetGroup("main")->Add("tab:x", "A page");
+    const auto extra = mEditor.eb->AddGroup("texts", "Texts");
+    mEditor.eb->SetSelectedItem(tab);
     const auto item = mEditor.eb->GetSelectedItem();
+    ASSERT_TRUE(item == tab);
     const auto flag = mEditor.prpFlags->Item(1);
     const auto box = FlagBox("#todo");
     mItem->Comment("#note", "new");
     mEditor.Refresh(true);
+    EXPECT_TRUE(mEditor.eb->GetGroup("main")->Find("tab:x") == tab);
+    EXPECT_TRUE(mEditor.eb->GetGroup("texts") == extra);
+    ASSERT_EQ(mEditor.prpFlags->Count(), 1u);
+    EXPECT_TRUE(mEditor.prpFlags->Item(1) == flag);
     EXPECT_EQ(Rows(), std::string("[Existing Comments] #note=new") + kOffers);
     EXPECT_TRUE(mEditor.eb->GetSelectedItem() == item);
     EXPECT_TRUE(FlagBox("#todo") == box);
-    EXPECT_EQ(flag->GetKey(), "#todo");
+    mEditor.Refresh(false);
+    EXPECT_FALSE(mEditor.eb->GetGroup("main")->Find("tab:x"));
+    EXPECT_EQ(mEditor.eb->GetGroups().size(), 3u);
+}
+
+TEST_F(CommentEditorRefreshTest, AnElementIsSynchronisedBeforeItIsListed) {
+    mItem->With("TaggedDescription", "");
+    mItem->Comment("##", "General.", "g1");
+    std::string heard;
+    const auto tie = mEditor.prpTags->Events.SelChange.Connect([&](const auto&) {
+        heard += mItem->Get("TaggedDescription").ToText() + mEditor.GetTitleCaption() + " ";
+    });
+    mEditor.SetDirty(true);
+    mEditor.Load(mModel.Def("Test:Class"), mItem, mModel.Provider->Root, {}, "Class A");
+    // The title comes behind the refresh.
+    EXPECT_TRUE(heard.starts_with("General.{Item Name} ")) << heard;
+    EXPECT_EQ(heard.find("Class A"), std::string::npos) << heard;
+}
+
+TEST_F(CommentEditorRefreshTest, CommentsOfATagAreCountedWhateverItsLetterCase) {
+    mItem->Comment("#note");
+    mItem->Comment("#NOTE");
+    mItem->Comment("#notes");
+    EXPECT_EQ(FindTaggedComments(*mItem->Comments(), "#Note"), 2u);
+    EXPECT_EQ(FindTaggedComments(*mItem->Comments(), "#none"), 0u);
+}
+
+TEST_F(CommentEditorRefreshTest, ControlsForEditingFollowTheSelectedRow) {
+    mItem->Comment("#note", "text", "n1");
+    Load();
+    mEditor.prpFlags->SetTag("Edit");
+    const auto enabled = [&](const Ref<PropertyItem>& row) {
+        mEditor.prpTags->SetSelectedItem(row);
+        return mEditor.prpFlags->GetEnabled();
+    };
+    EXPECT_FALSE(enabled(mEditor.prpTags->Item("NewHeader")));
+    EXPECT_TRUE(enabled(mEditor.prpTags->Item("n1")));
+    EXPECT_FALSE(enabled(Offer("#note")));
+    EXPECT_TRUE(enabled(mEditor.prpTags->Item("n1")));
+    mEditor.Clear();
+    EXPECT_EQ(mEditor.prpTags->Count(), 0u);
+    EXPECT_FALSE(mEditor.prpFlags->GetEnabled());
 }
 
 TEST_F(CommentEditorRefreshTest, TheSelectedCommentStaysSelected) {

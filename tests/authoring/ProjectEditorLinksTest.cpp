@@ -42,6 +42,64 @@ TEST_F(ProjectEditorLinksTest, AnItemOutsideIsNamed) {
 TEST_F(ProjectEditorLinksTest, ANamespaceEndingStaysPartOfTheName) {
     Click("file://c/x/Q~N_Namespace.html");
     EXPECT_NE(Messages().find("(Q~N_Namespace)"), std::string::npos);
+    mModel.Add("P", "N_namespace", "Test:Class", "ModuleElement");
+    mEditor.LoadFromNamespaceDefs(mModel.Defs, "moniker");
+    mEditor.SelectItem("P~B");
+    Click("file://c/x/P~N_namespace.html");
+    EXPECT_EQ(Current(), "P~N_namespace");
+    EXPECT_EQ(Messages(), "");
+}
+
+TEST_F(ProjectEditorLinksTest, OnlyTheLastStepIsLookedAtForASuffix) {
+    Click("file://c/x/P_members~None.html");
+    EXPECT_NE(Messages().find("(P_members~None)"), std::string::npos);
+    Click("file://c/x/P~None_a_b.html");
+    EXPECT_NE(Messages().find("(P~None_a)"), std::string::npos);
+    Click("file://c/x/abc");
+    EXPECT_NE(Messages().find("project ()"), std::string::npos);
+}
+
+TEST_F(ProjectEditorLinksTest, ASuffixSwitchesToTheLayoutThatYieldsThatPage) {
+    // The bar gets its pages as soon as an element is loaded.
+    struct Wrapper : Object {
+        explicit Wrapper(ExplorerBar& bar) : Bar(bar) {}
+        std::string TypeName() const override { return "CommandWrapper"; }
+        Value Call(std::string_view member, const std::vector<Value>&) override {
+            if (member != "unlockrefreshabsolute") return {};
+            for (const char* name : {"plain", "other", "members", "twin"})
+                Bar.GetGroup("main")->Add(std::string("inplaceedit:") + name, name);
+            return {};
+        }
+        ExplorerBar& Bar;
+    };
+    mEditor.BindToWrapper(MakeRef<Wrapper>(*mEditor.cEditor.eb));
+    const auto pages = MakeRef<PageTemplate>();
+    const auto add = [&](const char* name, const char* fileName, const char* namespaces) {
+        const auto layout = MakeRef<PageLayout>();
+        layout->Name = name;
+        layout->FileNameTemplate = fileName;
+        layout->Namespaces = namespaces;
+        pages->PageLayouts->Add(layout);
+    };
+    add("plain", "", "Test:Class");
+    add("other", "%%ItemQualifiedName%%_members.html", "Test:Method");
+    add("members", "%%ITEMQUALIFIEDNAME%%_Members.HTML", "test:class");
+    add("twin", "%%ItemQualifiedName%%_members.html", "Test:Class");
+    mEditor.SetInPlaceTemplate(pages);
+    const auto selected = [this] {
+        const auto item = mEditor.cEditor.eb->GetSelectedItem();
+        return item ? item->GetKey() : "nothing";
+    };
+    Click("file://c/x/P~B_members.html");
+    EXPECT_EQ(Current(), "P~B");
+    EXPECT_EQ(selected(), "inplaceedit:members");
+    Click("file://c/x/P~C.html");
+    EXPECT_EQ(Current(), "P~C");
+    EXPECT_EQ(selected(), "inplaceedit:plain");
+    Click("file://c/x/P~A_none.html");
+    EXPECT_EQ(Current(), "P~A");
+    EXPECT_EQ(selected(), "other");
+    EXPECT_EQ(Messages(), "");
 }
 
 TEST_F(ProjectEditorLinksTest, ASuffixIsCutOffAndChoosesTheLayout) {

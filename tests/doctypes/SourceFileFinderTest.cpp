@@ -1,9 +1,9 @@
 #include "doctypes/source/SourceFileFinder.h"
 #include "doctypes/SourceTree.h"
+#include "support/NarrowWorld.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 namespace paperkite::test {
 
@@ -94,17 +94,38 @@ TEST(SourceFileFinder, SaysWhatIsWrongWithTheFolder) {
 }
 
 TEST(SourceFileFinder, UnreadableFoldersAndFilesAreToldOf) {
-    if (::geteuid() == 0) {
-        GTEST_SKIP() << "the superuser can read everything";
-    }
     SourceTree tree;
     tree.Write("a.c", "").Write("closed/b.c", "").Write("c.c", "");
     fs::permissions(tree.Folder() + "/closed", fs::perms::none);
     fs::permissions(tree.Folder() + "/c.c", fs::perms::none);
-    const FoundFiles found = SourceFileFinder(tree.Folder()).Find();
+    FoundFiles found;
+    {
+        const OrdinaryUser user;
+        found = SourceFileFinder(tree.Folder()).Find();
+    }
     fs::permissions(tree.Folder() + "/closed", fs::perms::owner_all);
     EXPECT_EQ(Joined(found.Files), "a.c");
     EXPECT_EQ(found.Warnings.size(), 2u);
+}
+
+TEST(SourceFileFinder, AFolderThatGoesDuringTheWalkIsNoEmptyFolder) {
+    SourceTree tree;
+    for (int i = 0; i < 200; ++i) {
+        tree.Write("d/f" + std::to_string(i) + ".c", "int a;");
+    }
+    for (const std::size_t enough : {std::size_t{0}, std::size_t{60}}) {
+        SourceTree copy;
+        fs::copy(tree.Folder(), copy.Folder(), fs::copy_options::recursive);
+        const FoundFiles found = SourceFileFinder(copy.Folder()).Find([&](std::size_t filesFound) {
+            if (filesFound >= enough) {
+                fs::remove_all(copy.Folder());
+            }
+            return true;
+        });
+        EXPECT_EQ(found.Outcome.Message, "The source folder \"" + copy.Folder() +
+                                             "\" does not exist. Choose a folder that does.");
+        EXPECT_TRUE(found.Files.empty());
+    }
 }
 
 TEST(SourceFileFinder, StopsWhenTold) {

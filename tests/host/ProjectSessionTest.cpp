@@ -1,4 +1,5 @@
 #include "host/HostTest.h"
+#include "support/NarrowWorld.h"
 
 #include <filesystem>
 
@@ -112,9 +113,13 @@ TEST_F(ProjectSessionTest, ASourceFileInPlaceOfAFolderIsNamed) {
 }
 
 TEST_F(ProjectSessionTest, AnUnreadableSourceFolderIsNamed) {
-    if (::geteuid() == 0) GTEST_SKIP() << "The administrator may read every folder.";
+    fs::permissions(mFolder.Path(), fs::perms(0755));
     fs::permissions(mFolder / "zoo", fs::perms::none);
-    const std::string problem = ProblemOfCreating(mFolder / "zoo");
+    std::string problem;
+    {
+        const OrdinaryUser user;
+        problem = ProblemOfCreating(mFolder / "zoo");
+    }
     fs::permissions(mFolder / "zoo", fs::perms::owner_all);
     EXPECT_TRUE(Contains(problem, "cannot be read. Check its permissions.")) << problem;
 }

@@ -7,6 +7,7 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
@@ -16,6 +17,7 @@
 #include <chrono>
 #include <csignal>
 #include <filesystem>
+#include <fstream>
 #include <thread>
 
 #include <sys/wait.h>
@@ -61,6 +63,8 @@ protected:
     void ExpectVersions(const std::string& button, std::optional<Keeping> choice = {}) {
         mDialogs.ExpectBehindProgress([this, button, choice](QDialog& dialog) {
             mSeen = dialog.windowTitle().toStdString() + "\n";
+            for (const auto* label : dialog.findChildren<QLabel*>())
+                if (label->text().endsWith('.')) mSeen += label->text().toStdString() + "\n";
             auto* list = dialog.findChild<QTreeWidget*>();
             if (!list) {
                 ADD_FAILURE() << mSeen << "shows no versions";
@@ -102,6 +106,16 @@ protected:
         if (!fs::exists(folder)) return 0;
         return static_cast<std::size_t>(
             std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
+    }
+    /// Spoils the line of a text in what was kept.
+    void DamageJournal(const std::string& text) {
+        for (const auto& [name, bytes] : FilesBelow(JournalFolder())) {
+            const std::size_t place = bytes.find(text);
+            ASSERT_NE(place, std::string::npos) << bytes;
+            std::string damaged = bytes;
+            damaged[place] = 'd';
+            std::ofstream(JournalFolder() + "/" + name, std::ios::binary) << damaged;
+        }
     }
     /// Ends the window as a process that is killed would: without asking and without saving.
     void LoseTheWindow() {
@@ -222,6 +236,43 @@ TEST_F(SafetyJourneyTest, AStoredCommentThatChangedMeanwhileIsShownBesideTheUnsa
                                 "In the file then=First."))
         << mSeen;
     EXPECT_EQ(TextOf(kDog, "##"), "Theirs.;Mine.;");
+}
+
+TEST_F(SafetyJourneyTest, WhatIsWholeInADamagedJournalIsOfferedAndWhatIsNotIsTold) {
+    OpenAtDog();
+    WriteComment("##", "Whole.");
+    WriteComment("##remarks", "Damaged.");
+    LoseTheWindow();
+    DamageJournal("Damaged.");
+    ExpectVersions("Recover");
+    OpenAgain();
+    EXPECT_TRUE(Contains(mSeen, "One line of what was kept is damaged and could not be read."))
+        << mSeen;
+    EXPECT_TRUE(Contains(mSeen, "Unsaved=Whole.")) << mSeen;
+    EXPECT_FALSE(Contains(mSeen, "Unsaved=damaged.")) << mSeen;
+    EXPECT_EQ(TextOf(kDog, "##"), "Whole.;");
+    EXPECT_EQ(TextOf(kDog, "##remarks"), "");
+    // Somebody may still be able to read it.
+    std::string kept;
+    for (const auto& [name, bytes] : FilesBelow(JournalFolder()))
+        if (name.ends_with(".damaged")) kept += bytes;
+    EXPECT_TRUE(Contains(kept, "damaged.\"")) << kept;
+}
+
+TEST_F(SafetyJourneyTest, AJournalInWhichNothingIsWholeIsToldOnce) {
+    OpenAtDog();
+    WriteComment("##", "Damaged.");
+    LoseTheWindow();
+    DamageJournal("Damaged.");
+    mDialogs.ExpectBox("OK");
+    OpenAgain();
+    EXPECT_TRUE(Contains(mDialogs.GetText(), "Damaged lines: 1;")) << mDialogs.GetText();
+    EXPECT_EQ(TextOf(kDog, "##"), "");
+    EXPECT_FALSE(IsTitleMarked());
+    mWindow.reset();
+    Start();
+    OpenAgain();
+    EXPECT_EQ(TextOf(kDog, "##"), "");
 }
 
 TEST_F(SafetyJourneyTest, ClosingOnPurposeLeavesNothingBehind) {
@@ -345,7 +396,38 @@ TEST_F(SafetyJourneyTest, AConflictThatIsLeftForLaterIsInTheFileBothWays) {
     EXPECT_FALSE(Contains(mFolder.Read("zoo.ktc"), "conflict"));
 }
 
-// Missing files
+// Damaged and missing files
+
+TEST_F(SafetyJourneyTest, ADamagedSettingsFileDoesNotHinderTheWork) {
+    OpenProject();
+    mWindow->resize(900, 640);
+    mWindow.reset();
+    const std::string whole = mFolder.Read("settings/user.ini");
+    ASSERT_TRUE(Contains(whole, "=900")) << whole;
+    std::string absurd;
+    for (const char character : whole)
+        absurd += absurd.ends_with('=') ? std::string("-99999999999999999999") + character
+                                        : std::string(1, character);
+    const std::string noise("\xFF\xFE[\0=@Invalid(", 14);
+    for (const std::string& bytes : {absurd, whole.substr(0, whole.size() / 2) + noise,
+                                     noise + whole, std::string(100000, '[')}) {
+        mFolder.Write("settings/user.ini", bytes);
+        Start();
+        OpenAgain();
+        EXPECT_TRUE(IsShown("zoo"));
+        EXPECT_GE(mWindow->width(), 400);
+        EXPECT_LE(mWindow->width(), 8192);
+        SelectDog();
+        WriteComment("##", "Text.");
+        EXPECT_TRUE(mWindow->Save());
+        Editor().DeleteCommentItem(FindRow("##", false)->GetKey());
+        EXPECT_TRUE(mWindow->Save());
+        // What the author sets now is kept again.
+        mWindow->resize(880, 640);
+        Start();
+        EXPECT_EQ(mWindow->width(), 880);
+    }
+}
 
 TEST_F(SafetyJourneyTest, AMissingContentFileIsToldAndTheProjectOpens) {
     MakeProject();

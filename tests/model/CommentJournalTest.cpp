@@ -1,7 +1,9 @@
 #include "model/CommentJournal.h"
 
 #include "model/CommentRecovery.h"
+#include "model/JournalLine.h"
 #include "model/ProcessIdentity.h"
+#include "support/NarrowWorld.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -136,7 +138,6 @@ TEST(CommentJournal, WhatWasTakenBackAndWhatWasSavedLeavesNoFile) {
     CommentJournal journal(folder / "state", kProject);
     ASSERT_FALSE(journal.Write({Entry("a", "1", "x")}));
     ASSERT_FALSE(journal.Write({}));
-    EXPECT_EQ(TemporaryFolder().Names(), "");
     EXPECT_TRUE(fs::is_empty(folder / "state"));
     ASSERT_FALSE(journal.Write({Entry("a", "1", "x")}));
     journal.Remove();
@@ -194,6 +195,71 @@ TEST(CommentJournal, MuchTypingDoesNotMakeItGrowForEver) {
     EXPECT_EQ(std::distance(fs::directory_iterator(folder / "state"), fs::directory_iterator()), 1);
 }
 
+TEST(CommentJournal, AFullDiskKeepsWhatIsThereAndTheNextWriteLosesNothing) {
+    const TemporaryFolder folder;
+    std::string path;
+    {
+        CommentJournal journal(folder / "state", kProject);
+        ASSERT_FALSE(journal.Write({Entry("a", "1", "one"), Entry("b", "2", "two")}));
+        path = journal.GetPath();
+        const auto size = fs::file_size(path);
+        const std::vector<JournalEntry> more = {Entry("a", "1", std::string(3000, 'x')),
+                                                Entry("b", "2", "TWO")};
+        {
+            const test::FullDisk disk(size + 50);
+            const auto problem = journal.Write(more);
+            ASSERT_TRUE(problem);
+            EXPECT_NE(problem->Message().find("make room"), std::string::npos);
+            EXPECT_TRUE(journal.Write(more));
+        }
+        EXPECT_EQ(Text(CommentJournal::Read(BytesOf(path)).Entries), "[a#1 - > one][b#2 - > two]");
+        ASSERT_FALSE(journal.Write({Entry("a", "1", "ONE"), Entry("b", "2", "TWO")}));
+    }
+    ASSERT_EQ(LeftIn(folder).size(), 1u);
+    EXPECT_EQ(Text(LeftIn(folder)[0].Entries), "[a#1 - > ONE][b#2 - > TWO]");
+    EXPECT_EQ(LeftIn(folder)[0].DamagedLines, 0u);
+}
+
+TEST(CommentJournal, WhatIsTakenBackOnAFullDiskLeavesNoFile) {
+    const TemporaryFolder folder;
+    CommentJournal journal(folder / "state", kProject);
+    {
+        const test::FullDisk disk(600);
+        EXPECT_TRUE(journal.Write({Entry("a", "1", std::string(3000, 'x'))}));
+    }
+    ASSERT_FALSE(journal.Write({}));
+    EXPECT_TRUE(fs::is_empty(folder / "state"));
+    EXPECT_TRUE(LeftIn(folder).empty());
+}
+
+TEST(CommentJournal, AJournalThatCannotBeWrittenAnewOnAFullDiskStays) {
+    const TemporaryFolder folder;
+    std::string text(200000, 'x');
+    {
+        CommentJournal journal(folder / "state", kProject);
+        int second = 0;
+        const auto type = [&] {
+            text[0] = static_cast<char>('a' + second++ % 26);
+            return journal.Write({Entry("a", "1", text)});
+        };
+        // Until the next line would make it waste more than it may.
+        do
+            ASSERT_FALSE(type());
+        while (fs::file_size(journal.GetPath()) < (4u << 20) + 201000);
+        const std::string kept = text;
+        {
+            const test::FullDisk disk(100000);
+            EXPECT_TRUE(type());
+            EXPECT_TRUE(type());
+        }
+        const auto contents = CommentJournal::Read(BytesOf(journal.GetPath()));
+        EXPECT_EQ(Text(contents.Entries), "[a#1 - > " + kept + "]");
+        ASSERT_FALSE(type());
+    }
+    ASSERT_EQ(LeftIn(folder).size(), 1u);
+    EXPECT_EQ(Text(LeftIn(folder)[0].Entries), "[a#1 - > " + text + "]");
+}
+
 // Damage
 
 TEST(CommentJournal, ATruncatedJournalGivesWhatIsWhole) {
@@ -238,6 +304,20 @@ TEST(CommentJournal, ATailOfZerosIsNoComment) {
     const std::string path = LeaveBehind(folder, {{Entry("a", "1", "one")}});
     SetBytes(path, BytesOf(path) + std::string(4096, '\0'));
     EXPECT_EQ(Text(LeftIn(folder).at(0).Entries), "[a#1 - > one]");
+}
+
+TEST(CommentJournal, WhatANewerProgramKeptIsToldAndNotThrownAway) {
+    const TemporaryFolder folder;
+    const std::string path = LeaveBehind(folder, {{Entry("a", "1", "one")}});
+    XmlElement later = XmlElement::Named("unsavedpage");
+    later.With("item", "b");
+    const std::string header = BytesOf(path).substr(0, BytesOf(path).find('\n') + 1);
+    SetBytes(path, header + JournalLine::Write(later));
+    EXPECT_TRUE(CommentJournal::HasLeftOver(folder / "state", kProject));
+    ASSERT_EQ(LeftIn(folder).size(), 1u);
+    EXPECT_EQ(LeftIn(folder)[0].DamagedLines, 1u);
+    CommentJournal::Discard(LeftIn(folder)[0]);
+    EXPECT_TRUE(fs::exists(path + ".damaged"));
 }
 
 // Recovering

@@ -195,6 +195,36 @@ TEST(ProjectSafety, AFullDiskLeavesTheOldFilesAndTheProjectUnsaved) {
     EXPECT_FALSE(project->GetDirty());
 }
 
+TEST(ProjectSafety, ADiskThatIsFullAtTheSecondFileLeavesEachOldOrNewAndTheNextSaveEndsIt) {
+    const TemporaryFolder folder;
+    const auto project = Opened(MakeTwoFiles(folder));
+    const std::string oldC = folder.Read("c.ktc");
+    const std::string oldProject = folder.Read("p.kiteproject");
+    Change(*project, "a", "changed");
+    project->GetComments()->Find("b")->Item(1)->SetState(kTaggedCommentTombstone);
+    Change(*project, "c", std::string(100000, 'x'));
+    project->SetTitle("New title");
+    {
+        const FullDisk disk(4096);
+        const auto problem = project->Save();
+        ASSERT_TRUE(problem);
+        EXPECT_EQ(problem->File, folder / "c.ktc");
+    }
+    EXPECT_EQ(folder.Read("c.ktc"), oldC);
+    EXPECT_EQ(folder.Read("p.kiteproject"), oldProject);
+    EXPECT_EQ(folder.Names(), "a.ktc c.ktc p.kiteproject");
+    EXPECT_TRUE(project->GetDirty());
+    const auto between = Opened(folder / "p.kiteproject");
+    EXPECT_EQ(TextOf(*between, "a"), "changed;");
+    EXPECT_EQ(TextOf(*between, "b"), "none");
+    ASSERT_EQ(MessageOf(project->Save()), "no problem");
+    const auto again = Opened(folder / "p.kiteproject");
+    EXPECT_EQ(TextOf(*again, "a"), "changed;");
+    EXPECT_EQ(TextOf(*again, "b"), "none");
+    EXPECT_EQ(TextOf(*again, "c"), std::string(100000, 'x') + ";");
+    EXPECT_EQ(again->GetTitle(), "New title");
+}
+
 TEST(ProjectSafety, AFolderThatMayNotBeWrittenLeavesTheOldFilesAndTheProjectUnsaved) {
     const TemporaryFolder folder;
     const auto project = Opened(MakeTwoFiles(folder));
@@ -416,6 +446,30 @@ TEST(ProjectSafety, ElementsNestedWithoutEndAreAClearProblem) {
               std::string::npos);
 }
 
+TEST(ProjectSafety, ACommentMayBeNestedAsDeeplyAsItLikes) {
+    const TemporaryFolder folder;
+    std::string deep;
+    for (int level = 0; level < 100000; ++level)
+        deep += "<ul><li>";
+    deep += "text";
+    for (int level = 0; level < 100000; ++level)
+        deep += "</li></ul>";
+    const std::string path = MakeTwoFiles(folder);
+    const auto project = Opened(path);
+    Change(*project, "a", deep);
+    ASSERT_EQ(MessageOf(project->Save()), "no problem");
+    EXPECT_TRUE(TextOf(*Opened(path), "a") == deep + ";");
+    // Another author's change meets it.
+    const auto mine = Opened(path);
+    Change(*mine, "b", deep + "mine");
+    folder.Write("a.ktc", Content(Said("a", "theirs") + Said("b", "two")));
+    const auto merged = mine->MergeWithDisk();
+    EXPECT_EQ(MessageOf(merged.Problem), "no problem");
+    const auto both = Opened(path, merged.Bytes);
+    EXPECT_EQ(TextOf(*both, "a"), "theirs;");
+    EXPECT_TRUE(TextOf(*both, "b") == deep + "mine;");
+}
+
 TEST(ProjectSafety, UnknownPartsTwinsAndCommentsOfGoneItemsAreThereAfterAChange) {
     const TemporaryFolder folder;
     folder.Write("a.ktc",
@@ -437,6 +491,25 @@ TEST(ProjectSafety, UnknownPartsTwinsAndCommentsOfGoneItemsAreThereAfterAChange)
     for (const char* part : {"later=\"yes\"", "<history by=\"me\"/>", "<future/>"})
         EXPECT_NE(folder.Read("a.ktc").find(part), std::string::npos) << part;
     EXPECT_NE(folder.Read("p.kiteproject").find("<newer x=\"1\"/>"), std::string::npos);
+}
+
+TEST(ProjectSafety, OfTwoCommentsOfOneIdTheOneThatIsMeantChangesAndGoes) {
+    const TemporaryFolder folder;
+    folder.Write("a.ktc",
+                 Content(Said("twin", "first") + Said("twin", "second") + Said("twin", "third")));
+    const std::string path =
+        folder.Write("p.kiteproject", Project("  <contentfile path=\"a.ktc\"/>\n"));
+    const std::string bytes = folder.Read("a.ktc");
+    const auto project = Opened(path);
+    ASSERT_EQ(MessageOf(project->Save()), "no problem");
+    EXPECT_EQ(folder.Read("a.ktc"), bytes);
+    const auto comments = project->GetComments()->Find("twin");
+    ASSERT_EQ(comments->Count(), 3u);
+    comments->Item(2)->SetText("SECOND");
+    comments->Item(3)->SetState(kTaggedCommentTombstone);
+    project->SetDirty(true);
+    ASSERT_EQ(MessageOf(project->Save()), "no problem");
+    EXPECT_EQ(TextOf(*Opened(path), "twin"), "first;SECOND;");
 }
 
 } // namespace paperkite

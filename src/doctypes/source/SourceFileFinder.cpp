@@ -34,6 +34,11 @@ constexpr std::array<std::string_view, 22> skippedFolders = {
     ".ruff_cache", "node_modules", "bower_components",
     "CMakeFiles"};
 
+/// As opening it would say, whoever started the program.
+bool MayUse(const char* path, int how) {
+    return ::faccessat(AT_FDCWD, path, how, AT_EACCESS) == 0;
+}
+
 /// What shows by its being in a folder that the folder was made by a tool.
 constexpr std::array<std::string_view, 4> markers = {"CMakeCache.txt", "meson-private",
                                                      "pyvenv.cfg", "CACHEDIR.TAG"};
@@ -106,7 +111,7 @@ ScanOutcome SourceFileFinder::CheckFolder() const {
         return ScanOutcome::Failure(shown + " is not a folder. Choose the folder that holds the "
                                             "source code.");
     }
-    if (::access(mFolder.c_str(), R_OK | X_OK) != 0) {
+    if (!MayUse(mFolder.c_str(), R_OK | X_OK)) {
         return ScanOutcome::Failure("The source folder " + shown +
                                     " cannot be read. Check its permissions.");
     }
@@ -124,6 +129,12 @@ FoundFiles SourceFileFinder::Find(const Progress& progress) const {
     if (walk.isCancelled) {
         walk.found.Outcome =
             ScanOutcome::Cancellation("The search for source files was cancelled.");
+        return std::move(walk.found);
+    }
+    // A folder that went during the walk would look like one from which all files were taken.
+    walk.found.Outcome = CheckFolder();
+    if (!walk.found.Outcome.IsDone()) {
+        walk.found.Files.clear();
     }
     return std::move(walk.found);
 }
@@ -202,7 +213,7 @@ void SourceFileFinder::VisitFile(Walk& walk, const fs::path& file,
     if (!stamp) {
         return;
     }
-    if (::access(file.c_str(), R_OK) != 0) {
+    if (!MayUse(file.c_str(), R_OK)) {
         walk.found.Warnings.push_back("The file \"" + PrintableUtf8(relative) +
                                       "\" cannot be read and was left out. Check its permissions.");
         return;
