@@ -203,6 +203,7 @@ ScanOutcome ScanInProgress::ReadFiles() {
     if (!Stand(ScanPhase::ReadingFiles)) {
         return Cancelled();
     }
+    BeginParts();
     if (mCacheFolder.IsThere()) {
         mWriter = std::make_unique<ScanCacheWriter>(mCachePath);
     }
@@ -234,6 +235,7 @@ ScanOutcome ScanInProgress::ReadFiles() {
             Add(i, std::move(*read));
         }
         mDone = i + 1;
+        OfferPart(i);
         if (!Report(ScanPhase::ReadingFiles, mDone, mFiles[i].Found.Path)) {
             return Cancelled();
         }

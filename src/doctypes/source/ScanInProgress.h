@@ -10,6 +10,7 @@
 #include "doctypes/source/SourceScanner.h"
 
 #include <atomic>
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -66,6 +67,10 @@ private:
     bool IsTooLarge(const File& file) const;
     std::string ReaderText() const;
 
+    // ScanInProgressParts.cpp: what is told before the end
+    void BeginParts();
+    void OfferPart(std::uint32_t number);
+
     const SourceScanner& mScanner;
     const SourceScanner::Progress& mProgress;
     const std::int64_t mMoment = FileStamp::Now();
@@ -84,6 +89,9 @@ private:
     std::vector<File> mFiles;
     std::vector<CachedFile> mRecords;
     std::optional<SourceIndexBuilder> mBuilder;
+    std::optional<OpenGroups> mOpenGroups; ///< only while parts are told
+    std::chrono::steady_clock::time_point mFirstPart;
+    std::size_t mNextPartSize = 0;
     ScanResult mResult;
     std::size_t mDone = 0;
     std::size_t mUntoldWarnings = 0;
