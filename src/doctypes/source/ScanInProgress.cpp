@@ -228,6 +228,7 @@ ScanOutcome ScanInProgress::ReadFiles() {
                 if (ScanOutcome outcome = reader.Outcome(); !outcome.IsDone()) {
                     return outcome.Status == ScanStatus::Cancelled ? Cancelled() : outcome;
                 }
+                OfferPart();
                 if (!Report(ScanPhase::ReadingFiles, mDone, mFiles[i].Found.Path)) {
                     return Cancelled();
                 }
@@ -235,7 +236,8 @@ ScanOutcome ScanInProgress::ReadFiles() {
             Add(i, std::move(*read));
         }
         mDone = i + 1;
-        OfferPart(i);
+        NoteRead(i);
+        OfferPart();
         if (!Report(ScanPhase::ReadingFiles, mDone, mFiles[i].Found.Path)) {
             return Cancelled();
         }

@@ -69,7 +69,8 @@ private:
 
     // ScanInProgressParts.cpp: what is told before the end
     void BeginParts();
-    void OfferPart(std::uint32_t number);
+    void NoteRead(std::uint32_t number);
+    void OfferPart();
 
     const SourceScanner& mScanner;
     const SourceScanner::Progress& mProgress;
@@ -92,6 +93,7 @@ private:
     std::optional<OpenGroups> mOpenGroups; ///< only while parts are told
     std::chrono::steady_clock::time_point mFirstPart;
     std::size_t mNextPartSize = 0;
+    bool mHasNewPart = false; ///< a file was read since a part was last looked for
     ScanResult mResult;
     std::size_t mDone = 0;
     std::size_t mUntoldWarnings = 0;

@@ -6,6 +6,7 @@ namespace paperkite {
 
 void ScanInProgress::BeginParts() {
     mOpenGroups.reset();
+    mHasNewPart = false;
     if (!mScanner.mTakePart || mCache) {
         return;
     }
@@ -21,16 +22,24 @@ void ScanInProgress::BeginParts() {
     mNextPartSize = 0;
 }
 
-void ScanInProgress::OfferPart(std::uint32_t number) {
-    if (!mOpenGroups) {
+void ScanInProgress::NoteRead(std::uint32_t number) {
+    if (mOpenGroups) {
+        mOpenGroups->Close(mFiles[number].Found.Path);
+        mHasNewPart = true;
+    }
+}
+
+// Asked behind each file, and while a slow one is waited for.
+void ScanInProgress::OfferPart() {
+    if (!mHasNewPart) {
         return;
     }
-    mOpenGroups->Close(mFiles[number].Found.Path);
     const bool isLast = mDone == mFiles.size();
     const std::size_t size = mBuilder->Size();
     if (isLast || size < mNextPartSize || std::chrono::steady_clock::now() < mFirstPart) {
         return;
     }
+    mHasNewPart = false;
     if (mOpenGroups->IsOpen(OpenGroups::Root)) { // nothing is settled, which costs nothing to see
         return;
     }
