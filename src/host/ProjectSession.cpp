@@ -33,7 +33,7 @@ std::string NothingFound(const ProjectDocument& project) {
 }
 
 ProjectSession::OpenResult Problem(std::string message) {
-    return {nullptr, std::move(message)};
+    return {nullptr, std::move(message), false};
 }
 
 } // namespace
@@ -59,6 +59,16 @@ ProjectSession::OpenResult ProjectSession::Open(const std::string& path, const P
 
 ProjectSession::OpenResult ProjectSession::OpenLastKnown(const std::string& path,
                                                          const Progress& progress) {
+    return OpenKnownOr(&Scanned, path, progress);
+}
+
+ProjectSession::OpenResult ProjectSession::OpenSoon(const std::string& path,
+                                                    const Progress& progress) {
+    return OpenKnownOr(&ScannedInPart, path, progress);
+}
+
+ProjectSession::OpenResult ProjectSession::OpenKnownOr(Scanning scanning, const std::string& path,
+                                                       const Progress& progress) {
     auto opened = ProjectDocument::Open(FileOf(path));
     if (opened.Problem) return Problem(opened.Problem->Message());
     const auto& sources = opened.Project->GetSources();
@@ -71,11 +81,21 @@ ProjectSession::OpenResult ProjectSession::OpenLastKnown(const std::string& path
             return {std::move(session), {}};
         }
     }
-    return Scanned(opened.Project, progress);
+    return scanning(opened.Project, progress);
 }
 
 ProjectSession::OpenResult ProjectSession::Create(const NewProject& wanted,
                                                   const Progress& progress) {
+    return CreateBy(&Scanned, wanted, progress);
+}
+
+ProjectSession::OpenResult ProjectSession::CreateSoon(const NewProject& wanted,
+                                                      const Progress& progress) {
+    return CreateBy(&ScannedInPart, wanted, progress);
+}
+
+ProjectSession::OpenResult ProjectSession::CreateBy(Scanning scanning, const NewProject& wanted,
+                                                    const Progress& progress) {
     const std::string path = WithEnding(wanted.Path);
     std::error_code ignored;
     if (fs::exists(path, ignored))
@@ -90,7 +110,7 @@ ProjectSession::OpenResult ProjectSession::Create(const NewProject& wanted,
     SourceSettings& source = made.Project->AddSource(folder.string());
     source.Excludes = wanted.Excludes;
     made.Project->SetTitle(wanted.Title.empty() ? source.RootName : wanted.Title);
-    OpenResult result = Scanned(made.Project, progress);
+    OpenResult result = scanning(made.Project, progress);
     if (!result.Session) return result;
     if (const auto problem = made.Project->Save()) return Problem(problem->Message());
     return result;
@@ -100,6 +120,32 @@ ProjectSession::OpenResult ProjectSession::Scanned(Ref<ProjectDocument> project,
                                                    const Progress& progress) {
     std::unique_ptr<ProjectSession> session(new ProjectSession(std::move(project)));
     ScanAnswer answer = session->Scan(progress);
+    return With(std::move(session), std::move(answer));
+}
+
+ProjectSession::OpenResult ProjectSession::ScannedInPart(Ref<ProjectDocument> project,
+                                                         const Progress& progress) {
+    if (project->GetSources().empty()) return Scanned(std::move(project), progress);
+    std::unique_ptr<ProjectSession> session(new ProjectSession(std::move(project)));
+    auto reading = std::make_unique<RunningReading>(session->mProject->GetSources(),
+                                                    RunningReading::Parts::Wanted);
+    const auto isCancelled = [&] { return progress && !progress(reading->Now()); };
+    while (!reading->IsFinished()) {
+        if (isCancelled()) return {nullptr, {}, true};
+        reading->WaitForNews();
+        auto part = reading->TakePart();
+        ScanAnswer answer = part ? session->Code(std::move(*part)) : ScanAnswer();
+        if (!answer.Code || isCancelled()) continue;
+        OpenResult result = With(std::move(session), std::move(answer));
+        result.Rest = std::move(reading);
+        return result;
+    }
+    ScanAnswer answer = session->Code(reading->TakeResult());
+    return With(std::move(session), std::move(answer));
+}
+
+ProjectSession::OpenResult ProjectSession::With(std::unique_ptr<ProjectSession> session,
+                                                ScanAnswer answer) {
     if (!answer.Code) return {nullptr, answer.Problem, answer.Cancelled};
     session->Adopt(std::move(*answer.Code));
     return {std::move(session), {}};
@@ -117,7 +163,8 @@ ProjectSession::ScanAnswer ProjectSession::Code(SourceReading reading) const {
     if (reading.Cancelled || !reading.Problem.empty())
         return {{}, reading.Problem, reading.Cancelled};
     ScannedCode code;
-    code.Digests = reading.Digests();
+    code.IsPart = reading.IsPart;
+    if (!reading.IsPart) code.Digests = reading.Digests();
     code.Provider = MakeRef<SourceNamespaceProvider>(mProject->GetComments());
     for (std::size_t i = 0; i < reading.Scans.size(); ++i) {
         ScanResult& scan = reading.Scans[i];
@@ -139,7 +186,7 @@ ProjectSession::ScanAnswer ProjectSession::Code(SourceReading reading) const {
 void ProjectSession::Adopt(ScannedCode code) {
     if (mCode.Definitions) mCode.Definitions->Release();
     mCode = std::move(code);
-    mIsUpToDate = true;
+    mIsUpToDate = !mCode.IsPart;
     mProject->RegisterProvider(kSourceMoniker, mCode.Provider);
 }
 

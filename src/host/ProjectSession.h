@@ -3,6 +3,7 @@
 #include "doctypes/source/SourceNamespaceDefs.h"
 #include "doctypes/source/SourceNamespaceProvider.h"
 #include "foundation/NamespaceDefs.h"
+#include "host/RunningReading.h"
 #include "host/SourceReading.h"
 #include "model/ProjectDocument.h"
 #include "widgets/Picture.h"
@@ -28,6 +29,8 @@ public:
         std::unique_ptr<ProjectSession> Session;
         std::string Problem;
         bool Cancelled = false;
+        /// Of OpenSoon and CreateSoon: what goes on when the session has only a part of the code.
+        std::unique_ptr<RunningReading> Rest = nullptr;
     };
 
     /// What a new project is made of.
@@ -50,9 +53,14 @@ public:
     /// As Open, but with the code as it was read the last time where that was kept: then the
     /// session is not up to date, and somebody reads the sources and adopts what changed.
     static OpenResult OpenLastKnown(const std::string& path, const Progress& progress = {});
+    /// As OpenLastKnown; where nothing was kept it waits no longer than for a part of the code that
+    /// can be worked with, and gives what reads on.
+    static OpenResult OpenSoon(const std::string& path, const Progress& progress = {});
     /// Makes a project and saves it. A file that is there already, and a source folder without any
     /// source code, are problems.
     static OpenResult Create(const NewProject& wanted, const Progress& progress = {});
+    /// As Create, and as soon as OpenSoon.
+    static OpenResult CreateSoon(const NewProject& wanted, const Progress& progress = {});
 
     ~ProjectSession();
     ProjectSession(const ProjectSession&) = delete;
@@ -73,6 +81,8 @@ public:
         std::vector<std::string> Warnings;
         std::size_t FileCount = 0;
         /// See SourceReading.
+        bool IsPart = false;
+        /// See SourceReading.
         std::vector<std::uint64_t> Digests;
     };
     struct ScanAnswer {
@@ -86,8 +96,10 @@ public:
     ScanAnswer Scan(const Progress& progress = {}) const;
     /// Makes items out of source code that was read, which is used up.
     ScanAnswer Code(SourceReading reading) const;
-    /// False when the code is only what was known the last time.
+    /// False when the code is only what was known the last time, or a part.
     bool IsUpToDate() const { return mIsUpToDate; }
+    /// Whether more items are to come: what is missing may only not have been read yet.
+    bool IsPart() const { return mCode.IsPart; }
     /// The code was found to be what the session has.
     void SetUpToDate() { mIsUpToDate = true; }
     const std::vector<std::uint64_t>& GetDigests() const { return mCode.Digests; }
@@ -111,7 +123,16 @@ public:
 
 private:
     explicit ProjectSession(Ref<ProjectDocument> project) : mProject(std::move(project)) {}
+    /// How a project gets its code.
+    using Scanning = OpenResult (*)(Ref<ProjectDocument> project, const Progress& progress);
     static OpenResult Scanned(Ref<ProjectDocument> project, const Progress& progress);
+    static OpenResult ScannedInPart(Ref<ProjectDocument> project, const Progress& progress);
+    static OpenResult OpenKnownOr(Scanning scanning, const std::string& path,
+                                  const Progress& progress);
+    static OpenResult CreateBy(Scanning scanning, const NewProject& wanted,
+                               const Progress& progress);
+    /// The session with that code, or why not.
+    static OpenResult With(std::unique_ptr<ProjectSession> session, ScanAnswer answer);
 
     Ref<ProjectDocument> mProject;
     ScannedCode mCode;

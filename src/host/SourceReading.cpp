@@ -29,7 +29,34 @@ SourceScanner ScannerFor(const SourceSettings& source) {
     return scanner;
 }
 
+ScanResult CopyOf(const ScanResult& scan) {
+    ScanResult copy;
+    copy.Index = scan.Index->Copy();
+    copy.Warnings = scan.Warnings;
+    copy.FileCount = scan.FileCount;
+    return copy;
+}
+
+/// What is known while the source behind those that are read is being scanned.
+SourceReading PartOf(const SourceReading& before, ScanPart now) {
+    SourceReading part;
+    part.IsPart = true;
+    for (const ScanResult& scan : before.Scans)
+        part.Scans.push_back(CopyOf(scan));
+    ScanResult& last = part.Scans.emplace_back();
+    last.Index = std::move(now.Index);
+    last.FileCount = now.FileCount;
+    return part;
+}
+
 } // namespace
+
+std::size_t SourceReading::FileCount() const {
+    std::size_t count = 0;
+    for (const ScanResult& scan : Scans)
+        count += scan.FileCount;
+    return count;
+}
 
 std::vector<std::uint64_t> SourceReading::Digests() const {
     std::vector<std::uint64_t> digests;
@@ -39,12 +66,16 @@ std::vector<std::uint64_t> SourceReading::Digests() const {
 }
 
 SourceReading ReadSources(const std::vector<SourceSettings>& sources,
-                          const SourceScanner::Progress& progress) {
+                          const SourceScanner::Progress& progress,
+                          const TakeReadingPart& takePart) {
     SourceReading reading;
     for (const SourceSettings& source : sources) {
-        ScanResult scan = ScannerFor(source).Scan(progress);
+        SourceScanner scanner = ScannerFor(source);
+        if (takePart)
+            scanner.SetParts([&](ScanPart part) { takePart(PartOf(reading, std::move(part))); });
+        ScanResult scan = scanner.Scan(progress);
         if (!scan.Outcome.IsDone())
-            return {{}, scan.Outcome.Message, scan.Outcome.Status == ScanStatus::Cancelled};
+            return {{}, scan.Outcome.Message, scan.Outcome.Status == ScanStatus::Cancelled, false};
         reading.Scans.push_back(std::move(scan));
     }
     return reading;

@@ -286,7 +286,7 @@ bool LanguageRefiner::IsLocal(const CtagsTag& tag, Work&) const {
 }
 
 std::vector<ScopeStep> LanguageRefiner::GroupOf(Work& work) const {
-    return ModulePath(work.File.Path);
+    return GroupOfPath(work.File.Path).value_or(std::vector<ScopeStep>());
 }
 
 std::vector<ScopeStep> LanguageRefiner::ModulePath(std::string_view path) {
@@ -458,6 +458,10 @@ SourceKind CommonKind(std::string_view kind) {
     const auto at =
         std::find_if(pairs.begin(), pairs.end(), [&](const Pair& p) { return p.word == kind; });
     return at == pairs.end() ? SourceKind::Other : at->kind;
+}
+
+std::optional<std::vector<ScopeStep>> PlainRefiner::GroupOfPath(std::string_view path) const {
+    return ModulePath(path);
 }
 
 SourceKind PlainRefiner::KindOf(const CtagsTag& tag) const {

@@ -60,6 +60,12 @@ public:
     /// The declarations of the file, sorted by line.
     std::vector<SourceDeclaration> Refine(const TaggedFile& file, const SourceText& text) const;
 
+    /// The package or module of a file where its path alone tells: then all that it declares stands
+    /// there or below. Nothing where the content has a say.
+    virtual std::optional<std::vector<ScopeStep>> GroupOfPath(std::string_view) const {
+        return std::nullopt;
+    }
+
 protected:
     struct Work {
         const TaggedFile& File;
@@ -84,6 +90,7 @@ protected:
 
     virtual std::string_view ScopeSeparator() const { return "."; }
 
+    /// Where GroupOfPath gives nothing, there is no group unless this one says so.
     virtual std::vector<ScopeStep> GroupOf(Work& work) const;
 
     virtual void Prepare(Work&) const {}
@@ -127,6 +134,9 @@ private:
 
 /// What any other language that ctags knows gets: kinds by ctags' words, a module for each file.
 class PlainRefiner : public LanguageRefiner {
+public:
+    std::optional<std::vector<ScopeStep>> GroupOfPath(std::string_view path) const override;
+
 protected:
     SourceKind KindOf(const CtagsTag& tag) const override;
 };

@@ -6,8 +6,8 @@
 
 namespace paperkite {
 
-std::vector<ScopeStep> PythonRefiner::GroupOf(Work& work) const {
-    std::vector<ScopeStep> steps = ModulePath(work.File.Path);
+std::optional<std::vector<ScopeStep>> PythonRefiner::GroupOfPath(std::string_view path) const {
+    std::vector<ScopeStep> steps = ModulePath(path);
     if (steps.back().Name == "__init__") {
         steps.pop_back();
         if (!steps.empty()) {

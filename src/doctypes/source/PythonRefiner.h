@@ -6,8 +6,10 @@ namespace paperkite {
 
 /// Python: a module for each file, packages for folders.
 class PythonRefiner : public LanguageRefiner {
+public:
+    std::optional<std::vector<ScopeStep>> GroupOfPath(std::string_view path) const override;
+
 protected:
-    std::vector<ScopeStep> GroupOf(Work& work) const override;
     bool IsLocal(const CtagsTag& tag, Work& work) const override;
     bool IsWanted(const CtagsTag& tag, const Work& work) const override;
     SourceKind KindOf(const CtagsTag& tag) const override;

@@ -31,8 +31,8 @@ std::string_view OwnPart(std::string_view head) {
 
 } // namespace
 
-std::vector<ScopeStep> RustRefiner::GroupOf(Work& work) const {
-    std::vector<ScopeStep> steps = ModulePath(work.File.Path);
+std::optional<std::vector<ScopeStep>> RustRefiner::GroupOfPath(std::string_view path) const {
+    std::vector<ScopeStep> steps = ModulePath(path);
     const std::string file = steps.back().Name;
     if (file == "mod" || file == "lib" || file == "main") {
         steps.pop_back();

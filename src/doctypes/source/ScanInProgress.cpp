@@ -203,6 +203,7 @@ ScanOutcome ScanInProgress::ReadFiles() {
     if (!Stand(ScanPhase::ReadingFiles)) {
         return Cancelled();
     }
+    BeginParts();
     if (mCacheFolder.IsThere()) {
         mWriter = std::make_unique<ScanCacheWriter>(mCachePath);
     }
@@ -227,6 +228,7 @@ ScanOutcome ScanInProgress::ReadFiles() {
                 if (ScanOutcome outcome = reader.Outcome(); !outcome.IsDone()) {
                     return outcome.Status == ScanStatus::Cancelled ? Cancelled() : outcome;
                 }
+                OfferPart();
                 if (!Report(ScanPhase::ReadingFiles, mDone, mFiles[i].Found.Path)) {
                     return Cancelled();
                 }
@@ -234,6 +236,8 @@ ScanOutcome ScanInProgress::ReadFiles() {
             Add(i, std::move(*read));
         }
         mDone = i + 1;
+        NoteRead(i);
+        OfferPart();
         if (!Report(ScanPhase::ReadingFiles, mDone, mFiles[i].Found.Path)) {
             return Cancelled();
         }

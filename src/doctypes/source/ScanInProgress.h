@@ -10,6 +10,7 @@
 #include "doctypes/source/SourceScanner.h"
 
 #include <atomic>
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -66,6 +67,11 @@ private:
     bool IsTooLarge(const File& file) const;
     std::string ReaderText() const;
 
+    // ScanInProgressParts.cpp: what is told before the end
+    void BeginParts();
+    void NoteRead(std::uint32_t number);
+    void OfferPart();
+
     const SourceScanner& mScanner;
     const SourceScanner::Progress& mProgress;
     const std::int64_t mMoment = FileStamp::Now();
@@ -84,6 +90,10 @@ private:
     std::vector<File> mFiles;
     std::vector<CachedFile> mRecords;
     std::optional<SourceIndexBuilder> mBuilder;
+    std::optional<OpenGroups> mOpenGroups; ///< only while parts are told
+    std::chrono::steady_clock::time_point mFirstPart;
+    std::size_t mNextPartSize = 0;
+    bool mHasNewPart = false; ///< a file was read since a part was last looked for
     ScanResult mResult;
     std::size_t mDone = 0;
     std::size_t mUntoldWarnings = 0;

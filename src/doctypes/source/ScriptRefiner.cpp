@@ -18,6 +18,10 @@ bool IsExports(std::string_view scope) {
 
 } // namespace
 
+std::optional<std::vector<ScopeStep>> ScriptRefiner::GroupOfPath(std::string_view path) const {
+    return ModulePath(path);
+}
+
 void ScriptRefiner::Prepare(Work& work) const {
     for (const CtagsTag& tag : work.File.Tags) {
         if (tag.Kind == "class") {

@@ -6,6 +6,9 @@ namespace paperkite {
 
 /// JavaScript and TypeScript: a module for each file.
 class ScriptRefiner : public LanguageRefiner {
+public:
+    std::optional<std::vector<ScopeStep>> GroupOfPath(std::string_view path) const override;
+
 protected:
     void Prepare(Work& work) const override;
     std::optional<std::vector<CtagsTag>> BetterTags(const Work& work) const override;

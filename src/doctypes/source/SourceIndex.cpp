@@ -4,6 +4,17 @@
 
 namespace paperkite {
 
+SourceIndex SourceIndex::Copy() const {
+    SourceIndex copy;
+    copy.mStrings = mStrings.Copy();
+    copy.mFiles = mFiles;
+    copy.mEntities = mEntities;
+    copy.mChildren = mChildren;
+    copy.mPlaces = mPlaces;
+    copy.mNames = mNames;
+    return copy;
+}
+
 // FNV-1a, because a child's hash goes on from its parent's
 std::uint64_t SourceIndex::HashMore(std::uint64_t hash, std::string_view text) {
     for (const unsigned char c : text) {

@@ -43,6 +43,9 @@ public:
     SourceIndex(SourceIndex&&) = default;
     SourceIndex& operator=(SourceIndex&&) = default;
 
+    /// The same in memory of its own.
+    SourceIndex Copy() const;
+
     std::size_t Size() const { return mEntities.size(); }
 
     /// In constant time, whatever the size of the index.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "doctypes/source/SettledFiles.h"
 #include "doctypes/source/SourceDeclaration.h"
 #include "doctypes/source/SourceIndex.h"
 
@@ -33,6 +34,12 @@ public:
     /// a million declarations.
     using KeepGoing = std::function<bool()>;
 
+    /// The index of what is known so far and bears its qualified name and kind for good, whatever
+    /// the open files will declare; nothing when there is none, or when it was told to stop. Files
+    /// that were added are closed by then. The building goes on afterwards. Takes as long as a copy
+    /// of all that is known, and finishing it.
+    std::optional<SourceIndex> Settled(const OpenGroups& open, const KeepGoing& keepGoing) const;
+
     /// Ends the building; the builder is empty afterwards. Nothing when it was told to stop.
     std::optional<SourceIndex> Finish(const KeepGoing& keepGoing = {});
 
@@ -65,6 +72,11 @@ private:
     Text TypesOf(const SourceDeclaration& declaration);
     void TakeFacts(Id entity, const SourceDeclaration& declaration);
     void AddPlace(Id entity, const SourceDeclaration& declaration);
+
+    // SourceIndexSettling.cpp: what stays as it is
+    SourceIndexBuilder(const SourceIndexBuilder& other, SourceIndex index);
+    std::vector<bool> Unsettled(const OpenGroups& open) const;
+    bool StaysBeside(Id entity) const;
 
     // SourceIndexFinishing.cpp: what needs the whole
     void MatchDefinitions();

@@ -15,6 +15,11 @@ void SourceScanner::SetCache(std::string folder, std::string owner) {
     mCacheOwner = std::move(owner);
 }
 
+void SourceScanner::SetParts(TakePart take, PartPace pace) {
+    mTakePart = std::move(take);
+    mPartPace = pace;
+}
+
 std::string SourceScanner::Place() const {
     std::error_code ignored;
     ByteWriter place;

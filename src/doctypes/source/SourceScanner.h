@@ -35,6 +35,21 @@ struct ScanResult {
     std::uint64_t Digest = 0;          ///< equal indexes have equal digests
 };
 
+/// What a scan that goes on knows already: the part of its index that will stay as it is. Each item
+/// has the qualified name and the kind that it will have in the whole index; more will be beside
+/// and below them.
+struct ScanPart {
+    SourceIndex Index;
+    std::size_t FileCount = 0; ///< files that were read for it
+};
+
+/// When the parts of a scan come. Each costs as much as what is known by then, so that they have to
+/// come at growing distances.
+struct PartPace {
+    std::chrono::milliseconds First{500}; ///< behind the begin of reading
+    double Growth = 2;                    ///< of what is known, until the next one
+};
+
 /// Scans a folder of source code.
 ///
 ///     SourceScanner scanner("/home/me/leveldb", "leveldb");
@@ -72,6 +87,13 @@ public:
     /// A file that ctags works at for longer is left out with a warning; at first 30 seconds.
     void SetFileTimeLimit(std::chrono::milliseconds limit) { mFileTimeLimit = limit; }
 
+    /// Gives the parts of a first scan while it goes on, in the thread of the scan. There are none
+    /// when something is kept of an earlier scan, and when one of the files is in a language in
+    /// which its path does not tell where its names stand: there a later file may change the names
+    /// of what is known. See GroupOfFile.
+    using TakePart = std::function<void(ScanPart part)>;
+    void SetParts(TakePart take, PartPace pace = {});
+
     /// Bad source code is never a failure. Fails when the folder or ctags cannot be used.
     ScanResult Scan(const Progress& progress = {}) const;
 
@@ -101,6 +123,8 @@ private:
     std::string mCacheOwner;
     unsigned mProcessCount;
     std::chrono::milliseconds mFileTimeLimit{30000};
+    TakePart mTakePart;
+    PartPace mPartPace;
 };
 
 } // namespace paperkite

@@ -21,6 +21,18 @@ StringPool::StringPool() : mSlots(1024, NotThere) {
     Intern({});
 }
 
+StringPool StringPool::Copy() const {
+    StringPool copy;
+    copy.mTexts.clear();
+    copy.mTexts.reserve(mTexts.size());
+    for (const std::string_view text : mTexts) {
+        copy.mTexts.push_back(copy.Keep(text));
+    }
+    copy.mHashes = mHashes;
+    copy.mSlots = mSlots;
+    return copy;
+}
+
 // The slots are a power of two and at most two thirds full.
 std::size_t StringPool::SlotOf(std::string_view text, std::uint32_t hash) const {
     const std::size_t mask = mSlots.size() - 1;

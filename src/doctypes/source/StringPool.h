@@ -15,6 +15,11 @@ public:
     static constexpr Id NotThere = 0xFFFFFFFF;
 
     StringPool();
+    StringPool(StringPool&&) = default;
+    StringPool& operator=(StringPool&&) = default;
+
+    /// The same texts with the same numbers, in memory of its own.
+    StringPool Copy() const;
 
     Id Intern(std::string_view text);
     Id Find(std::string_view text) const; ///< NotThere when the pool does not hold it

@@ -4,7 +4,6 @@
 #include <QLabel>
 #include <QToolButton>
 
-#include <exception>
 #include <utility>
 
 namespace paperkite {
@@ -13,6 +12,17 @@ namespace {
 
 constexpr int kLookMilliseconds = 50;
 
+QString ProgressText(const RunningReading& reading) {
+    const ScanProgress now = reading.Now();
+    const auto count = [](std::size_t value) { return QString::number(qulonglong(value)); };
+    if (now.Phase == ScanPhase::ReadingFiles)
+        return QObject::tr("Reading source code, %1 of %2 files")
+            .arg(count(now.FilesDone), count(now.FilesTotal));
+    if (!reading.WantsParts()) return QObject::tr("Looking for changed source code …");
+    return now.Phase == ScanPhase::BuildingIndex ? QObject::tr("Putting the items in order …")
+                                                 : QObject::tr("Looking for source files …");
+}
+
 } // namespace
 
 BackgroundReading::BackgroundReading(QWidget* parent) : QWidget(parent) {
@@ -20,15 +30,16 @@ BackgroundReading::BackgroundReading(QWidget* parent) : QWidget(parent) {
     row->setContentsMargins(0, 0, 8, 0);
     mText = new QLabel(this);
     mText->setForegroundRole(QPalette::PlaceholderText);
-    mCancel = new QToolButton(this);
-    mCancel->setObjectName("CancelReading");
-    mCancel->setText(tr("Cancel"));
-    mCancel->setAutoRaise(true);
-    mCancel->setFocusPolicy(Qt::NoFocus); // the author may be typing
-    mCancel->setToolTip(tr("Go on with the source code as it was read the last time"));
     row->addWidget(mText);
-    row->addWidget(mCancel);
-    connect(mCancel, &QToolButton::clicked, this, [this] { mCancelled = true; });
+    mCancel = AddButton("CancelReading", tr("Cancel"));
+    mAgain = AddButton("ReadAgain", tr("Read Again"));
+    mAgain->setToolTip(tr("Read all source code of the project"));
+    connect(mCancel, &QToolButton::clicked, this, [this] {
+        if (mReading) mReading->Cancel();
+    });
+    connect(mAgain, &QToolButton::clicked, this, [this] {
+        if (const auto readAgain = mReadAgain) readAgain();
+    });
     connect(&mTimer, &QTimer::timeout, this, [this] { Look(); });
     setVisible(false);
 }
@@ -37,66 +48,73 @@ BackgroundReading::~BackgroundReading() {
     Stop();
 }
 
-void BackgroundReading::Start(std::vector<SourceSettings> sources, Suits suits, Deliver deliver) {
+QToolButton* BackgroundReading::AddButton(const char* name, const QString& text) {
+    auto* button = new QToolButton(this);
+    button->setObjectName(name);
+    button->setText(text);
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::NoFocus); // the author may be typing
+    button->setVisible(false);
+    layout()->addWidget(button);
+    return button;
+}
+
+void BackgroundReading::Start(std::unique_ptr<RunningReading> reading, Suits suits,
+                              Deliver deliver) {
     Stop();
     mSuits = std::move(suits);
     mDeliver = std::move(deliver);
-    mCancelled = false;
-    mFinished = false;
-    mPhase = ScanPhase::FindingFiles;
-    mThread = std::thread([this, given = std::move(sources)] { Read(given); });
+    mReading = std::move(reading);
+    mCancel->setToolTip(mReading->WantsParts()
+                            ? tr("Go on with the part of the source code that is read by then")
+                            : tr("Go on with the source code as it was read the last time"));
     ShowProgress();
     setVisible(true);
     mTimer.start(kLookMilliseconds);
 }
 
 void BackgroundReading::Stop() {
-    mCancelled = true;
     mTimer.stop();
-    if (mThread.joinable()) mThread.join();
-    mReading = {};
+    mReading.reset();
     mDeliver = {};
+    mReadAgain = {};
     mText->clear();
+    mAgain->setVisible(false);
     setVisible(false);
 }
 
-void BackgroundReading::Read(const std::vector<SourceSettings>& sources) {
-    try {
-        mReading = ReadSources(sources, [this](const ScanProgress& now) {
-            mPhase = now.Phase;
-            mDone = now.FilesDone;
-            mTotal = now.FilesTotal;
-            return !mCancelled;
-        });
-    } catch (const std::exception& exception) {
-        mReading = {{}, exception.what(), false};
-    }
-    mFinished = true;
+void BackgroundReading::ShowPartOnly(std::function<void()> readAgain) {
+    Stop();
+    mReadAgain = std::move(readAgain);
+    mText->setText(tr("Only a part of the source code was read"));
+    mCancel->setVisible(false);
+    mAgain->setVisible(true);
+    setVisible(true);
 }
 
 void BackgroundReading::Look() {
-    if (!mFinished) {
-        ShowProgress();
-        return;
-    }
+    const bool isFinished = mReading->IsFinished();
+    if (!isFinished) ShowProgress();
+    if (!isFinished && !mReading->HasPart()) return;
     if (!mSuits()) {
+        if (!isFinished) return;
         mCancel->setVisible(false);
         mText->setText(tr("The source code was read; it is shown when the edit ends"));
         return;
     }
-    mThread.join();
-    SourceReading reading = std::move(mReading);
-    const Deliver deliver = std::move(mDeliver);
+    const Deliver deliver = mDeliver; // which may stop or start a reading
+    if (!isFinished) {
+        if (auto part = mReading->TakePart()) deliver(std::move(*part));
+        return;
+    }
+    SourceReading reading = mReading->TakeResult();
     Stop();
     deliver(std::move(reading));
 }
 
 void BackgroundReading::ShowProgress() {
     mCancel->setVisible(true);
-    const auto count = [](std::size_t value) { return QString::number(qulonglong(value)); };
-    mText->setText(mPhase == ScanPhase::ReadingFiles
-                       ? tr("Reading source code, %1 of %2 files").arg(count(mDone), count(mTotal))
-                       : tr("Looking for changed source code …"));
+    mText->setText(ProgressText(*mReading));
 }
 
 } // namespace paperkite

@@ -1,14 +1,12 @@
 #pragma once
 
-#include "host/SourceReading.h"
+#include "host/RunningReading.h"
 
 #include <QTimer>
 #include <QWidget>
 
-#include <atomic>
 #include <functional>
-#include <thread>
-#include <vector>
+#include <memory>
 
 class QLabel;
 class QToolButton;
@@ -25,31 +23,29 @@ public:
     explicit BackgroundReading(QWidget* parent);
     ~BackgroundReading() override;
 
-    /// Begins to read; one that is under way is stopped first. `suits` is asked again and again
-    /// when all is read. A reading that the author cancels is delivered as cancelled.
-    void Start(std::vector<SourceSettings> sources, Suits suits, Deliver deliver);
-    /// Ends a reading and waits for its thread; nothing is delivered then.
+    /// Goes on with a reading that was begun; one that is under way is stopped first. `suits` is
+    /// asked again and again when a part or all is read; a part that is outdone by the next one
+    /// meanwhile is not delivered. A reading that the author cancels is delivered as cancelled.
+    void Start(std::unique_ptr<RunningReading> reading, Suits suits, Deliver deliver);
+    /// Ends a reading and waits for its thread; nothing is delivered then, and nothing shown.
     void Stop();
-    bool IsUnderWay() const { return mThread.joinable(); }
+    bool IsUnderWay() const { return mReading != nullptr; }
+    /// Says that only a part was read, and offers to read again, until something is started.
+    void ShowPartOnly(std::function<void()> readAgain);
 
 private:
-    void Read(const std::vector<SourceSettings>& sources);
+    QToolButton* AddButton(const char* name, const QString& text);
     void Look();
     void ShowProgress();
 
     QLabel* mText;
     QToolButton* mCancel;
+    QToolButton* mAgain;
     QTimer mTimer;
     Suits mSuits;
     Deliver mDeliver;
-    std::thread mThread;
-    /// The thread's, until mFinished is set.
-    SourceReading mReading;
-    std::atomic<bool> mCancelled = false;
-    std::atomic<bool> mFinished = false;
-    std::atomic<ScanPhase> mPhase = ScanPhase::FindingFiles;
-    std::atomic<std::size_t> mDone = 0;
-    std::atomic<std::size_t> mTotal = 0;
+    std::function<void()> mReadAgain;
+    std::unique_ptr<RunningReading> mReading;
 };
 
 } // namespace paperkite

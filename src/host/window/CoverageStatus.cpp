@@ -88,7 +88,12 @@ void CoverageStatus::CountMembers() {
         if (mSession->GetProject()->GetComments()->IsDocumented(index.QualifiedName(child)))
             ++documented;
     }
-    if (total > 0) mMembers->setText(tr("%1 of %2 members documented").arg(documented).arg(total));
+    if (total == 0) return;
+    const bool mayGrow = mSession->IsPart() && IsGroup(index.Kind(type));
+    mMembers->setText((mayGrow ? tr("%1 of %2 members read so far documented")
+                               : tr("%1 of %2 members documented"))
+                          .arg(documented)
+                          .arg(total));
 }
 
 void CoverageStatus::Show() {
@@ -96,7 +101,8 @@ void CoverageStatus::Show() {
     const double share = mTotal == 0 ? 1.0 : static_cast<double>(mDocumented) / double(mTotal);
     mBar->setValue(static_cast<int>(share * 1000));
     const double percent = share * 100;
-    mProject->setText(tr("%1 % of the project")
+    mProject->setText((mSession && mSession->IsPart() ? tr("%1 % of what was read so far")
+                                                      : tr("%1 % of the project"))
                           .arg(percent > 0 && percent < 10 ? QString::number(percent, 'f', 1)
                                                            : QString::number(int(percent))));
 }

@@ -53,11 +53,15 @@ private:
             item->setData(QString::fromStdString(match.QualifiedName), kNameRole);
             mMatches->appendRow(item);
         }
-        if (mMatches->rowCount() > 0) return;
         if (text.isEmpty()) return;
-        auto* none = new QStandardItem(QObject::tr("No item has “%1” in its name").arg(text));
-        none->setEnabled(false);
-        mMatches->appendRow(none);
+        if (mMatches->rowCount() == 0) Say(QObject::tr("No item has “%1” in its name").arg(text));
+        if (const auto& note = mFinder->GetNote(); !note.empty()) Say(QString::fromStdString(note));
+    }
+
+    void Say(const QString& text) {
+        auto* row = new QStandardItem(text);
+        row->setEnabled(false);
+        mMatches->appendRow(row);
     }
 
     void ChooseFirst() {

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace paperkite {
@@ -26,6 +27,10 @@ public:
     void SetSearch(Search search) { mSearch = std::move(search); }
     std::vector<Match> Find(const std::string& text, std::size_t most) const;
 
+    /// What is said below the matches, such as that they may not be all; empty for nothing.
+    const std::string& GetNote() const { return mNote; }
+    void SetNote(std::string note) { mNote = std::move(note); }
+
     struct {
         Event<const std::string&> Chosen; ///< the qualified name
     } Events;
@@ -38,6 +43,7 @@ public:
 
 private:
     Search mSearch;
+    std::string mNote;
 };
 
 } // namespace paperkite

@@ -88,13 +88,19 @@ private:
     void SaveAsFromMenu() { SaveAs(); }
     void CloseFromMenu() { CloseProject(); }
     void Rescan();
-    /// Reads what changed since the last time, beside the window.
-    void ReadInBackground();
+    /// Reads what changed since the last time, or what is missing, beside the window; goes on with
+    /// a reading where one was begun.
+    void ReadInBackground(std::unique_ptr<RunningReading> begun = nullptr);
     void TakeReading(SourceReading reading);
+    /// Offers to read again where reading ended before all was read.
+    void SayIfPartOnly();
+    /// Lets nothing claim to be all while only a part is read.
+    void ShowWhetherAll();
     void TakeCode(ProjectSession::ScannedCode code);
     /// Whether new code would take something from under the author's hands.
     bool IsAuthorBusy() const;
-    void ShowProject(std::unique_ptr<ProjectSession> session);
+    void ShowProject(std::unique_ptr<ProjectSession> session,
+                     std::unique_ptr<RunningReading> rest = nullptr);
     bool ShowOpened(ProjectSession::OpenResult opened, const std::string& failure,
                     const QString& title);
     void HideProject();

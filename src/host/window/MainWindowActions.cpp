@@ -169,8 +169,10 @@ void MainWindow::UpdateActions() {
         GetAction(name)->setEnabled(open);
     GetAction("Homeless")->setEnabled(mHomelessCount > 0);
     GetAction("Homeless")
-        ->setText(open && mHomelessCount == 0 ? tr("No &Homeless Comments")
-                                              : tr("&Homeless Comments …"));
+        ->setText(open && mWorkspace->GetSession().IsPart()
+                      ? tr("&Homeless Comments (Not All Code Was Read Yet)")
+                  : open && mHomelessCount == 0 ? tr("No &Homeless Comments")
+                                                : tr("&Homeless Comments …"));
     GetAction("CopyComments")
         ->setEnabled(open && mWorkspace->GetEditor().cEditor.GetCurrentCodeElement());
     GetAction("PasteComments")

@@ -20,8 +20,10 @@ void MainWindow::MakeHomelessStatus() {
 }
 
 void MainWindow::CountHomeless() {
-    mHomelessCount =
-        mWorkspace ? HomelessWork(*mWorkspace, nullptr).Names().size() : std::size_t{0};
+    // What is missing while only a part is read may still come.
+    mHomelessCount = mWorkspace && !mWorkspace->GetSession().IsPart()
+                         ? HomelessWork(*mWorkspace, nullptr).Names().size()
+                         : std::size_t{0};
     mHomeless->SetCount(mHomelessCount);
     const QString key = GetAction("Homeless")->shortcut().toString(QKeySequence::NativeText);
     mHomeless->setToolTip(

@@ -110,7 +110,11 @@ void MainWindow::NextUndocumented() {
     if (next)
         MoveTo(next);
     else
-        statusBar()->showMessage(tr("Every item from here on is documented."), 5000);
+        statusBar()->showMessage(
+            mWorkspace->GetSession().IsPart()
+                ? tr("Every item from here on that was read so far is documented.")
+                : tr("Every item from here on is documented."),
+            5000);
 }
 
 void MainWindow::PreviousUndocumented() {
@@ -119,7 +123,11 @@ void MainWindow::PreviousUndocumented() {
     if (previous)
         MoveTo(previous);
     else
-        statusBar()->showMessage(tr("Every item before this one is documented."), 5000);
+        statusBar()->showMessage(
+            mWorkspace->GetSession().IsPart()
+                ? tr("Every item before this one that was read so far is documented.")
+                : tr("Every item before this one is documented."),
+            5000);
 }
 
 void MainWindow::MoveTo(const Ref<TreeNode>& node) {

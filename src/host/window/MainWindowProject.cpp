@@ -58,7 +58,7 @@ bool MainWindow::CreateProject(const ProjectSession::NewProject& wanted) {
     ProjectSession::OpenResult made;
     const std::string failure =
         ScanDialog::Run(this, [&](const ProjectSession::Progress& progress) {
-            made = ProjectSession::Create(wanted, progress);
+            made = ProjectSession::CreateSoon(wanted, progress);
         });
     return ShowOpened(std::move(made), failure, tr("New Project"));
 }
@@ -68,7 +68,7 @@ bool MainWindow::OpenProject(const QString& path) {
     ProjectSession::OpenResult opened;
     const std::string failure =
         ScanDialog::Run(this, [&](const ProjectSession::Progress& progress) {
-            opened = ProjectSession::OpenLastKnown(path.toStdString(), progress);
+            opened = ProjectSession::OpenSoon(path.toStdString(), progress);
         });
     if (!QFileInfo::exists(path)) mRecent.Remove(path.toStdString());
     return ShowOpened(std::move(opened), failure, tr("Open Project"));
@@ -86,14 +86,15 @@ bool MainWindow::ShowOpened(ProjectSession::OpenResult opened, const std::string
         mKeeping->GiveLockBack();
     auto keeping = SafeKeeping::Begin(*opened.Session, this);
     if (!keeping) return false;
-    ShowProject(std::move(opened.Session));
+    ShowProject(std::move(opened.Session), std::move(opened.Rest));
     BeginKeeping(std::move(keeping));
     TellMissingFiles();
     OfferConflicts();
     return true;
 }
 
-void MainWindow::ShowProject(std::unique_ptr<ProjectSession> session) {
+void MainWindow::ShowProject(std::unique_ptr<ProjectSession> session,
+                             std::unique_ptr<RunningReading> rest) {
     HideProject();
     mWorkspace = std::make_unique<Workspace>(std::move(session));
     ProjectEditor& editor = mWorkspace->GetEditor();
@@ -122,7 +123,7 @@ void MainWindow::ShowProject(std::unique_ptr<ProjectSession> session) {
     ShowTitle();
     MoveTo(editor.Project.GetNodes().GetFirst());
     CountHomeless();
-    if (!mWorkspace->GetSession().IsUpToDate()) ReadInBackground();
+    if (!mWorkspace->GetSession().IsUpToDate()) ReadInBackground(std::move(rest));
 }
 
 void MainWindow::AddFinder() {
@@ -136,6 +137,7 @@ void MainWindow::AddFinder() {
             matches.push_back({session.GetProvider()->GetItem(name)->Get("Name").ToText(), name});
         return matches;
     });
+    ShowWhetherAll();
     mConnections.push_back(
         mFinder->Events.Chosen.Connect([this](const auto& name) { GoTo(name); }));
     const auto client = MakeRef<Container>("treeWithFinder");
@@ -280,7 +282,9 @@ void MainWindow::ShowProperties() {
         "<table>" + row(tr("Title"), QString::fromStdString(project->GetTitle()).toHtmlEscaped()) +
         row(tr("Project file"), QString::fromStdString(project->GetPath()).toHtmlEscaped()) +
         row(tr("Source folders"), sources) +
-        row(tr("Source files"), count(session.GetFileCount())) +
+        row(tr("Source files"), session.IsPart()
+                                    ? tr("%1 read so far").arg(count(session.GetFileCount()))
+                                    : count(session.GetFileCount())) +
         row(tr("Comments"), count(project->GetComments()->Count())) + "</table>");
     box.exec();
 }

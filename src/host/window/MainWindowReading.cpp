@@ -26,17 +26,27 @@ void MainWindow::Rescan() {
     ProjectSession::ScanAnswer answer;
     const std::string failure = ScanDialog::Run(
         this, [&](const ProjectSession::Progress& progress) { answer = session.Scan(progress); });
-    if (answer.Cancelled) return;
-    if (answer.Code)
+    if (answer.Code) {
         TakeCode(std::move(*answer.Code));
-    else
-        TellProblem(this, failure.empty() ? answer.Problem : failure);
+        return;
+    }
+    if (!answer.Cancelled) TellProblem(this, failure.empty() ? answer.Problem : failure);
+    SayIfPartOnly();
 }
 
-void MainWindow::ReadInBackground() {
+void MainWindow::ReadInBackground(std::unique_ptr<RunningReading> begun) {
+    const ProjectSession& session = mWorkspace->GetSession();
+    if (!begun)
+        begun = std::make_unique<RunningReading>(
+            session.GetProject()->GetSources(),
+            session.IsPart() ? RunningReading::Parts::Wanted : RunningReading::Parts::Unwanted);
     mReading->Start(
-        mWorkspace->GetSession().GetProject()->GetSources(), [this] { return !IsAuthorBusy(); },
+        std::move(begun), [this] { return !IsAuthorBusy(); },
         [this](SourceReading reading) { TakeReading(std::move(reading)); });
+}
+
+void MainWindow::SayIfPartOnly() {
+    if (mWorkspace->GetSession().IsPart()) mReading->ShowPartOnly([this] { ReadInBackground(); });
 }
 
 bool MainWindow::IsAuthorBusy() const {
@@ -47,16 +57,30 @@ bool MainWindow::IsAuthorBusy() const {
 
 void MainWindow::TakeReading(SourceReading reading) {
     ProjectSession& session = mWorkspace->GetSession();
-    if (reading.Cancelled) return;
-    if (reading.Problem.empty() && reading.Digests() == session.GetDigests()) {
+    if (reading.Cancelled) {
+        SayIfPartOnly();
+        return;
+    }
+    // What is read once more begins with less than is known already.
+    if (reading.IsPart && (!session.IsPart() || reading.FileCount() <= session.GetFileCount()))
+        return;
+    if (!reading.IsPart && reading.Problem.empty() && reading.Digests() == session.GetDigests()) {
         session.SetUpToDate();
         return;
     }
     ProjectSession::ScanAnswer answer = session.Code(std::move(reading));
-    if (answer.Code)
+    if (answer.Code) {
         TakeCode(std::move(*answer.Code));
-    else
-        TellProblem(this, answer.Problem);
+        return;
+    }
+    SayIfPartOnly();
+    TellProblem(this, answer.Problem);
+}
+
+void MainWindow::ShowWhetherAll() {
+    mFinder->SetNote(mWorkspace->GetSession().IsPart()
+                         ? "Not all source code was read yet; there may be more"
+                         : "");
 }
 
 void MainWindow::TakeCode(ProjectSession::ScannedCode code) {
@@ -69,6 +93,7 @@ void MainWindow::TakeCode(ProjectSession::ScannedCode code) {
     const std::string item = before ? before->GetKey() : std::string();
     mWorkspace->Adopt(std::move(code));
     mCoverage->SetSession(&mWorkspace->GetSession());
+    ShowWhetherAll();
     if (!tree.GetSelectedItem()) MoveTo(tree.GetNodes().GetFirst());
     const auto selected = tree.GetSelectedItem();
     if (selected && selected->GetKey() == item) {
