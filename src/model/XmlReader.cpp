@@ -32,6 +32,17 @@ void DropBlankText(XmlElement& element) {
                   [](const XmlElement& child) { return child.Kind == XmlElement::NodeKind::Text; });
 }
 
+// Around markup that is passed over, such as a second declaration, stands one text, as it will when
+// it is read again.
+void AddChild(XmlElement& element, XmlElement child) {
+    const bool isText = child.Kind == XmlElement::NodeKind::Text;
+    if (isText && !element.Children.empty() &&
+        element.Children.back().Kind == XmlElement::NodeKind::Text)
+        element.Children.back().Text += child.Text;
+    else
+        element.Children.push_back(std::move(child));
+}
+
 bool Convert(const pugi::xml_node& node, XmlElement& result, int depth);
 
 bool ConvertChildren(const pugi::xml_node& node, XmlElement& result, int depth) {
@@ -41,7 +52,7 @@ bool ConvertChildren(const pugi::xml_node& node, XmlElement& result, int depth) 
             result = std::move(converted);
             return false;
         }
-        result.Children.push_back(std::move(converted));
+        AddChild(result, std::move(converted));
     }
     DropBlankText(result);
     return true;

@@ -366,6 +366,17 @@ TEST(ThreeWayMerge, UnknownElementsAttributesAndXmlCommentsOfBothSidesStay) {
                                    "  <mine n=\"1\"/>\n  <yours>text</yours>\n  <!-- why -->\n"));
 }
 
+TEST(ThreeWayMerge, TextAroundASecondDeclarationStaysOneText) {
+    const std::string odd =
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<contentfile version=\"1\">\n"
+        "  <comment item=\"a\" tag=\"##\" id=\"1\">one<?xml version=\"1.0\"?>\n<new/>two"
+        "<![CDATA[three]]></comment>\n</contentfile>\n";
+    const std::string before = Comments(odd);
+    EXPECT_EQ(before.substr(0, 7), "a#1=one");
+    const auto merged = Merge(FileOf({}), FileOf({{"b", "2", "new"}}), odd);
+    EXPECT_EQ(Comments(merged.Bytes), before + " b#2=new");
+}
+
 TEST(ThreeWayMerge, AnyBytesOfATextComeThrough) {
     const std::string odd = "]]> & <b>\\ \t\r\x01\xFF \n end ";
     const std::string stored = StoredText::EncodeContent(odd);
