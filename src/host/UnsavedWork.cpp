@@ -5,10 +5,6 @@ namespace paperkite {
 UnsavedWork::UnsavedWork(std::string journalFolder, const std::string& project)
     : mJournal(std::move(journalFolder), project) {}
 
-void UnsavedWork::SetWorkspace(Workspace& workspace) {
-    mWorkspace = &workspace;
-}
-
 UnsavedWork::StoredItem UnsavedWork::SnapshotOf(const std::string& item) const {
     StoredItem stored;
     const auto comments = mWorkspace->GetSession().GetProject()->GetComments()->Find(item);

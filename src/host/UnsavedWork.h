@@ -18,8 +18,9 @@ class UnsavedWork {
 public:
     UnsavedWork(std::string journalFolder, const std::string& project);
 
-    /// The workspace to look at; it may be exchanged for another one on the same project.
-    void SetWorkspace(Workspace& workspace);
+    /// The workspace to look at; it may be exchanged for another one on the same project, with
+    /// nothing between them.
+    void SetWorkspace(Workspace* workspace) { mWorkspace = workspace; }
 
     /// Before the author can change an item: remembers what is stored of it.
     void ItemShown(const std::string& qualifiedName);

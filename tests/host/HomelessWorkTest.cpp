@@ -16,7 +16,7 @@ protected:
     HomelessWorkTest() {
         mWorkspace = std::make_unique<Workspace>(Create());
         mUnsaved = std::make_unique<UnsavedWork>(mFolder / "journals", ProjectFile());
-        mUnsaved->SetWorkspace(*mWorkspace);
+        mUnsaved->SetWorkspace(mWorkspace.get());
         Load(kPuppy, "p1", "<p>Young.</p>");
         Load("zoo~animals~Puppy~Bark", "p2", "Not loud.");
         mWork = std::make_unique<HomelessWork>(*mWorkspace, mUnsaved.get());

@@ -17,7 +17,7 @@ protected:
     UnsavedWorkTest() {
         mWorkspace = std::make_unique<Workspace>(Create());
         mWork = std::make_unique<UnsavedWork>(mFolder / "journals", ProjectFile());
-        mWork->SetWorkspace(*mWorkspace);
+        mWork->SetWorkspace(mWorkspace.get());
     }
 
     void Select(const std::string& item) {

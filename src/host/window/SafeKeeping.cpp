@@ -148,8 +148,13 @@ void SafeKeeping::OfferLeftWork(ProjectDocument& project, QWidget* window) {
     if (!mRecovered.empty()) project.SetDirty(true);
 }
 
+void SafeKeeping::Pause() {
+    mTimer.stop();
+    mWork.SetWorkspace(nullptr);
+}
+
 void SafeKeeping::Watch(Workspace& workspace) {
-    mWork.SetWorkspace(workspace);
+    mWork.SetWorkspace(&workspace);
     if (const auto item = workspace.GetEditor().cEditor.GetCurrentCodeElement())
         mWork.ItemShown(item->Get("QualifiedName").ToText());
     mWork.TakeOver(mRecovered);

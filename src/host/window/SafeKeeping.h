@@ -30,8 +30,8 @@ public:
 
     /// From now on the workspace is watched; what was recovered is safe again behind this.
     void Watch(Workspace& workspace);
-    /// The workspace goes.
-    void Pause() { mTimer.stop(); }
+    /// The workspace goes; another one on the same project may be watched after it.
+    void Pause();
     /// Lets others open the project.
     void GiveLockBack() { mLock.reset(); }
 
