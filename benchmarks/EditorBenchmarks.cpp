@@ -49,7 +49,7 @@ void LoadEditor(benchmark::State& state, std::int64_t comments) {
         for (auto _ : state)
             editor.Load(space, item, item);
         if (editor.prpTags->Count() < static_cast<std::size_t>(comments))
-            state.SkipWithError("the comments are not listed");
+            return state.SkipWithError("the comments are not listed");
         editor.Terminate();
     }
     GlobalConfig().TaggedCommentDefs = configured;

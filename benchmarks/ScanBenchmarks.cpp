@@ -106,7 +106,7 @@ void CtagsAlone(benchmark::State& state, std::int64_t count) {
         ctags.write(QByteArray::fromStdString(yardstick.FileList));
         ctags.closeWriteChannel();
         if (!ctags.waitForFinished(60000) || ctags.exitCode() != 0)
-            state.SkipWithError("ctags failed");
+            return state.SkipWithError("ctags failed");
     }
 }
 

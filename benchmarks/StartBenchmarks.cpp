@@ -19,7 +19,7 @@ Row::Side Start(const std::string& program) {
                       program](benchmark::State& state, std::int64_t) {
         for (auto _ : state)
             if (WEXITSTATUS(std::system(command.c_str())) != kPainted)
-                state.SkipWithError("no window was painted");
+                return state.SkipWithError("no window was painted");
     };
 }
 

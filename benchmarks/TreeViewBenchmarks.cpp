@@ -115,7 +115,7 @@ void ExpandYardstick(benchmark::State& state, std::int64_t children) {
         type->setExpanded(true);
         WaitForPaint(paints, 0);
         state.PauseTiming();
-        if (type->childCount() != children) state.SkipWithError("children are missing");
+        if (type->childCount() != children) return state.SkipWithError("children are missing");
         tree.reset();
         state.ResumeTiming();
     }

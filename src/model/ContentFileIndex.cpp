@@ -19,7 +19,6 @@ constexpr std::string_view kTail = "\n</contentfile>\n";
 constexpr std::string_view kProperty = "\n  <property name=\"RelatedProject\">";
 constexpr std::string_view kPropertyEnd = "</property>";
 constexpr std::string_view kComment = "\n  <comment item=\"";
-constexpr std::string_view kCommentEnd = "</comment>";
 constexpr std::string_view kCDataEnd = "]]>";
 // What stands between two items' comments more often than not fits; longer names grow it.
 constexpr std::size_t kUsualName = 128;
@@ -36,8 +35,11 @@ bool IsEscaped(std::string_view value) {
 
 /// What a reader takes for a blank or another line break in an attribute.
 bool HoldsControl(std::string_view value) {
-    return std::any_of(value.begin(), value.end(),
-                       [](char character) { return static_cast<unsigned char>(character) < 0x20; });
+    // Without a way out of it, several characters are looked at at once.
+    bool holds = false;
+    for (const char character : value)
+        holds |= static_cast<unsigned char>(character) < 0x20;
+    return holds;
 }
 
 /// What the writer escapes in attributes, and nothing else.
@@ -84,6 +86,16 @@ private:
     bool Take(std::string_view wanted) {
         if (mBytes.compare(mAt, wanted.size(), wanted) != 0) return false;
         mAt += wanted.size();
+        return true;
+    }
+
+    /// Of a length that the compiler knows, for what each comment is asked for.
+    template <std::size_t kSize>
+    bool Take(const char (&wanted)[kSize]) {
+        constexpr std::size_t kLength = kSize - 1;
+        if (mBytes.size() - mAt < kLength || std::memcmp(mBytes.data() + mAt, wanted, kLength) != 0)
+            return false;
+        mAt += kLength;
         return true;
     }
 
@@ -144,7 +156,7 @@ private:
         } else {
             mAt = std::min(mBytes.find('<', mAt), mBytes.size());
         }
-        return Take(kCommentEnd);
+        return Take("</comment>");
     }
 
     /// Counts a comment to the run of its item. False where it is not behind the one before.

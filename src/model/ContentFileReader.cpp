@@ -65,12 +65,17 @@ void ReadRoot(ContentFile& file, XmlElement root, std::vector<ReadComment>& comm
     file.Kept.Root = std::move(root);
 }
 
+constexpr std::size_t kFirstRuns = 64;
+
 /// Leaves the comments as bytes where the file allows it.
 bool ReadQuickly(const Ref<ContentFile>& file, const SharedText& bytes, CommentStore& store) {
     std::vector<std::pair<std::string, CommentStore::Run>> runs;
     std::string relatedProject;
     const bool isUsual =
         ContentFileIndex::Scan(bytes, relatedProject, [&](const ContentFileIndex::Run& run) {
+            // After the first ones it shows how many there will be.
+            if (runs.size() == kFirstRuns)
+                runs.reserve(kFirstRuns + kFirstRuns * bytes.size() / run.Offset);
             runs.emplace_back(run.Item,
                               CommentStore::Run{file, bytes, run.Offset, run.Length, run.Count});
         });
