@@ -24,6 +24,19 @@ int Rank(SourceKind kind) {
                                          : 4;
 }
 
+bool IsEncoded(unsigned char byte) {
+    return byte < 0x20 || byte == 0x7F || byte == '~' || byte == ':' || byte == '%' ||
+           byte == '/' || byte == '\\';
+}
+
+/// Whether a name is its own step, as most are.
+bool IsPlainStep(std::string_view name) {
+    return std::all_of(name.begin(), name.end(), [](const char character) {
+        const auto byte = static_cast<unsigned char>(character);
+        return byte < 0x80 && !IsEncoded(byte);
+    });
+}
+
 } // namespace
 
 std::string EncodedStep(std::string_view name) {
@@ -34,8 +47,7 @@ std::string EncodedStep(std::string_view name) {
     for (std::size_t i = 0; i < name.size();) {
         const unsigned char byte = static_cast<unsigned char>(name[i]);
         const std::size_t length = isText || byte < 0x80 ? 1 : Utf8CharacterLength(name.substr(i));
-        if (length == 0 || byte < 0x20 || byte == 0x7F || byte == '~' || byte == ':' ||
-            byte == '%' || byte == '/' || byte == '\\') {
+        if (length == 0 || IsEncoded(byte)) {
             step += '%';
             step += digits[byte >> 4];
             step += digits[byte & 15];
@@ -104,25 +116,23 @@ void SourceIndexBuilder::MatchDefinitionsOf(Id first) {
         return ParameterList(mIndex.Signature(id), SourceLanguage::Cpp);
     };
     const auto matchBy = [&](auto&& feature) {
-        for (Id& definition : definitions) {
-            const auto isMatch = [&](Id declaration) {
-                return definition != SourceIndex::Nothing &&
-                       feature(declaration) == feature(definition);
-            };
-            const auto isRival = [&](Id other) {
-                return other != SourceIndex::Nothing && other != definition && isMatch(other);
-            };
-            const auto found = std::find_if(declarations.begin(), declarations.end(), isMatch);
-            if (found == declarations.end() ||
-                std::any_of(found + 1, declarations.end(), isMatch) ||
-                std::any_of(definitions.begin(), definitions.end(), isRival)) {
-                continue;
-            }
-            MergeInto(*found, definition);
-            declarations.erase(found);
-            definition = SourceIndex::Nothing;
+        if (declarations.empty() || definitions.empty()) {
+            return;
         }
-        std::erase(definitions, SourceIndex::Nothing);
+        std::map<decltype(feature(first)), std::pair<std::vector<Id>, std::vector<Id>>> alike;
+        for (const Id id : declarations) {
+            alike[feature(id)].first.push_back(id);
+        }
+        for (const Id id : definitions) {
+            alike[feature(id)].second.push_back(id);
+        }
+        for (const auto& [ignored, pair] : alike) {
+            if (pair.first.size() == 1 && pair.second.size() == 1) {
+                MergeInto(pair.first.front(), pair.second.front());
+            }
+        }
+        std::erase_if(declarations, [&](Id id) { return mDrafts[id].hasDefinition; });
+        std::erase_if(definitions, [&](Id id) { return mDrafts[id].isGone; });
     };
     matchBy([&](Id id) { return list(id).BareTypesText(); });
     matchBy([&](Id id) {
@@ -200,7 +210,10 @@ void SourceIndexBuilder::NameSteps() {
             continue;
         }
         if (mDrafts[first].nextOfName == SourceIndex::Nothing) {
-            mIndex.mEntities[first].step = mIndex.mStrings.Intern(EncodedStep(mIndex.Name(first)));
+            SourceIndex::Entity& entity = mIndex.mEntities[first];
+            const std::string_view name = mIndex.Name(first);
+            entity.step =
+                IsPlainStep(name) ? entity.name : mIndex.mStrings.Intern(EncodedStep(name));
         } else {
             NameStepsOf(first);
         }
@@ -255,10 +268,12 @@ void SourceIndexBuilder::NameStepsOf(Id first) {
                          mIndex.mStrings.View(mIndex.mFiles[mDrafts[id].localFile]));
     });
     std::set<std::string> taken;
+    std::map<std::string, int> numbers; ///< the last one that was tried
     for (std::size_t i = 0; i < ids.size(); ++i) {
         std::string name = names[i];
-        for (int number = 2; !taken.insert(name).second; ++number) {
-            name = names[i] + "[" + std::to_string(number) + "]";
+        for (int& number = numbers.try_emplace(name, 1).first->second;
+             !taken.insert(name).second;) {
+            name = names[i] + "[" + std::to_string(++number) + "]";
         }
         mIndex.mEntities[ids[i]].step = mIndex.mStrings.Intern(EncodedStep(name));
     }
