@@ -95,4 +95,8 @@ double AllocatedBytes() {
     return static_cast<double>(info.uordblks) + static_cast<double>(info.hblkhd);
 }
 
+void ForgetFreeMemory() {
+    ::malloc_trim(0);
+}
+
 } // namespace paperkite::bench

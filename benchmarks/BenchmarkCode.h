@@ -33,4 +33,8 @@ public:
 /// Bytes that the process has allocated and not freed.
 double AllocatedBytes();
 
+/// Gives memory that is free back to the system, so that what follows has to fetch its own as in a
+/// program that has just started, whatever ran before it.
+void ForgetFreeMemory();
+
 } // namespace paperkite::bench

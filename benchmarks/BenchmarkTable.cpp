@@ -34,13 +34,12 @@ public:
         }
     }
 
-    double Median(const std::string& name, Judged by) const {
+    /// What else the machine does only ever adds to a figure.
+    double Least(const std::string& name, Judged by) const {
         const auto& all = by == Judged::MemoryRatio ? mBytes : mTimes;
         const auto found = all.find(name);
         if (found == all.end() || found->second.empty()) return 0;
-        std::vector<double> sorted = found->second;
-        std::sort(sorted.begin(), sorted.end());
-        return sorted[sorted.size() / 2];
+        return *std::min_element(found->second.begin(), found->second.end());
     }
 
 private:
@@ -85,9 +84,9 @@ Result ResultOf(const Row& row, const Collector& figures) {
     Result result;
     result.Of = &row;
     for (const std::int64_t size : row.Sizes) {
-        result.Ours.push_back(figures.Median(NameOf(row, "ours", size), row.By));
+        result.Ours.push_back(figures.Least(NameOf(row, "ours", size), row.By));
         if (row.Yardstick)
-            result.Yardstick.push_back(figures.Median(NameOf(row, "yardstick", size), row.By));
+            result.Yardstick.push_back(figures.Least(NameOf(row, "yardstick", size), row.By));
     }
     if (row.Sizes.size() > 1) result.Growth = GrowthOf(row.Sizes, result.Ours);
     result.Figure = FigureOf(result);

@@ -34,13 +34,13 @@ struct Row {
     std::vector<std::int64_t> Sizes{1};
     Judged By = Judged::TimeRatio;
     double Bound = 1;
-    int Repetitions = 5;
+    int Repetitions = 9;
 };
 
 /// Told by a side whose memory is judged.
 void ReportBytes(benchmark::State& state, double bytes);
 
-/// A row with its figures: medians over the repetitions, times in seconds.
+/// A row with its figures: the least over the repetitions, times in seconds.
 struct Result {
     const Row* Of = nullptr;
     std::vector<double> Ours;      ///< by size

@@ -1,3 +1,4 @@
+#include "BenchmarkCode.h"
 #include "BenchmarkTable.h"
 #include "MadeOnce.h"
 
@@ -21,8 +22,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr int kCommentsOfItem = 3;
-// Both sides take so little that one disturbance would outweigh what is compared.
-constexpr int kManyRepetitions = 15;
 const std::vector<std::int64_t> kSizes{1'000, 10'000, 100'000};
 
 /// A saved project of that many comments, in a folder that goes with it. It is made by a process of
@@ -85,6 +84,9 @@ const StoredProject& Stored(std::int64_t comments) {
 void LoadOurs(benchmark::State& state, std::int64_t comments) {
     const std::string path = Stored(comments).Path();
     for (auto _ : state) {
+        state.PauseTiming();
+        ForgetFreeMemory();
+        state.ResumeTiming();
         auto opened = ProjectDocument::Open(path);
         if (opened.Problem || opened.Project->GetComments()->Count() != std::size_t(comments))
             return state.SkipWithError("the comments were not read");
@@ -97,6 +99,9 @@ void LoadOurs(benchmark::State& state, std::int64_t comments) {
 void LoadYardstick(benchmark::State& state, std::int64_t comments) {
     const std::string path = Stored(comments).ContentPath();
     for (auto _ : state) {
+        state.PauseTiming();
+        ForgetFreeMemory();
+        state.ResumeTiming();
         auto document = std::make_unique<pugi::xml_document>();
         if (!document->load_file(path.c_str())) return state.SkipWithError("the file was not read");
         state.PauseTiming();
@@ -134,11 +139,11 @@ void SaveYardstick(benchmark::State& state, std::int64_t comments) {
 
 void AddStoreRows(std::vector<Row>& rows) {
     rows.push_back({"store.load", "load a project of 100,000 comments", LoadOurs,
-                    "pugixml parsing the same file", LoadYardstick, kSizes, Judged::TimeRatio, 1.5,
-                    kManyRepetitions});
+                    "pugixml parsing the same file", LoadYardstick, kSizes, Judged::TimeRatio,
+                    1.5});
     rows.push_back({"store.save", "save it with one comment changed", SaveOurs,
                     "pugixml writing the same file, unsynchronised", SaveYardstick, kSizes,
-                    Judged::TimeRatio, 2, kManyRepetitions});
+                    Judged::TimeRatio, 2});
 }
 
 } // namespace paperkite::bench

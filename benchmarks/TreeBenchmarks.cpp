@@ -90,6 +90,9 @@ const PlainNodes& PlainNodesOf(std::int64_t items) {
 void LoadOurs(benchmark::State& state, std::int64_t items) {
     BenchmarkCode& code = CodeOf(items);
     for (auto _ : state) {
+        state.PauseTiming();
+        ForgetFreeMemory();
+        state.ResumeTiming();
         ProjectView view;
         OpenAll(view, code);
         state.PauseTiming();
@@ -104,6 +107,7 @@ void LoadYardstick(benchmark::State& state, std::int64_t items) {
     const auto& nodes = PlainNodesOf(items);
     for (auto _ : state) {
         state.PauseTiming();
+        ForgetFreeMemory();
         const double before = AllocatedBytes();
         state.ResumeTiming();
         auto model = std::make_unique<QStandardItemModel>();

@@ -60,6 +60,7 @@ void ExpandOurs(benchmark::State& state, std::int64_t children) {
         ShowAndSettle(*screen);
         const PaintCount paints(screen->viewport());
         const Ref<TreeNode> type = view.GetNodes().Item("engine~Registers");
+        ForgetFreeMemory();
         state.ResumeTiming();
         type->SetExpanded(true);
         WaitForPaint(paints, 0);
@@ -111,6 +112,7 @@ void ExpandYardstick(benchmark::State& state, std::int64_t children) {
         });
         ShowAndSettle(*tree);
         const PaintCount paints(tree->viewport());
+        ForgetFreeMemory();
         state.ResumeTiming();
         type->setExpanded(true);
         WaitForPaint(paints, 0);
