@@ -1,5 +1,7 @@
 #include "BenchmarkTable.h"
 
+#include "BenchmarkProcess.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
@@ -34,7 +36,7 @@ public:
         }
     }
 
-    /// What else the machine does only ever adds to a figure.
+    /// 0 for what was not measured. What else the machine does only ever adds to a figure.
     double Least(const std::string& name, Judged by) const {
         const auto& all = by == Judged::MemoryRatio ? mBytes : mTimes;
         const auto found = all.find(name);
@@ -80,14 +82,25 @@ double FigureOf(const Result& result) {
     }
 }
 
-Result ResultOf(const Row& row, const Collector& figures) {
+/// Ours by size, and behind them the yardstick's where there is one.
+std::vector<double> Measure(const Row& row) {
+    Register(row, "yardstick", row.Yardstick);
+    Register(row, "ours", row.Ours);
+    Collector collector;
+    benchmark::RunSpecifiedBenchmarks(&collector);
+    std::vector<double> figures;
+    for (const char* side : {"ours", "yardstick"})
+        for (const std::int64_t size : row.Sizes)
+            figures.push_back(collector.Least(NameOf(row, side, size), row.By));
+    return figures;
+}
+
+Result ResultOf(const Row& row, const std::vector<double>& figures) {
     Result result;
     result.Of = &row;
-    for (const std::int64_t size : row.Sizes) {
-        result.Ours.push_back(figures.Least(NameOf(row, "ours", size), row.By));
-        if (row.Yardstick)
-            result.Yardstick.push_back(figures.Least(NameOf(row, "yardstick", size), row.By));
-    }
+    const auto middle = figures.begin() + static_cast<std::ptrdiff_t>(row.Sizes.size());
+    result.Ours.assign(figures.begin(), middle);
+    if (row.Yardstick) result.Yardstick.assign(middle, figures.end());
     if (row.Sizes.size() > 1) result.Growth = GrowthOf(row.Sizes, result.Ours);
     result.Figure = FigureOf(result);
     result.IsWithin = result.Ours.back() > 0 && result.Figure <= row.Bound;
@@ -149,18 +162,18 @@ double GrowthOf(const std::vector<std::int64_t>& sizes, const std::vector<double
     return (count * sumXY - sumX * sumY) / (count * sumXX - sumX * sumX);
 }
 
-std::vector<Result> RunRows(const std::vector<Row>& rows,
-                            const std::vector<std::string>& selected) {
+std::vector<Result> RunRows(const std::vector<Row>& rows, const std::vector<std::string>& selected,
+                            const Surroundings& within) {
+    std::vector<Result> results;
     for (const Row& row : rows) {
         if (!IsSelected(row, selected)) continue;
-        Register(row, "yardstick", row.Yardstick);
-        Register(row, "ours", row.Ours);
+        const auto measure = [&] {
+            std::vector<double> figures;
+            within([&] { figures = Measure(row); });
+            return figures;
+        };
+        results.push_back(ResultOf(row, FiguresFromProcess(measure)));
     }
-    Collector figures;
-    benchmark::RunSpecifiedBenchmarks(&figures);
-    std::vector<Result> results;
-    for (const Row& row : rows)
-        if (IsSelected(row, selected)) results.push_back(ResultOf(row, figures));
     return results;
 }
 

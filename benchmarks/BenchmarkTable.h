@@ -50,9 +50,13 @@ struct Result {
     bool IsWithin = false;
 };
 
-/// Runs the rows whose names begin with one of the selected texts (all for none), both sides and
-/// all sizes taking turns, and judges them.
-std::vector<Result> RunRows(const std::vector<Row>& rows, const std::vector<std::string>& selected);
+/// Does the work with what it needs around it, such as an application.
+using Surroundings = std::function<void(const std::function<void()>& work)>;
+
+/// Runs the rows whose names begin with one of the selected texts (all for none), each in a process
+/// of its own with both sides and all sizes taking turns, and judges them.
+std::vector<Result> RunRows(const std::vector<Row>& rows, const std::vector<std::string>& selected,
+                            const Surroundings& within);
 
 /// The exponent e of the least-squares fit of times = c * sizes^e.
 double GrowthOf(const std::vector<std::int64_t>& sizes, const std::vector<double>& times);

@@ -4,12 +4,25 @@
 
 #include <QApplication>
 
+#include <functional>
 #include <iostream>
 
 #include <CLI/CLI.hpp>
 #include <benchmark/benchmark.h>
 
 namespace {
+
+void WithApplication(int argc, char** argv, const std::function<void()>& work) {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    const auto helper = paperkite::InstallHeadlessServices(PAPERKITE_SOURCE_DIR);
+    char program[] = "bench";
+    char turns[] = "--benchmark_enable_random_interleaving=true";
+    char* arguments[] = {program, turns, nullptr};
+    int count = 2;
+    benchmark::Initialize(&count, arguments);
+    work();
+}
 
 int Run(int argc, char** argv) {
     using namespace paperkite::bench;
@@ -25,10 +38,6 @@ int Run(int argc, char** argv) {
     } catch (const CLI::ParseError& problem) {
         return options.exit(problem) == 0 ? 0 : 2;
     }
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    const auto helper = paperkite::InstallHeadlessServices(PAPERKITE_SOURCE_DIR);
-
     std::vector<Row> rows;
     for (const auto add : {AddTreeRows, AddTreeViewRows, AddScanRows, AddStoreRows, AddEditorRows,
                            AddProcedureRows, AddStartRows})
@@ -38,12 +47,8 @@ int Run(int argc, char** argv) {
             std::cout << row.Name << '\n';
         return 0;
     }
-    char program[] = "bench";
-    char turns[] = "--benchmark_enable_random_interleaving=true";
-    char* arguments[] = {program, turns, nullptr};
-    int count = 2;
-    benchmark::Initialize(&count, arguments);
-    const std::vector<Result> results = RunRows(rows, names);
+    const std::vector<Result> results =
+        RunRows(rows, names, [&](const auto& work) { WithApplication(argc, argv, work); });
     if (results.empty()) {
         std::cerr << "No row begins like that; bench --list prints all names.\n";
         return 2;
