@@ -3,7 +3,19 @@
 namespace paperkite::test {
 namespace {
 
-using ProjectEditorTest = ProjectEditorFixture;
+class ProjectEditorTest : public ProjectEditorFixture {
+protected:
+    /// Begins to edit the one comment of an item, and leaves the edit open.
+    Ref<TaggedComment> TypeIntoCommentOfA() {
+        const auto comment = mModel.Item("P~A")->Comment("#note", "old", "n1", 1);
+        mEditor.SelectItem("P~A");
+        auto& list = *mEditor.cEditor.prpTags;
+        list.SetSelectedItem(list.Item("n1"));
+        list.BeginEdit();
+        list.UserType("typed");
+        return comment;
+    }
+};
 
 TEST_F(ProjectEditorTest, AClickLoadsTheItemInConsolidatedForm) {
     EXPECT_TRUE(mEditor.SelectItem("P~A"));
@@ -79,12 +91,7 @@ TEST_F(ProjectEditorTest, WhatWasLockedForALoadIsUnlockedWhateverWrapperTheEdito
 }
 
 TEST_F(ProjectEditorTest, TheOldItemIsSavedBeforeAnythingChanges) {
-    const auto comment = mModel.Item("P~A")->Comment("#note", "old", "n1", 1);
-    mEditor.SelectItem("P~A");
-    auto& list = *mEditor.cEditor.prpTags;
-    list.SetSelectedItem(list.Item("n1"));
-    list.BeginEdit();
-    list.UserType("typed");
+    const auto comment = TypeIntoCommentOfA();
     std::string heard;
     const auto tie = mEditor.Events.NodeClickNameSpaceDef.Connect([&](const auto&, const auto&) {
         heard = comment->GetText() +
@@ -95,12 +102,7 @@ TEST_F(ProjectEditorTest, TheOldItemIsSavedBeforeAnythingChanges) {
 }
 
 TEST_F(ProjectEditorTest, RefreshingCommitsThenEmptiesTheListAndLoadsTheTreeAgain) {
-    const auto comment = mModel.Item("P~A")->Comment("#note", "old", "n1", 1);
-    mEditor.SelectItem("P~A");
-    auto& list = *mEditor.cEditor.prpTags;
-    list.SetSelectedItem(list.Item("n1"));
-    list.BeginEdit();
-    list.UserType("typed");
+    const auto comment = TypeIntoCommentOfA();
     const auto tie = mEditor.cEditor.Events.TaggedCommentChanged.Connect(
         [&](const auto&, const auto&, const auto&) { mModel.Log.Add("committed"); });
     mModel.Log.Take();

@@ -27,14 +27,15 @@ protected:
         scanner.SetProcessCount(GetParam());
         return scanner.Scan();
     }
-    void ExpectAllButOne(const std::string& warning) const {
+    /// What is said of the one file that was left out, while all others are there.
+    std::string WarningOfScan() const {
         const ScanResult result = Scan();
-        ASSERT_EQ(result.Outcome.Message, "");
+        if (!result.Outcome.IsDone()) return result.Outcome.Message;
         EXPECT_EQ(Dump(*result.Index), "\n+Variable a : int\n+Variable b : int\n+Variable c : int\n"
                                        "+Variable d : int\n");
-        ASSERT_EQ(result.Warnings.size(), 1u);
-        EXPECT_EQ(result.Warnings[0], warning);
         EXPECT_EQ(result.FileCount, 4u);
+        return result.Warnings.size() == 1 ? result.Warnings[0]
+                                           : std::to_string(result.Warnings.size()) + " warnings";
     }
 
     SourceTree mTree;
@@ -45,21 +46,20 @@ protected:
 
 TEST_P(FailingCtags, AFileThatCrashesItIsLeftOutAlone) {
     mTree.Write("b_crash.c", "int x;");
-    ExpectAllButOne("The file \"b_crash.c\" cannot be read by ctags, which was ended by signal 11 "
-                    "and was left out.");
+    EXPECT_EQ(WarningOfScan(), "The file \"b_crash.c\" cannot be read by ctags, which was ended by "
+                               "signal 11 and was left out.");
 }
 
 TEST_P(FailingCtags, AFileThatItNeverFinishesIsLeftOutAlone) {
     mTree.Write("b_hang.c", "int x;");
-    ExpectAllButOne(
-        "The file \"b_hang.c\" took ctags longer than 1 seconds to read and was left out.");
+    EXPECT_EQ(WarningOfScan(),
+              "The file \"b_hang.c\" took ctags longer than 1 seconds to read and was left out.");
 }
 
 TEST_P(FailingCtags, AFileThatItDoesNotAnswerIsLeftOutAlone) {
     mTree.Write("b_quit.c", "int x;");
-    ExpectAllButOne(
-        "The file \"b_quit.c\" cannot be read by ctags, which ended with code 0 and was "
-        "left out.");
+    EXPECT_EQ(WarningOfScan(), "The file \"b_quit.c\" cannot be read by ctags, which ended with "
+                               "code 0 and was left out.");
 }
 
 TEST_P(FailingCtags, OnlyBadFilesLeaveAnEmptyProject) {
