@@ -9,6 +9,7 @@
 #include "foundation/KiteProject.h"
 #include "foundation/PageTemplate.h"
 #include "foundation/Procedure.h"
+#include "foundation/SpellEngine.h"
 #include "foundation/TaggedCommentCollection.h"
 #include "foundation/TaggedCommentDef.h"
 #include "widgets/ExplorerBar.h"
@@ -21,17 +22,6 @@
 #include <vector>
 
 namespace paperkite {
-
-/// The options of spell checking that a host hands over.
-struct SpellOptions {
-    bool Suggest = true;
-    bool IgnoreInUpperCase = true;
-    bool IgnoreWithNumbers = true;
-    bool IgnoreInMixedCase = false;
-    std::string MainDictionaryFile;
-    std::string CustomDictionaryFile;
-    std::string IgnoreWordList;
-};
 
 /// A control encapsulating functionality to create, edit and delete Tagged Comments of one code
 /// element at a time.

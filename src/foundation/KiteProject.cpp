@@ -41,6 +41,23 @@ void KiteProject::Set(std::string_view member, const Value& value) {
         Object::Set(member, value);
 }
 
+Ref<ProjectTemplate> KiteProject::AddTemplate(const Ref<PageTemplate>& value) {
+    if (mTemplates.Contains(value->Name)) {
+        const auto bound = mTemplates.Item(value->Name);
+        if (bound->Template == value) return bound;
+    }
+    const auto binding = MakeRef<ProjectTemplate>();
+    binding->Template = value;
+    binding->NamespaceDefs = value->NamespaceDefs;
+    binding->Language = value->Language;
+    for (const auto& served : value->Namespaces) {
+        binding->NamespaceProvider = NamespaceProvider(served->Moniker);
+        if (binding->NamespaceProvider) break;
+    }
+    mTemplates.Add(binding, value->Name);
+    return binding;
+}
+
 std::int32_t KiteProject::GetOutputCodePage() const {
     return mSettings.Get("OutputCodePage").ToInteger();
 }

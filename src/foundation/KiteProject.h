@@ -11,6 +11,7 @@
 #include "foundation/Object.h"
 #include "foundation/ObjectCollection.h"
 #include "foundation/ProjectSettings.h"
+#include "foundation/ProjectTemplate.h"
 #include "foundation/Variable.h"
 
 #include <cstdint>
@@ -85,13 +86,14 @@ public:
     const Ref<paperkite::DiagramStyle>& GetDiagramStyle() const { return mDiagramStyle; }
 
     /// The templates that are bound to the project, by name.
-    const Collection<Ref<PageTemplate>>& GetTemplates() const { return mTemplates; }
-    /// A second template of the same name is an error.
-    void AddTemplate(const Ref<PageTemplate>& value) { mTemplates.Add(value, value->Name); }
+    const Collection<Ref<ProjectTemplate>>& GetTemplates() const { return mTemplates; }
+    /// Binds a template; one that is bound already keeps its binding. A second template of the same
+    /// name is an error.
+    Ref<ProjectTemplate> AddTemplate(const Ref<PageTemplate>& value);
 
-    /// The document type whose pages are made at present, or nothing.
-    const Ref<DocType>& GetCurrentTemplate() const { return mCurrentTemplate; }
-    void SetCurrentTemplate(const Ref<DocType>& value) { mCurrentTemplate = value; }
+    /// The bound template whose pages are made at present, or nothing.
+    const Ref<ProjectTemplate>& GetCurrentTemplate() const { return mCurrentTemplate; }
+    void SetCurrentTemplate(const Ref<ProjectTemplate>& value) { mCurrentTemplate = value; }
 
     /// The code page of the pages that are made; 65001 is UTF-8.
     std::int32_t GetOutputCodePage() const;
@@ -109,8 +111,8 @@ private:
     Collection<Ref<CommentFile>> mCommentFiles;
     Collection<Ref<IgnoredRelationship>> mIgnoreRelationships;
     Ref<paperkite::DiagramStyle> mDiagramStyle = MakeRef<paperkite::DiagramStyle>();
-    Collection<Ref<PageTemplate>> mTemplates{KeyComparison::IgnoringCase};
-    Ref<DocType> mCurrentTemplate;
+    Collection<Ref<ProjectTemplate>> mTemplates{KeyComparison::IgnoringCase};
+    Ref<ProjectTemplate> mCurrentTemplate;
 };
 
 } // namespace paperkite

@@ -41,6 +41,8 @@ struct NamespaceDef : Object {
     bool PreloadChildrenInSelection = false;
     /// Set before the definition is handed to a provider.
     bool Prepared = false;
+    /// Pages of this level are made.
+    bool Included = false;
 
     /// The definitions of the next level; never nothing.
     Ref<NamespaceDefs> GetChildDefs() const;

@@ -2,15 +2,22 @@
 
 #include "foundation/CommentPipe.h"
 #include "foundation/ControlHelper.h"
+#include "foundation/HTMLDocument.h"
 #include "foundation/MousePointer.h"
+#include "foundation/ParserTemplate.h"
 #include "foundation/RegistryHelper.h"
+#include "foundation/SpellEngine.h"
+#include "foundation/Theme.h"
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace paperkite {
+
+class DesignerControl;
 
 enum class MessageIcon { None, Information, Warning, Question, Critical };
 enum class MessageButtons { Ok, OkCancel, YesNo, YesNoCancel };
@@ -66,6 +73,12 @@ public:
     /// The base names of the files in a folder that end in `extension`, sorted; none is no failure.
     virtual std::vector<std::string> FilesWithExtension(const std::string& folder,
                                                         const std::string& extension) const = 0;
+    /// The bytes of a file, or nothing where there is none that can be read.
+    virtual std::optional<std::string> ReadFile(const std::string& path) const = 0;
+    /// Replaces what stands there; error 75 where that fails.
+    virtual void WriteFile(const std::string& path, const std::string& bytes) = 0;
+    /// A file that is not there is no failure; one that stays is error 75.
+    virtual void DeleteFile(const std::string& path) = 0;
 };
 
 /// What a report about a failure is sent to, where the host has such a component.
@@ -102,6 +115,18 @@ struct Services {
     std::function<Ref<paperkite::CommentPipe>()> CreateCommentPipe;
     /// Gives the report component, or nothing where the host has none.
     std::function<std::shared_ptr<paperkite::ErrorComponent>()> CreateErrorComponent;
+    /// A parser for page layouts, without a text.
+    std::function<Ref<paperkite::ParserTemplate>()> CreateParserTemplate;
+    std::shared_ptr<paperkite::HTMLDOMFactory> HTMLDOMFactory;
+    std::shared_ptr<paperkite::HTMLTidy> HTMLTidy;
+    /// The control of a designer by the class that definitions name; error 429 for another class.
+    std::function<Ref<paperkite::DesignerControl>(const std::string&)> CreateDesigner;
+    /// The engine of surfaces that were given no other one; nothing: nobody checks spelling.
+    Ref<paperkite::SpellEngine> Spelling;
+    /// Nothing stands for a system without visual themes.
+    std::shared_ptr<paperkite::ThemeColours> ThemeColours;
+    /// Nothing: texts are taken to fit.
+    std::shared_ptr<paperkite::TextMeasure> TextMeasure;
     /// Lets pending events of the window system run.
     std::function<void()> RunPendingEvents;
     /// The folder of the program, with its icons below.

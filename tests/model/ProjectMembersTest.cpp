@@ -33,9 +33,13 @@ TEST(ProjectMembers, TemplatesAreBoundByName) {
     auto project = MakeRef<ProjectDocument>();
     auto layouts = MakeRef<PageTemplate>();
     layouts->Name = "Standard";
-    project->AddTemplate(layouts);
-    EXPECT_EQ(project->GetTemplates().Item("standard"), layouts);
-    EXPECT_THROW(project->AddTemplate(layouts), Error);
+    const auto bound = project->AddTemplate(layouts);
+    EXPECT_EQ(project->GetTemplates().Item("standard"), bound);
+    EXPECT_EQ(bound->Template, layouts);
+    EXPECT_EQ(project->AddTemplate(layouts), bound);
+    auto another = MakeRef<PageTemplate>();
+    another->Name = "standard";
+    EXPECT_THROW(project->AddTemplate(another), Error);
 }
 
 TEST(ProjectMembers, TheOutputIsUtf8UntilSaidOtherwise) {

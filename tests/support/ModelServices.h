@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <map>
+#include <optional>
 
 namespace paperkite::test {
 
@@ -25,7 +26,22 @@ public:
         return found == Files.end() ? std::vector<std::string>() : found->second;
     }
 
+    std::optional<std::string> ReadFile(const std::string& path) const override {
+        const auto found = Texts.find(path);
+        return found == Texts.end() ? std::nullopt : std::optional(found->second);
+    }
+    void WriteFile(const std::string& path, const std::string& bytes) override {
+        Texts[path] = bytes;
+    }
+    void DeleteFile(const std::string& path) override {
+        Deleted.push_back(path);
+        Texts.erase(path);
+    }
+
     std::map<std::string, std::vector<std::string>> Files;
+    /// What files hold, by path.
+    std::map<std::string, std::string> Texts;
+    std::vector<std::string> Deleted;
     mutable std::vector<std::string> Asked;
 };
 

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 
 namespace paperkite {
 
@@ -70,6 +72,31 @@ std::vector<std::string> LocalFileSystem::FilesWithExtension(const std::string& 
     }
     std::sort(names.begin(), names.end());
     return names;
+}
+
+std::optional<std::string> LocalFileSystem::ReadFile(const std::string& path) const {
+    std::error_code failed;
+    if (!fs::is_regular_file(Native(path), failed)) return std::nullopt;
+    std::ifstream file(Native(path), std::ios::binary);
+    std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    if (!file) return std::nullopt;
+    return bytes;
+}
+
+void LocalFileSystem::WriteFile(const std::string& path, const std::string& bytes) {
+    std::ofstream file(Native(path), std::ios::binary | std::ios::trunc);
+    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    file.close();
+    if (!file)
+        RaiseError(ErrorNumber::PathOrFileAccess, "The file \"" + path + "\" cannot be written");
+}
+
+void LocalFileSystem::DeleteFile(const std::string& path) {
+    std::error_code failure;
+    fs::remove(Native(path), failure);
+    if (failure)
+        RaiseError(ErrorNumber::PathOrFileAccess,
+                   "The file \"" + path + "\" cannot be deleted: " + failure.message());
 }
 
 } // namespace paperkite

@@ -20,6 +20,9 @@ public:
     void CreateFolder(const std::string& path) override;
     std::vector<std::string> FilesWithExtension(const std::string& folder,
                                                 const std::string& extension) const override;
+    std::optional<std::string> ReadFile(const std::string& path) const override;
+    void WriteFile(const std::string& path, const std::string& bytes) override;
+    void DeleteFile(const std::string& path) override;
 };
 
 } // namespace paperkite

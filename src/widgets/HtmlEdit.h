@@ -1,0 +1,196 @@
+#pragma once
+
+#include "foundation/HTMLDocument.h"
+#include "foundation/SpellEngine.h"
+#include "widgets/Control.h"
+
+#include <string>
+#include <vector>
+
+namespace paperkite {
+
+/// How an HtmlEdit shows its document.
+enum class HtmlView { Normal = 0, Source = 1, Preview = 2 };
+
+/// What the context menu of an HtmlEdit was asked for.
+enum class HtmlMenuType { Default = 0, Image = 1, Control = 2, Table = 3, Text = 4, Anchor = 5 };
+
+/// Told beyond the common things.
+class HtmlEditObserver : public ControlObserver {
+public:
+    /// The document is another one, or is shown in another way: load it again.
+    virtual void DocumentReplaced() {}
+
+    /// Code changed what stands below that element.
+    virtual void ElementChanged(const Ref<HTMLElement>& /*element*/) {}
+
+    /// What the author did so far is to reach the document before this returns.
+    virtual void FlushWanted() {}
+
+    virtual void ClearUndoWanted() {}
+
+    /// A command of the editor ("bold", "inserttable", …) is to work on the author's selection.
+    virtual void CommandWanted(const std::string& /*name*/,
+                               const std::vector<std::string>& /*arguments*/) {}
+
+    /// The focus is to go to the text when the page is ready.
+    virtual void QueuedFocusWanted() {}
+
+    /// The words that are marked as misspelt, or whether they are marked, changed.
+    virtual void MarksChanged() {}
+};
+
+/// An HTML editing widget: a document with places that the author may edit.
+///
+/// The document is the truth. It is parsed when DocumentHTML is written, DocumentComplete is raised
+/// then, and code that changes it there or later is seen by the view. Elements with the attribute
+/// contenteditable="true" are the places: when the author types in one, the view reports it, the
+/// document follows and EditableSpanChanged is raised. Scripts, event attributes and "javascript:"
+/// links are kept in the document and never run.
+///
+///     auto ed = MakeRef<HtmlEdit>("ed");
+///     auto tie = ed->Events.EditableSpanChanged.Connect(
+///         [](const Ref<HTMLElement>& span) { Store(span->GetId(), span->GetInnerHTML()); });
+///     ed->SetDocumentHTML("<body><span id='a' contenteditable='true'>Text</span></body>");
+class HtmlEdit : public Control, public Object {
+public:
+    explicit HtmlEdit(std::string name = {});
+    ~HtmlEdit() override;
+
+    std::string TypeName() const override { return "HtmlEdit"; }
+    /// The operations below by name, for hosts that bind late.
+    Value Get(std::string_view member) const override;
+    void Set(std::string_view member, const Value& value) override;
+    Value Call(std::string_view member, const std::vector<Value>& arguments) override;
+
+    // The document
+
+    /// Parses the text, forgets the undo history, raises DocumentComplete, then ToolsRefreshed, and
+    /// shows the result. A text that no document can be made of is an error, and the old document
+    /// stays.
+    void SetDocumentHTML(const std::string& html);
+    /// The present document as text; empty when there is none.
+    std::string GetDocumentHTML() const;
+    /// Nothing before the first text and after Terminate.
+    const Ref<HTMLDocument>& GetDocument() const { return mDocument; }
+
+    /// Where relative addresses begin: "file:///folder/".
+    const std::string& GetBaseURL() const { return mBaseURL; }
+    void SetBaseURL(const std::string& value) { mBaseURL = value; }
+    /// Folders that the page may read files from, besides that of the base address.
+    const std::vector<std::string>& GetReadableFolders() const { return mReadableFolders; }
+    void SetReadableFolders(std::vector<std::string> value);
+
+    /// Whether the document counts as changed.
+    bool GetDirty() const { return mDirty; }
+    void SetDirty(bool value) { mDirty = value; }
+    /// The name under which the program speaks of itself in dialogs.
+    const std::string& GetApplicationName() const { return mApplicationName; }
+    void SetApplicationName(const std::string& value) { mApplicationName = value; }
+    /// What addresses of the widget's own pictures begin with.
+    std::string GetResourcePath() const;
+    HtmlView GetView() const { return mView; }
+    void SetView(HtmlView value);
+    /// Sets the look of the buttons of menus and bars that belong to the widget.
+    int GetContextToolbarStyle() const { return mContextToolbarStyle; }
+    void SetContextToolbarStyle(int value) { mContextToolbarStyle = value; }
+
+    /// Takes the element away and leaves its contents.
+    void RemoveElementKeepContents(const Ref<HTMLElement>& element);
+    /// What the author typed has reached the document when this returns.
+    void CommitEdit();
+    void ClearUndo();
+    /// Lets go of the document; nothing is shown or reported any more.
+    void Terminate();
+
+    // Editing
+
+    /// Moves the focus into the text now.
+    void SetEditFocus();
+    /// Moves it when the widget has nothing else to do.
+    void SetEditFocusQueued();
+    /// Works on the author's selection: "bold", "italic", "underline", "code", "removeformat",
+    /// "insertorderedlist", "insertunorderedlist", "indent", "outdent", "createlink", "unlink",
+    /// "insertimage", "undo", "redo", "cut", "copy", "paste", "pasteplain", "selectall". Raises
+    /// CommandClick first; "ViewNormal", "ViewSource" and "ViewPreview" switch the view.
+    void ClickEditTool(const std::string& name);
+    void InsertTable(int rows, int columns);
+    void InsertHTML(const std::string& html);
+    void SetForeColorByName(const std::string& colourName);
+    void SetFillColorByName(const std::string& colourName);
+    const std::string& GetForeColorName() const { return mForeColorName; }
+    const std::string& GetFillColorName() const { return mFillColorName; }
+    /// Whether a command is in force at the author's selection ("bold"), or can be used ("undo").
+    bool IsCommandOn(const std::string& name) const;
+    bool IsCommandEnabled(const std::string& name) const;
+    const std::string& GetSelectedText() const { return mSelectedText; }
+
+    // Searching and spelling
+
+    /// Selects the next place behind the selection, from the beginning again at the end. With
+    /// searchInHTML the text between "<" and ">" counts too.
+    void DoFind(const std::string& searchFor, bool wholeWord, bool caseSensitive,
+                bool searchInHTML);
+    /// Replaces every place in what may be edited; each changed span is reported.
+    void DoReplace(const std::string& searchFor, const std::string& replaceWith, bool wholeWord,
+                   bool caseSensitive, bool searchInHTML);
+    void SetSpellObject(const Ref<SpellEngine>& engine);
+    const Ref<SpellEngine>& GetSpellObject() const { return mSpell; }
+    void SetSpellOptions(const SpellOptions& options);
+    void AddIgnoreAll(const std::string& word);
+    /// Goes through the misspelt words of what may be edited, one question each.
+    void DoSpellCheck(const Ref<Object>& passedSpell, bool& cancel);
+    bool GetSpellCheckInProgress() const { return mSpellCheckInProgress; }
+    /// Misspelt words are underlined while the author types; nothing of it is in the document.
+    bool GetSpellAsYouType() const { return mSpellAsYouType; }
+    void SetSpellAsYouType(bool value);
+
+    struct {
+        Event<> DocumentComplete;
+        /// The author changed what stands in a place that may be edited.
+        Event<const Ref<HTMLElement>&> EditableSpanChanged;
+        /// Selection, undo history or document changed: tool bars are to be brought up to date.
+        Event<> ToolsRefreshed;
+        /// X, Y, ObjectAtPoint, CancelDefault, ShowDefault, MenuType
+        Event<int, int, const Ref<HTMLElement>&, bool&, bool&, HtmlMenuType>
+            BeforeShowContextMenuEx;
+        Event<const std::string&, bool&> CommandClick; ///< CommandName, Ignore
+        /// URL, Caption, RemoveLink, ShowRemoveLink, ShowCaption, EnabledKiteLinks, CancelDefault
+        Event<std::string&, std::string&, bool&, bool, bool, bool, bool&> GetURL;
+        Event<const std::string&> HyperlinkClick; ///< hRef
+        Event<const std::string&, std::string&, bool&>
+            InsertHyperLinkRequest;                     ///< SelectedText, Link, Cancel
+        Event<const std::string&> SpellIgnoreWordAdded; ///< Word
+    } Events;
+
+    // What the view reports.
+
+    /// The author changed a span: `place` counts the elements with contenteditable="true" of the
+    /// document in order, from 0.
+    void UserSpanChanged(std::size_t place, const std::string& html);
+    void UserHyperlinkClick(const std::string& href);
+    /// The selection: its text, and the names of the commands that are on and that can be used.
+    void UserSelection(const std::string& text, std::vector<std::string> on,
+                       std::vector<std::string> enabled, const std::string& foreColor,
+                       const std::string& fillColor);
+
+private:
+    Ref<HTMLDocument> mDocument;
+    std::string mBaseURL;
+    std::vector<std::string> mReadableFolders;
+    std::string mApplicationName;
+    std::string mForeColorName;
+    std::string mFillColorName;
+    std::string mSelectedText;
+    std::vector<std::string> mCommandsOn;
+    std::vector<std::string> mCommandsEnabled;
+    Ref<SpellEngine> mSpell;
+    HtmlView mView = HtmlView::Normal;
+    int mContextToolbarStyle = 0;
+    bool mDirty = false;
+    bool mSpellAsYouType = false;
+    bool mSpellCheckInProgress = false;
+    Connection mDocumentChanged;
+};
+
+} // namespace paperkite
