@@ -15,13 +15,24 @@ enum class HtmlView { Normal = 0, Source = 1, Preview = 2 };
 /// What the context menu of an HtmlEdit was asked for.
 enum class HtmlMenuType { Default = 0, Image = 1, Control = 2, Table = 3, Text = 4, Anchor = 5 };
 
+/// What the context menu shows after its handlers were asked.
+enum class HtmlMenuAnswer { Full, DefaultOnly, None };
+
+/// A stretch of a text, in bytes.
+struct TextRange {
+    std::size_t Start = 0;
+    std::size_t Length = 0;
+
+    bool operator==(const TextRange&) const = default;
+};
+
 /// Told beyond the common things.
 class HtmlEditObserver : public ControlObserver {
 public:
     /// The document is another one, or is shown in another way: load it again.
     virtual void DocumentReplaced() {}
 
-    /// Code changed what stands below that element.
+    /// Code changed what stands below that element, or one of its attributes.
     virtual void ElementChanged(const Ref<HTMLElement>& /*element*/) {}
 
     /// What the author did so far is to reach the document before this returns.
@@ -44,8 +55,8 @@ public:
 ///
 /// The document is the truth. It is parsed when DocumentHTML is written, DocumentComplete is raised
 /// then, and code that changes it there or later is seen by the view. Elements with the attribute
-/// contenteditable="true" are the places: when the author types in one, the view reports it, the
-/// document follows and EditableSpanChanged is raised. Scripts, event attributes and "javascript:"
+/// contenteditable="true" that stand in no other such element are the places: when the author types
+/// in one, the view reports it, the document follows and EditableSpanChanged is raised. Scripts, event attributes and "javascript:"
 /// links are kept in the document and never run.
 ///
 ///     auto ed = MakeRef<HtmlEdit>("ed");
@@ -73,9 +84,15 @@ public:
     std::string GetDocumentHTML() const;
     /// Nothing before the first text and after Terminate.
     const Ref<HTMLDocument>& GetDocument() const { return mDocument; }
+    /// The elements that the author may edit, in document order. Kept until code changes the
+    /// document outside them, so that asking again costs nothing.
+    const std::vector<Ref<HTMLElement>>& GetPlaces() const;
+    /// The place that the element is or stands in, or nothing.
+    Ref<HTMLElement> PlaceOf(const Ref<HTMLElement>& element) const;
 
     /// Where relative addresses begin: "file:///folder/".
     const std::string& GetBaseURL() const { return mBaseURL; }
+    /// Counts from the next document on.
     void SetBaseURL(const std::string& value) { mBaseURL = value; }
     /// Folders that the page may read files from, besides that of the base address.
     const std::vector<std::string>& GetReadableFolders() const { return mReadableFolders; }
@@ -111,9 +128,14 @@ public:
     void SetEditFocusQueued();
     /// Works on the author's selection: "bold", "italic", "underline", "code", "removeformat",
     /// "insertorderedlist", "insertunorderedlist", "indent", "outdent", "createlink", "unlink",
-    /// "insertimage", "undo", "redo", "cut", "copy", "paste", "pasteplain", "selectall". Raises
-    /// CommandClick first; "ViewNormal", "ViewSource" and "ViewPreview" switch the view.
+    /// "insertimage", "undo", "redo", "cut", "copy", "paste", "pasteplain", "selectall", and inside
+    /// a table "insertrow", "insertcolumn", "deleterow", "deletecolumn", "deletetable". Raises
+    /// CommandClick first; "ViewNormal", "ViewSource" and "ViewPreview" switch the view. Letter
+    /// case does not matter; another name is error 5.
+    ///
+    /// "createlink" raises InsertHyperLinkRequest, and GetURL where nobody gave a link there.
     void ClickEditTool(const std::string& name);
+    /// Both from 1 to 100; error 5 otherwise.
     void InsertTable(int rows, int columns);
     void InsertHTML(const std::string& html);
     void SetForeColorByName(const std::string& colourName);
@@ -124,6 +146,8 @@ public:
     bool IsCommandOn(const std::string& name) const;
     bool IsCommandEnabled(const std::string& name) const;
     const std::string& GetSelectedText() const { return mSelectedText; }
+    /// Where the link leads in which the selection stands; empty outside links.
+    const std::string& GetSelectedLink() const { return mSelectedLink; }
 
     // Searching and spelling
 
@@ -165,16 +189,30 @@ public:
 
     // What the view reports.
 
-    /// The author changed a span: `place` counts the elements with contenteditable="true" of the
-    /// document in order, from 0.
+    /// The author changed what stands in a place; `place` counts GetPlaces from 0. An unknown place
+    /// and a text that says the same change nothing. Nothing comes in outside the normal view.
     void UserSpanChanged(std::size_t place, const std::string& html);
     void UserHyperlinkClick(const std::string& href);
     /// The selection: its text, and the names of the commands that are on and that can be used.
     void UserSelection(const std::string& text, std::vector<std::string> on,
                        std::vector<std::string> enabled, const std::string& foreColor,
-                       const std::string& fillColor);
+                       const std::string& fillColor, const std::string& link = {});
+    /// Raises BeforeShowContextMenuEx, where a handler may narrow the menu.
+    HtmlMenuAnswer UserContextMenu(int x, int y, const Ref<HTMLElement>& objectAtPoint,
+                                   HtmlMenuType type);
+    /// The author chose to pass over a marked word, or to have it learnt; error 75 where it cannot
+    /// be written down.
+    void UserIgnoreWord(const std::string& word);
+    void UserLearnWord(const std::string& word);
 
 private:
+    void DocumentChanged(const Ref<HTMLElement>& element);
+    void ForgetSelection();
+    void CreateLink();
+    void TellCommand(const std::string& name, const std::vector<std::string>& arguments = {});
+    /// The engine of this widget, or that of the process, or nothing.
+    Ref<SpellEngine> Engine() const;
+
     Ref<HTMLDocument> mDocument;
     std::string mBaseURL;
     std::vector<std::string> mReadableFolders;
@@ -182,6 +220,7 @@ private:
     std::string mForeColorName;
     std::string mFillColorName;
     std::string mSelectedText;
+    std::string mSelectedLink;
     std::vector<std::string> mCommandsOn;
     std::vector<std::string> mCommandsEnabled;
     Ref<SpellEngine> mSpell;
@@ -190,7 +229,13 @@ private:
     bool mDirty = false;
     bool mSpellAsYouType = false;
     bool mSpellCheckInProgress = false;
+    bool mTerminated = false;
+    /// Above 0 while changes of the document are not to reach the views.
+    int mQuiet = 0;
+    mutable std::vector<Ref<HTMLElement>> mPlaces;
+    mutable bool mPlacesKnown = false;
     Connection mDocumentChanged;
+    Connection mWordsChanged;
 };
 
 } // namespace paperkite
