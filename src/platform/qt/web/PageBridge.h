@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <QVariantList>
+
+#include <functional>
+
+namespace paperkite {
+
+/// What the script in the page may call. Every call brings the number of the load that its page
+/// came from; calls of an earlier page are dropped.
+class PageBridge : public QObject {
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    /// The load whose page may speak.
+    int Generation = 0;
+
+    std::function<void()> Ready;
+    std::function<void(int place, double number, const QString& html)> Typed;
+    std::function<void(const QString& json)> Selection;
+    std::function<void(const QString& href)> Link;
+    std::function<void(const QString& json)> Menu;
+    std::function<void(const QString& name)> Command;
+    std::function<void()> Picture;
+    std::function<QVariantList(const QString& text)> Misspelt;
+
+public slots:
+    void ready(int generation);
+    void typed(int generation, int place, double number, const QString& html);
+    void selection(int generation, const QString& json);
+    void link(int generation, const QString& href);
+    void menu(int generation, const QString& json);
+    void command(int generation, const QString& name);
+    void picture(int generation);
+    /// Start and length of each word, one behind the other.
+    QVariantList misspelt(int generation, const QString& text);
+};
+
+} // namespace paperkite

@@ -1,0 +1,162 @@
+'use strict';
+// Brings a page to life: fills its places, listens, and ties itself to the program.
+
+kite.style = `
+[data-kite-place] { display: block; min-height: 1.3em; border-radius: 3px;
+    outline: 1px dashed var(--kite-lines); outline-offset: 2px; cursor: text;
+    overflow-wrap: break-word; }
+td[data-kite-place], th[data-kite-place] { display: table-cell; }
+body[data-kite-place] { outline: none; min-height: calc(100vh - 16px); }
+[data-kite-place]:hover { outline-color: var(--kite-highlight); }
+[data-kite-place]:focus { outline: 2px solid var(--kite-highlight); }
+body[data-kite-place]:focus { outline: none; }
+[data-kite-empty]::before { content: attr(data-placeholder); color: var(--kite-quiet);
+    position: absolute; pointer-events: none; }
+[data-kite-place] table:not([border]) td, [data-kite-place] table:not([border]) th {
+    min-width: 2em; outline: 1px dotted var(--kite-lines); }
+`;
+
+kite.setColours = function (colours) {
+    for (const [name, value] of Object.entries(colours))
+        document.documentElement.style.setProperty('--kite-' + name, value);
+};
+
+kite.mark = function (place, index) {
+    place.setAttribute('data-kite-place', index);
+    place.setAttribute('role', 'textbox');
+    place.setAttribute('aria-multiline', 'true');
+    const name = place.getAttribute('data-placeholder') || place.getAttribute('title');
+    if (name && !place.hasAttribute('aria-label')) place.setAttribute('aria-label', name);
+    place.spellcheck = false;
+};
+
+// Only what is edited is marked: the previews' places are plain parts of the page.
+kite.freeze = function () {
+    for (const element of document.querySelectorAll('[contenteditable]'))
+        element.setAttribute('contenteditable', 'false');
+};
+
+kite.start = function (given) {
+    kite.generation = given.generation;
+    kite.editable = given.kind === 'editable';
+    kite.setColours(given.colours);
+    kite.places = kite.findPlaces();
+    kite.places.forEach((place, index) => {
+        if (kite.editable) kite.mark(place, index);
+        kite.fill(index, given.places[index] || '');
+    });
+    if (!kite.editable) kite.freeze();
+    const style = document.createElement('style');
+    style.textContent = kite.style;
+    if (kite.editable) document.documentElement.append(style);
+    kite.command('defaultParagraphSeparator', 'p');
+    kite.command('styleWithCSS', false);
+    kite.listen();
+    kite.restore(given.position);
+    kite.connect();
+};
+
+kite.restore = function (position) {
+    if (!position) return;
+    kite.last = position.caret || null;
+    const place = kite.last && kite.places[kite.last.place];
+    if (place && position.focus) {
+        place.focus({ preventScroll: true });
+        kite.putCaret(place, kite.last.start, kite.last.end);
+    }
+    scrollTo(position.x, position.y);
+};
+
+kite.connect = function () {
+    new QWebChannel(qt.webChannelTransport, channel => {
+        kite.bridge = channel.objects.kite;
+        kite.bridge.ready(kite.generation);
+        kite.send();
+        kite.selectionMoved();
+        kite.marks.draw();
+    });
+};
+
+kite.addressOf = function (element) {
+    const link = element && element.closest && element.closest('a[href], area[href]');
+    return link ? link.getAttribute('href') : '';
+};
+
+kite.keys = { b: 'bold', i: 'italic', u: 'underline', z: 'undo', y: 'redo' };
+
+kite.keyDown = function (event) {
+    if (!kite.editable || event.isComposing) return;
+    if (event.key === 'Escape') kite.tabLeaves = true;
+    else if (event.key !== 'Tab' && event.key !== 'Shift') kite.tabLeaves = false;
+    const taken = event.key === 'Tab' ? kite.tabInTable(event.shiftKey) : kite.shortcut(event);
+    if (taken) event.preventDefault();
+};
+
+kite.shortcut = function (event) {
+    if (!event.ctrlKey || event.altKey || event.metaKey || !kite.selectedPlace()) return false;
+    const key = event.key.toLowerCase();
+    if (key === 'k') {
+        kite.bridge.command(kite.generation, 'createlink');
+        return true;
+    }
+    if (key === '[' || key === ']') {
+        kite.run(key === '[' ? 'outdent' : 'indent', []);
+        return true;
+    }
+    if (!kite.keys[key] || (event.shiftKey && key !== 'z')) return false;
+    kite.run(event.shiftKey ? 'redo' : kite.keys[key], []);
+    return true;
+};
+
+// A first line without an element of its own becomes a paragraph like those that follow it.
+kite.beforeInput = function (event) {
+    if (event.inputType !== 'insertParagraph') return;
+    const place = kite.selectedPlace();
+    if (!place || /^(P|PRE|H[1-6]|LI|DT|DD)$/.test(place.tagName)) return;
+    const block = kite.within('p, li, td, th, pre, h1, h2, h3, h4, h5, h6, blockquote, dt, dd, div');
+    if (!block) kite.command('formatBlock', 'p');
+};
+
+kite.menu = function (event) {
+    event.preventDefault();
+    const target = event.target;
+    const mark = kite.marks.at(event.clientX, event.clientY);
+    kite.marks.asked = mark;
+    const image = target.closest && target.closest('img');
+    kite.bridge.menu(kite.generation, JSON.stringify({
+        x: event.clientX, y: event.clientY,
+        place: kite.indexOf(kite.placeOf(target)),
+        link: kite.addressOf(target) || '',
+        image: image ? image.getAttribute('src') || '' : '',
+        word: mark ? mark.toString() : '',
+        table: Boolean(target.closest && target.closest('td, th')),
+        field: Boolean(target.closest && target.closest('input, select, textarea, button')),
+        text: !getSelection().isCollapsed,
+    }));
+};
+
+kite.clicked = function (event) {
+    const href = kite.addressOf(event.target);
+    if (!href) return;
+    event.preventDefault();
+    event.stopPropagation();
+    // In a place a click puts the caret; with Ctrl it follows the link.
+    if (event.type === 'auxclick') return;
+    if (kite.editable && kite.placeOf(event.target) && !event.ctrlKey) return;
+    kite.bridge.link(kite.generation, href);
+};
+
+kite.listen = function () {
+    const on = (name, action) => document.addEventListener(name, action, true);
+    on('input', event => kite.changed(kite.placeOf(event.target)));
+    on('selectionchange', kite.selectionMoved);
+    on('keydown', kite.keyDown);
+    on('beforeinput', kite.beforeInput);
+    on('contextmenu', kite.menu);
+    on('click', kite.clicked);
+    on('auxclick', kite.clicked);
+    on('submit', event => event.preventDefault());
+    addEventListener('scroll', () => { kite.selectionMoved(); kite.marks.changed(); });
+    addEventListener('resize', () => kite.marks.changed());
+    kite.listenForPaste();
+};
