@@ -41,10 +41,12 @@ void CommentEditor::DoFindReplace(const std::string& SearchFor, const std::strin
         for (const auto& item : zTabsInUse()) {
             item->SetSelected(true);
             if (!ActiveDesigner || !ActiveDesigner->QueryCapability("FindReplace")) continue;
-            std::vector<Value> arguments{Value(SearchFor)};
-            if (IsReplace) arguments.push_back(Value(ReplaceWith));
+            std::vector<Value> arguments;
+            arguments.reserve(5);
+            arguments.emplace_back(SearchFor);
+            if (IsReplace) arguments.emplace_back(ReplaceWith);
             for (const bool option : {WholeWord, CaseSensitive, SearchInHTML})
-                arguments.push_back(Value(option));
+                arguments.emplace_back(option);
             ActiveDesigner->Call(IsReplace ? "DoReplace" : "DoFind", arguments);
         }
     });

@@ -114,6 +114,11 @@ void InPlaceEditor::ConfigureKiteProject() {
             return;
         }
         mDocType = mKiteProject->AddTemplate(pageTemplate);
+        // Nor where the project has no items of its namespaces.
+        if (!mDocType->NamespaceProvider) {
+            mDocType = nullptr;
+            return;
+        }
         mKiteProject->Set("OutputFolder", Value(GetPreviewFolder()));
         if (mDocType->NamespaceDefs)
             for (const auto& definition : *mDocType->NamespaceDefs)
@@ -152,6 +157,11 @@ void InPlaceEditor::Load(const Ref<Object>& CodeElement, const std::string& Layo
         if (!CreatedFiles.empty()) RemoveTempFiles();
         zCollectDescription(CodeElement);
         mLayoutFileName = LayoutFileName;
+        if (!mDocType) {
+            // Another element's page must not be taken for this one's.
+            if (ed->GetDocument()) ed->SetDocumentHTML({});
+            return;
+        }
         std::string HTML = zParsePage(ForEdit);
         ed->SetDirty(false);
         ed->SetBaseURL(zBaseAddress());
@@ -169,7 +179,7 @@ void InPlaceEditor::Load(const Ref<Object>& CodeElement, const std::string& Layo
 }
 
 void InPlaceEditor::zCollectDescription(const Ref<Object>& element) {
-    Ignoring([&] { element->Set("Examples", Value(Ref<Object>(MakeRef<ObjectCollection>()))); });
+    element->Set("Examples", Value(Ref<Object>(MakeRef<ObjectCollection>())));
     WriteDescription(element, Value(""));
     const auto comments = element->Get("TaggedComments")
                               .ToObjectOf<TaggedCommentCollection>()

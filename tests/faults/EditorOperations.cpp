@@ -97,6 +97,54 @@ void AddEditorProperties(List<CommentEditor>& list) {
              [](E& editor, WalkScene& scene) { editor.SetSelectedItem(scene.Offer("#note")); });
 }
 
+void AddDesignersHost(List<CommentEditor>& list) {
+    using E = CommentEditor;
+    list.Reads("ICommentDesignerHost_AppName", &E::ICommentDesignerHost_AppName);
+    list.Reads("ICommentDesignerHost_ProjectNames", &E::ICommentDesignerHost_ProjectNames);
+    list.Reads("ICommentDesignerHost_Template", &E::ICommentDesignerHost_Template);
+    list.Reads("ICommentDesignerHost_NamespaceDef", &E::ICommentDesignerHost_NamespaceDef);
+    list.Reads("ICommentDesignerHost_CurrentParentItem",
+               &E::ICommentDesignerHost_CurrentParentItem);
+    list.Reads("ICommentDesignerHost_CurrentItem", &E::ICommentDesignerHost_CurrentItem);
+    list.Reads("ICommentDesignerHost_CurrentRootItem", &E::ICommentDesignerHost_CurrentRootItem);
+    list.Reads("ICommentDesignerHost_CommentType", &E::ICommentDesignerHost_CommentType);
+    list.Reads("ICommentDesignerHost_IsDotNet", &E::ICommentDesignerHost_IsDotNet);
+    list.Reads("ICommentDesignerHost_BaseURL", &E::ICommentDesignerHost_BaseURL);
+    list.Add("ICommentDesignerHost_ModuleNames",
+             [](E& editor, WalkScene&) { editor.ICommentDesignerHost_ModuleNames("Demo"); });
+    list.Add("ICommentDesignerHost_GetObjectFromQualifiedName", [](E& editor, WalkScene&) {
+        editor.ICommentDesignerHost_GetObjectFromQualifiedName(kB);
+    });
+    list.Add("ICommentDesignerHost_BuildLink", [](E& editor, WalkScene&) {
+        std::string caption;
+        editor.ICommentDesignerHost_BuildLink("old", true, caption, true, "Get URL", "Link to",
+                                              true);
+    });
+    list.Add("ISimplePageHost_GetDataCell",
+             [](E& editor, WalkScene&) { editor.ISimplePageHost_GetDataCell(Value(1)); });
+    list.Reads("GetDesigners", &E::GetDesigners);
+    list.Reads("GetActiveTaggedComments", &E::GetActiveTaggedComments);
+}
+
+void AddForwarded(List<CommentEditor>& list) {
+    using E = CommentEditor;
+    list.Writes("AddIgnoreAll", &E::AddIgnoreAll, std::string("kite"));
+    list.Writes("ClickEditTool", &E::ClickEditTool, std::string("bold"));
+    list.Writes("GetActiveHTMLEditor", &E::GetActiveHTMLEditor, true);
+    list.Writes("SetForeColorByName", &E::SetForeColorByName, std::string("red"));
+    list.Writes("SetFillColorByName", &E::SetFillColorByName, std::string("red"));
+    list.Writes("SetToolbarStyle", &E::SetToolbarStyle, ToolbarStyle::TextOnly);
+    list.Reads("GetForeColorName", &E::GetForeColorName);
+    list.Reads("GetFillColorName", &E::GetFillColorName);
+    list.Reads("GetSpellCheckInProgress", &E::GetSpellCheckInProgress);
+    list.Reads("SetEditFocusQueued", &E::SetEditFocusQueued);
+    list.Add("InsertTable", [](E& editor, WalkScene&) { editor.InsertTable(2, 2); });
+    list.Add("DoFind", [](E& editor, WalkScene&) { editor.DoFind("note", false, false, false); });
+    list.Add("DoReplace", [](E& editor, WalkScene&) {
+        editor.DoReplace("note", "remark", false, false, false);
+    });
+}
+
 void AddEditorOperations(List<CommentEditor>& list) {
     using E = CommentEditor;
     list.Add("SetCurrentCodeElement",
@@ -241,6 +289,8 @@ void AddScreenOperations(List<ProjectEditor>& list) {
 std::vector<WalkedOperation> CommentEditorOperations() {
     List<CommentEditor> list{"CommentEditor", &WalkScene::Comments, {}};
     AddEditorProperties(list);
+    AddDesignersHost(list);
+    AddForwarded(list);
     AddEditorOperations(list);
     return list.Operations;
 }

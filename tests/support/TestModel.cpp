@@ -19,6 +19,7 @@ std::string NameOf(const Ref<Object>& item) {
 
 TestItem::TestItem(EventLog& log, std::string typeName, const std::string& qualifiedName)
     : mLog(log), mTypeName(std::move(typeName)) {
+    mMembers.emplace("Examples", Value(Ref<Object>()));
     With("QualifiedName", qualifiedName);
     With("Name", qualifiedName.substr(qualifiedName.rfind('~') + 1));
     With("Access", "Public");
@@ -155,9 +156,13 @@ std::string TestProject::Scope() const {
 
 Value TestWrapper::Call(std::string_view member, const std::vector<Value>& arguments) {
     std::string text;
+    const auto shown = [](const Value& argument) {
+        if (!argument.IsObject()) return argument.ToText();
+        const auto object = argument.ToObject();
+        return object ? object->TypeName() : std::string("nothing");
+    };
     for (const Value& argument : arguments)
-        text += (text.empty() ? "(" : ",") +
-                (argument.IsObject() && !argument.ToObject() ? "nothing" : argument.ToText());
+        text += (text.empty() ? "(" : ",") + shown(argument);
     mLog.Add(std::string(member) + text + (text.empty() ? "" : ")"));
     return {};
 }

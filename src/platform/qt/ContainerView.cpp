@@ -73,7 +73,33 @@ void ContainerView::ControlChanged(Control&) {
 }
 
 void ContainerView::ControlsChanged(Container&) {
-    Rebuild();
+    if (mContent && SharesOneRectangle())
+        UpdateSharedViews();
+    else
+        Rebuild();
+}
+
+bool ContainerView::SharesOneRectangle() const {
+    return mContainer->GetLayout().GetKind() == FormLayout::Kind::Empty &&
+           !mContainer.As<FramePanel>();
+}
+
+// A surface that stays keeps its view, which may hold a whole page.
+void ContainerView::UpdateSharedViews() {
+    auto gone = mViews;
+    mViews.clear();
+    for (const auto& control : mContainer->Controls) {
+        QWidget* kept = gone.take(control.get());
+        if (kept)
+            mViews[control.get()] = kept;
+        else
+            MakeView(control, mContent);
+    }
+    for (QWidget* view : gone) {
+        view->hide();
+        view->deleteLater();
+    }
+    FillSharedRectangle();
 }
 
 void ContainerView::Rebuild() {

@@ -32,6 +32,8 @@ private:
     void ControlsChanged(Container& container) override;
 
     void Rebuild();
+    bool SharesOneRectangle() const;
+    void UpdateSharedViews();
     QWidget* MakeView(const Ref<Control>& control, QWidget* parent);
     void AddTo(QBoxLayout& box, const FormLayout& part, QWidget* parent);
     void AddLayout(QBoxLayout& box, QLayout* layout, int stretch);

@@ -2,14 +2,19 @@
 
 #include "foundation/Text.h"
 #include "platform/qt/ContainerView.h"
+#include "platform/qt/ControlView.h"
 #include "platform/qt/Conversions.h"
 #include "platform/qt/DockView.h"
 #include "platform/qt/ExplorerBarView.h"
 #include "platform/qt/FieldViews.h"
+#include "platform/qt/FlatStripView.h"
 #include "platform/qt/ListViews.h"
 #include "platform/qt/PropertiesListView.h"
 #include "platform/qt/SplitPanelView.h"
 #include "platform/qt/TreeView.h"
+#include "widgets/HtmlEdit.h"
+
+#include <QLabel>
 
 namespace paperkite {
 
@@ -37,6 +42,13 @@ void ViewFactory::RegisterFields() {
     RegisterRole<FormHeader>(MakeWith(&MakeFormHeaderView));
     RegisterRole<ListBox>(MakeWith(&MakeListBoxView));
     RegisterRole<ComboBox>(MakeWith(&MakeComboBoxView));
+    RegisterRole<FlatStrip>(MakeWith(&MakeFlatStripView));
+    RegisterRole<HtmlEdit>([](ViewFactory&, const Ref<HtmlEdit>& role, QWidget* parent) {
+        auto* sentence = new QLabel(QObject::tr("Pages cannot be shown by this program."), parent);
+        sentence->setAlignment(Qt::AlignCenter);
+        ControlView::Attach(role, sentence);
+        return sentence;
+    });
 }
 
 void ViewFactory::RegisterContainers() {

@@ -51,8 +51,7 @@ QString OnItsWay(const WebPage& page) {
         "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; "
         "img-src file: data:; style-src file: 'unsafe-inline'; font-src file: data:; "
         "media-src file:\">");
-    if (!page.BaseUrl.isEmpty())
-        head += "<base href=\"" + page.BaseUrl.toHtmlEscaped() + "\">";
+    if (!page.BaseUrl.isEmpty()) head += "<base href=\"" + page.BaseUrl.toHtmlEscaped() + "\">";
     const qsizetype found = page.Html.indexOf(QLatin1String("<head"), 0, Qt::CaseInsensitive);
     const qsizetype end = found < 0 ? -1 : page.Html.indexOf('>', found);
     return end < 0 ? head + page.Html : page.Html.left(end + 1) + head + page.Html.mid(end + 1);
@@ -267,16 +266,16 @@ void PageSurface::Select(int place, int start, int length) {
 }
 
 QJsonObject PageSurface::ColourTexts() const {
-    return {{"base", mColours.Base.name()},   {"text", mColours.Text.name()},
+    return {{"base", mColours.Base.name()},       {"text", mColours.Text.name()},
             {"quiet", mColours.QuietText.name()}, {"lines", mColours.Lines.name()},
-            {"link", mColours.Link.name()},   {"highlight", mColours.Highlight.name()}};
+            {"link", mColours.Link.name()},       {"highlight", mColours.Highlight.name()}};
 }
 
 void PageSurface::SetColours(const WebColours& colours) {
     mColours = colours;
     mPage->setBackgroundColor(colours.Base);
-    const QString json = QString::fromUtf8(
-        QJsonDocument(ColourTexts()).toJson(QJsonDocument::Compact));
+    const QString json =
+        QString::fromUtf8(QJsonDocument(ColourTexts()).toJson(QJsonDocument::Compact));
     if (mReady) Script("kite.setColours(" + json + ");");
 }
 
@@ -323,11 +322,12 @@ bool PageSurface::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
     case QEvent::ShortcutOverride: {
         const auto& key = static_cast<QKeyEvent&>(*event);
-        const bool isOurs = key.modifiers().testFlag(Qt::ControlModifier) &&
-                            !key.modifiers().testFlag(Qt::AltModifier) &&
-                            QList<int>{Qt::Key_B, Qt::Key_I, Qt::Key_U, Qt::Key_Z, Qt::Key_Y,
-                                       Qt::Key_K, Qt::Key_BracketLeft, Qt::Key_BracketRight}
-                                .contains(key.key());
+        const bool isOurs =
+            key.modifiers().testFlag(Qt::ControlModifier) &&
+            !key.modifiers().testFlag(Qt::AltModifier) &&
+            QList<int>{Qt::Key_B, Qt::Key_I, Qt::Key_U,           Qt::Key_Z,
+                       Qt::Key_Y, Qt::Key_K, Qt::Key_BracketLeft, Qt::Key_BracketRight}
+                .contains(key.key());
         if (isOurs && mShown.Kind == WebPageKind::Editable) {
             event->accept();
             return true;
