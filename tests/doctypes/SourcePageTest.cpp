@@ -261,6 +261,16 @@ TEST_F(SourcePageTest, EachParameterHasARowAndAPlace) {
                       "describe this parameter\">How often.</span></td>"));
 }
 
+TEST_F(SourcePageTest, TheReceiverOfAPythonMethodHasNoRow) {
+    mTree.Write("keeper.py", "class Keeper:\n    def feed(self, animal):\n        pass\n");
+    auto provider = MakeRef<SourceNamespaceProvider>(mStore);
+    provider->AddRoot(mTree.Scan(), mTree.Folder());
+    mProvider = provider;
+    const std::string page = Page("p~keeper~Keeper~feed", Element("parameters"));
+    EXPECT_TRUE(Holds(page, "animal")) << page;
+    EXPECT_FALSE(Holds(page, "self")) << page;
+}
+
 TEST_F(SourcePageTest, AParametersCommentIsHomelessOnlyWhenTheParameterIsGone) {
     Write(mBark + "~:times", "##", "How often.");
     EXPECT_TRUE(HomelessComments::Names(*mStore, *mProvider).empty());

@@ -123,6 +123,14 @@ bool UsesColons(SourceLanguage language) {
            language == SourceLanguage::Ruby;
 }
 
+/// What Python writes as a parameter and callers never give.
+bool IsReceiver(const PageSubject& subject, const SourceParameter& first) {
+    const SourceIndex::Id parent = subject.Index().Parent(subject.Entity);
+    return subject.Index().Language(subject.Entity) == SourceLanguage::Python &&
+           parent != SourceIndex::Nothing && IsType(subject.Index().Kind(parent)) &&
+           (first.Name == "self" || first.Name == "cls");
+}
+
 /// The text of a comment without the tags that it begins with.
 std::string_view WithoutLeadingTags(std::string_view text) {
     while (true) {
@@ -257,7 +265,8 @@ std::string PageElements::WriteParameters(const ParserElement& element,
     const auto notes = CommentsOf(subject.QualifiedName(), "##param");
     std::set<const TaggedComment*> used;
     std::string rows;
-    for (std::size_t position = 0; position < parameters.size(); ++position)
+    const bool hasReceiver = !parameters.empty() && IsReceiver(subject, parameters.front());
+    for (std::size_t position = hasReceiver ? 1 : 0; position < parameters.size(); ++position)
         rows += ParameterRow(subject, parameters, position, notes, used);
     std::string body;
     if (!rows.empty())
