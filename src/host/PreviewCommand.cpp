@@ -1,6 +1,6 @@
 #include "host/PreviewCommand.h"
 
-#include "foundation/GlobalConfig.h"
+#include "foundation/Services.h"
 #include "foundation/Text.h"
 #include "model/PageTemplateDocument.h"
 #include "model/SafeFile.h"
@@ -29,19 +29,31 @@ Ref<PageTemplateDocument> OpenFolder(const std::string& folder, Output& output) 
     return opened.Template;
 }
 
-std::string TemplateNames() {
+using Templates = Collection<Ref<PageTemplate>>;
+
+std::string NamesOf(const Templates& templates) {
     std::vector<std::string> names;
-    for (const auto& known : GlobalConfig().Templates)
+    for (const auto& known : templates)
         names.push_back(known->Name);
     return Join(names, ", ");
+}
+
+/// Those of the program. The components need not know of them here.
+Templates ProgramTemplates(Output& output) {
+    Templates templates;
+    for (const FileProblem& problem : PageTemplateDocument::OpenAll(
+             CurrentServices().ApplicationFolder + "/templates", templates))
+        output.Err << problem.Message() << '\n';
+    return templates;
 }
 
 Ref<PageTemplateDocument> FindTemplate(const std::string& wanted, Output& output) {
     const bool isPath = wanted.find('/') != std::string::npos;
     if (isPath) return OpenFolder(wanted, output);
     const std::string name = wanted.empty() ? kStandardTemplate : wanted;
+    const Templates templates = ProgramTemplates(output);
     Ref<PageTemplateDocument> first;
-    for (const auto& known : GlobalConfig().Templates) {
+    for (const auto& known : templates) {
         const auto document = known.As<PageTemplateDocument>();
         if (!document) continue;
         if (EqualIgnoringCase(document->Name, name)) return document;
@@ -50,7 +62,8 @@ Ref<PageTemplateDocument> FindTemplate(const std::string& wanted, Output& output
     if (!first)
         output.Fail("The program has no page template. Name the folder of one with --template.");
     else if (!wanted.empty())
-        output.Fail("There is no template \"" + wanted + "\". There are " + TemplateNames() + ".");
+        output.Fail("There is no template \"" + wanted + "\". There are " + NamesOf(templates) +
+                    ".");
     else
         return first;
     return {};
