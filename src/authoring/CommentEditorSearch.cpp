@@ -1,3 +1,4 @@
+#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
 #include "authoring/CommentEditor.h"
 
 #include "foundation/ScopeExit.h"
