@@ -242,7 +242,7 @@ std::string PageElements::WriteHead(const ParserElement& element, const PageSubj
             "<meta name=\"keywords\" content=\"" + Escaped(keywords.front()->GetText()) + "\">\n";
     for (const std::string& file : Split(Attribute(element, "styles"), ",")) {
         const std::string path = TrimWhiteSpace(file);
-        if (!mSettings.ForEdit && !mSettings.InlineStyles) {
+        if (!mSettings.InlineStyles) {
             out += "<link rel=\"stylesheet\" href=\"" + Escaped(path) + "\">\n";
             continue;
         }

@@ -18,8 +18,8 @@ struct PageSettings {
     bool ForEdit = false;
     CommentType EditCommentType = CommentType::TaggedComments;
     Links LinksTo = Links::Pages;
-    /// Style sheets stand in the page itself; they do anyway when it is for editing.
-    bool InlineStyles = false;
+    /// Style sheets stand in the page itself, which then needs no file beside it.
+    bool InlineStyles = true;
     /// Whose phrases, scraps and variables count; may be nothing.
     Ref<PageTemplate> Template;
     /// Whose values of variables, scope and exclusions count; may be gone.
