@@ -35,6 +35,14 @@ bool IsInList(const std::string& list, const std::string& wanted) {
     return false;
 }
 
+/// Trees change a project's scope while an author looks around; what is saved is what is published.
+ProjectDocument::Scope ScopeOf(const Ref<KiteProject>& project) {
+    if (const auto document = project.As<ProjectDocument>()) return document->GetStoredScope();
+    if (!project) return {};
+    return {project->GetIncludePrivate(), project->GetIncludeFriend(),
+            project->GetIncludeProtected(), project->GetIncludeProtectedFriend()};
+}
+
 /// A colour as a style sheet may hold it; anything else is left out.
 std::string SafeColour(const std::string& text) {
     const bool isSafe = !text.empty() && std::all_of(text.begin(), text.end(), [](char c) {
@@ -46,7 +54,8 @@ std::string SafeColour(const std::string& text) {
 
 } // namespace
 
-PageElements::PageElements(PageSettings settings) : mSettings(std::move(settings)) {}
+PageElements::PageElements(PageSettings settings)
+    : mSettings(std::move(settings)), mScope(ScopeOf(mSettings.Project.Lock())) {}
 
 const std::unordered_map<std::string, PageElements::Writer>& PageElements::Writers() {
     static const std::unordered_map<std::string, Writer> writers{
@@ -172,7 +181,7 @@ std::string PageElements::InSection(const ParserElement& element, const std::str
     for (int number = 2; !mTakenIds.insert(own).second; ++number)
         own = id + "-" + std::to_string(number);
     const std::string shown = Phrase(Attribute(element, "caption", caption));
-    const std::size_t level = std::clamp<std::size_t>(Number(element, "level", 2), 2, 6);
+    const auto level = std::clamp<std::size_t>(Number(element, "heading", 2), 2, 6);
     const std::string heading = "h" + std::to_string(level);
     mSections.push_back({own, shown});
     return "<section id=\"" + Escaped(own) + "\" class=\"" + Escaped(id) + "\">\n<" + heading +
@@ -206,13 +215,12 @@ std::string PageElements::Parsed(const std::string& text, const PageSubject& sub
 }
 
 bool PageElements::IsShown(const PageSubject& subject) const {
-    const auto project = mSettings.Project.Lock();
     const SourceAccess access = subject.Index().Access(subject.Entity);
-    const bool isInScope =
-        access == SourceAccess::Public ||
-        (access == SourceAccess::Protected && (!project || project->GetIncludeProtected())) ||
-        (access == SourceAccess::Friend && project && project->GetIncludeFriend()) ||
-        (access == SourceAccess::Private && project && project->GetIncludePrivate());
+    const bool isInScope = access == SourceAccess::Public ||
+                           (access == SourceAccess::Protected && mScope.Protected) ||
+                           (access == SourceAccess::Friend && mScope.Friend) ||
+                           (access == SourceAccess::Private && mScope.Private);
+    const auto project = mSettings.Project.Lock();
     if (!isInScope || !project || mSettings.ForEdit) return isInScope;
     const auto exclusions = project->GetNamespaceExclusions();
     if (exclusions->Count() > 0 && exclusions->Contains(subject.QualifiedName())) return false;

@@ -3,6 +3,7 @@
 #include "doctypes/source/PageSettings.h"
 #include "doctypes/source/PageSubject.h"
 #include "foundation/ParserElement.h"
+#include "model/ProjectDocument.h"
 
 #include <functional>
 #include <map>
@@ -30,6 +31,8 @@ public:
 
     /// The signature as the language writes it, broken where it is long; plain text.
     static std::string SyntaxOf(const PageSubject& subject);
+    /// The parameters in brackets with what stands behind them, in one line; plain text.
+    static std::string SignatureOf(const PageSubject& subject);
     /// "DB::Get" for a member of a type, otherwise the name; plain text.
     static std::string ScopedName(const PageSubject& subject);
     /// A kind as readers know it ("Structure").
@@ -103,7 +106,6 @@ private:
 
     // Lists of items (PageElementsLists.cpp).
     std::string NameCell(const PageSubject& subject);
-    std::string Row(const PageSubject& subject, bool fromSource);
     std::string Table(const Members& members, const ParserElement& element,
                       const PageSubject& subject);
     Members MembersOf(const PageSubject& subject, SourceKind kind) const;
@@ -127,6 +129,7 @@ private:
     std::string BaseTree(const PageSubject& subject, std::size_t depth, const std::string& inner);
 
     PageSettings mSettings;
+    ProjectDocument::Scope mScope;                 ///< of the members that are listed
     SourceNamespaceProvider* mProvider = nullptr;  ///< of the element that is being written
     std::map<std::string, std::string> mPageNames; ///< of layouts, by level
     std::set<std::string> mTakenIds;

@@ -135,13 +135,28 @@ std::string PageElements::ScopedName(const PageSubject& subject) {
            (UsesColons(index.Language(subject.Entity)) ? "::" : ".") + name;
 }
 
+std::string PageElements::SignatureOf(const PageSubject& subject) {
+    const std::string_view signature = subject.Index().Signature(subject.Entity);
+    std::string out;
+    // Parameters that stand on lines of their own have blanks and a comma around them.
+    for (const char character : signature) {
+        const bool isBlank = character == ' ' || character == '\n' || character == '\t';
+        if (isBlank && (out.ends_with('(') || out.ends_with(' '))) continue;
+        if (character == ')')
+            while (out.ends_with(' ') || out.ends_with(','))
+                out.pop_back();
+        out += isBlank ? ' ' : character;
+    }
+    return out;
+}
+
 std::string PageElements::SyntaxOf(const PageSubject& subject) {
     const SourceIndex& index = subject.Index();
     const SourceKind kind = subject.Kind();
     const SourceLanguage language = index.Language(subject.Entity);
     const std::string name(index.Name(subject.Entity));
     const std::string type(index.Type(subject.Entity));
-    const std::string signature(index.Signature(subject.Entity));
+    const std::string signature = SignatureOf(subject);
     if (kind == SourceKind::Project || kind == SourceKind::Module) return {};
     if (kind == SourceKind::Macro) return "#define " + name + signature;
     if (kind == SourceKind::Enumerator) return name;

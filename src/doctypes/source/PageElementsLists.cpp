@@ -31,25 +31,31 @@ std::string PageElements::NameCell(const PageSubject& subject) {
     if (!type.empty() && subject.Kind() != SourceKind::Enumerator)
         out += "<span class=\"type\">" + Escaped(type) + "</span> ";
     out += name;
-    if (const std::string_view signature = index.Signature(subject.Entity); !signature.empty())
+    if (const std::string signature = SignatureOf(subject); !signature.empty())
         out += "<span class=\"signature\">" + Escaped(signature) + "</span>";
     return out + "</code>" + FlagsOf(subject);
 }
 
-std::string PageElements::Row(const PageSubject& subject, bool fromSource) {
-    return "<tr><td class=\"name\">" + NameCell(subject) + "</td><td class=\"text\">" +
-           RowText(subject, fromSource) + "</td></tr>\n";
-}
-
+/// Where nobody said anything of any of them there is no column for it.
 std::string PageElements::Table(const Members& members, const ParserElement& element,
                                 const PageSubject& subject) {
     if (members.empty()) return {};
-    std::string out = "<table class=\"members\">\n<thead><tr><th scope=\"col\">" +
-                      Escaped(Phrase("Name")) + "</th><th scope=\"col\">" +
-                      Escaped(Phrase("Description")) + "</th></tr></thead>\n<tbody>\n";
     const bool fromSource = IsOn(element, "fromsource");
+    std::vector<std::string> texts;
+    texts.reserve(members.size());
     for (const SourceIndex::Id member : members)
-        out += Row(subject.With(member), fromSource);
+        texts.push_back(RowText(subject.With(member), fromSource));
+    const bool hasTexts = std::any_of(texts.begin(), texts.end(),
+                                      [](const std::string& text) { return !text.empty(); });
+    std::string out = "<table class=\"members\">\n<thead><tr><th scope=\"col\">" +
+                      Escaped(Phrase("Name")) + "</th>";
+    if (hasTexts) out += "<th scope=\"col\">" + Escaped(Phrase("Description")) + "</th>";
+    out += "</tr></thead>\n<tbody>\n";
+    for (std::size_t row = 0; row < members.size(); ++row) {
+        out += "<tr><td class=\"name\">" + NameCell(subject.With(members[row])) + "</td>";
+        if (hasTexts) out += "<td class=\"text\">" + texts[row] + "</td>";
+        out += "</tr>\n";
+    }
     return out + "</tbody>\n</table>\n";
 }
 
