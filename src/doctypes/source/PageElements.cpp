@@ -1,5 +1,6 @@
 #include "doctypes/source/PageElements.h"
 
+#include "doctypes/source/ItemProperties.h"
 #include "doctypes/source/PageHtml.h"
 #include "doctypes/source/PathGlob.h"
 #include "foundation/ScopeExit.h"
@@ -208,7 +209,7 @@ std::string PageElements::Parsed(const std::string& text, const PageSubject& sub
                                                        : piece->Text;
         if (!isKnown) {
             const auto item = subject.Provider->ItemOf(subject.Root, subject.Entity);
-            Ignoring([&] { out += Escaped(item->Get(Attribute(*piece, "type")).ToText()); });
+            out += Escaped(PropertyOf(*item, Attribute(*piece, "type")));
         }
     }
     return out;
@@ -281,10 +282,7 @@ bool PageElements::Has(const std::string& what, const ParserElement& element,
                            subject.Index().Children(subject.Entity).end(),
                            [&](SourceIndex::Id id) { return IsShown(subject.With(id)); });
     if (what == "variable") return !VariableValue(Attribute(element, "variable")).empty();
-    std::string value;
-    const auto item = subject.Provider->ItemOf(subject.Root, subject.Entity);
-    Ignoring([&] { value = item->Get(what).ToText(); });
-    return !value.empty();
+    return !PropertyOf(*subject.Provider->ItemOf(subject.Root, subject.Entity), what).empty();
 }
 
 std::string PageElements::WriteIf(const ParserElement& element, const PageSubject& subject) {

@@ -31,6 +31,8 @@ public:
 
     /// The signature as the language writes it, broken where it is long; plain text.
     static std::string SyntaxOf(const PageSubject& subject);
+    /// Its type, or what it returns; plain text.
+    static std::string TypeOf(const PageSubject& subject);
     /// The parameters in brackets with what stands behind them, in one line; plain text.
     static std::string SignatureOf(const PageSubject& subject);
     /// "DB::Get" for a member of a type, otherwise the name; plain text.

@@ -33,6 +33,26 @@ std::string Broken(const std::string& line) {
     return out + line.substr(close);
 }
 
+/// As people write C and C++: marks of pointers and references at their types, a blank behind each
+/// comma. Texts in quotes stay.
+std::string Tightened(std::string_view text, SourceLanguage language) {
+    if (language != SourceLanguage::C && language != SourceLanguage::Cpp) return std::string(text);
+    std::string out;
+    bool isQuoted = false;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const char character = text[at];
+        if (character == '"' || character == '\'') isQuoted = !isQuoted;
+        const bool isMark = character == '*' || character == '&';
+        if (!isQuoted && isMark && out.size() > 1 && out.back() == ' ' &&
+            out[out.size() - 2] != '=')
+            out.pop_back();
+        out += character;
+        if (!isQuoted && character == ',' && at + 1 < text.size() && text[at + 1] != ' ')
+            out += ' ';
+    }
+    return out;
+}
+
 std::string_view KeywordOf(SourceKind kind, SourceLanguage language) {
     switch (kind) {
     case SourceKind::Class:
@@ -147,7 +167,12 @@ std::string PageElements::SignatureOf(const PageSubject& subject) {
                 out.pop_back();
         out += isBlank ? ' ' : character;
     }
-    return out;
+    return Tightened(out, subject.Index().Language(subject.Entity));
+}
+
+std::string PageElements::TypeOf(const PageSubject& subject) {
+    const SourceIndex& index = subject.Index();
+    return Tightened(index.Type(subject.Entity), index.Language(subject.Entity));
 }
 
 std::string PageElements::SyntaxOf(const PageSubject& subject) {
@@ -155,7 +180,7 @@ std::string PageElements::SyntaxOf(const PageSubject& subject) {
     const SourceKind kind = subject.Kind();
     const SourceLanguage language = index.Language(subject.Entity);
     const std::string name(index.Name(subject.Entity));
-    const std::string type(index.Type(subject.Entity));
+    const std::string type = TypeOf(subject);
     const std::string signature = SignatureOf(subject);
     if (kind == SourceKind::Project || kind == SourceKind::Module) return {};
     if (kind == SourceKind::Macro) return "#define " + name + signature;

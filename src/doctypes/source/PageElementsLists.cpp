@@ -27,7 +27,7 @@ std::string PageElements::NameCell(const PageSubject& subject) {
     const SourceIndex& index = subject.Index();
     const std::string name = Link(subject, Escaped(index.Name(subject.Entity)));
     std::string out = "<code>";
-    const std::string_view type = index.Type(subject.Entity);
+    const std::string type = TypeOf(subject);
     if (!type.empty() && subject.Kind() != SourceKind::Enumerator)
         out += "<span class=\"type\">" + Escaped(type) + "</span> ";
     out += name;

@@ -1,5 +1,6 @@
 #include "doctypes/source/SourceDataProvider.h"
 
+#include "doctypes/source/ItemProperties.h"
 #include "doctypes/source/PageElements.h"
 #include "doctypes/source/PageHtml.h"
 #include "foundation/GlobalConfig.h"
@@ -11,12 +12,6 @@ namespace paperkite {
 namespace {
 
 constexpr std::string_view kMark = "%%";
-/// May stand before a property's name.
-constexpr std::string_view kItem = "item";
-
-constexpr const char* kMembers[] = {
-    "Name", "QualifiedName", "Access",      "Kind",     "Language", "Signature",        "Type",
-    "File", "Line",          "Description", "Inherits", "Overload", "TaggedDescription"};
 
 } // namespace
 
@@ -96,15 +91,7 @@ Ref<DataProvider> SourceDataProvider::Clone() {
 }
 
 std::string SourceDataProvider::GetProperty(const std::string& name) {
-    if (!mItem) return {};
-    std::string_view wanted = name;
-    if (EqualIgnoringCase(wanted.substr(0, kItem.size()), kItem))
-        wanted.remove_prefix(kItem.size());
-    if (EqualIgnoringCase(wanted, "caption"))
-        return mItem->Get("Name").ToText() + mItem->Get("Overload").ToText();
-    for (const char* member : kMembers)
-        if (EqualIgnoringCase(wanted, member)) return mItem->Get(member).ToText();
-    return {};
+    return mItem ? PropertyOf(*mItem, name) : std::string();
 }
 
 std::string SourceDataProvider::ParseForProperties(const std::string& text) {
