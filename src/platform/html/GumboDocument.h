@@ -15,7 +15,7 @@ namespace paperkite {
 ///
 /// NUL characters, and bytes that are no UTF-8, are read as U+FFFD. Written is what the standard
 /// says, and more: identifiers of the document type, and the line break at the beginning of "pre",
-/// "textarea" and "listing".
+/// "textarea" and "listing". A "plaintext", which nothing can end, becomes a "pre".
 class GumboDocument : public HTMLDocument {
 public:
     /// Error 5 for a text that nests too deep.

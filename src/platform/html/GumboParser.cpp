@@ -1,5 +1,6 @@
 #include "platform/html/GumboParser.h"
 
+#include "foundation/HtmlTokens.h"
 #include "foundation/Text.h"
 #include "foundation/Unicode.h"
 #include "platform/html/GumboArena.h"
@@ -7,6 +8,8 @@
 #include "platform/html/NestingDepth.h"
 
 #include <algorithm>
+#include <optional>
+#include <vector>
 
 #include <gumbo.h>
 
@@ -22,12 +25,48 @@ constexpr int kRearranging =
     GUMBO_INSERTION_ADOPTION_AGENCY_MOVED | GUMBO_INSERTION_FOSTER_PARENTED |
     GUMBO_INSERTION_CONVERTED_FROM_END_TAG | GUMBO_INSERTION_FROM_ISINDEX;
 
+/// A text as the parser gets it. It puts text that stands right in front of "</form>" behind the
+/// form, unless something else ends the text: an empty comment, which is taken out of the tree.
+class ParserInput {
+public:
+    ParserInput(const std::string& html, bool isMarkup) : mText(html) {
+        if (!isMarkup || !ContainsIgnoringCase(html, "</form")) return;
+        mText.clear();
+        std::size_t written = 0;
+        HtmlTokens tokens(html);
+        for (HtmlToken token; tokens.Next(token);) {
+            if (token.What != HtmlToken::Kind::EndTag || !EqualIgnoringCase(token.Name, "form"))
+                continue;
+            mText.append(html, written, token.From - written);
+            mMarks.push_back(mText.size());
+            mText.append("<!---->");
+            written = token.From;
+        }
+        mText.append(html, written, std::string::npos);
+    }
+
+    const std::string& Text() const { return mText; }
+    std::size_t CountOfMarks() const { return mMarks.size(); }
+    bool IsMark(const GumboNode& node) const {
+        if (node.type != GUMBO_NODE_COMMENT || mMarks.empty()) return false;
+        const auto place = static_cast<std::size_t>(node.v.text.original_text.data - mText.data());
+        return std::binary_search(mMarks.begin(), mMarks.end(), place);
+    }
+
+private:
+    std::string mText;
+    std::vector<std::size_t> mMarks;
+};
+
 /// Copies the parser's tree.
 class TreeCopier {
 public:
-    explicit TreeCopier(const std::shared_ptr<DocumentTie>& tie) : mTie(tie) {}
+    TreeCopier(const std::shared_ptr<DocumentTie>& tie, const ParserInput& input)
+        : mTie(tie), mInput(input) {}
 
     bool IsRearranged() const { return mIsRearranged; }
+    /// How many of the input's marks were met.
+    std::size_t CountOfMarks() const { return mMarks; }
 
     void CopyChildren(const GumboNode& top, HtmlParent& into) {
         HtmlParent* target = &into;
@@ -37,9 +76,13 @@ public:
             const GumboVector& children = ChildrenOf(*parent);
             if (place < children.length) {
                 const auto& child = *static_cast<const GumboNode*>(children.data[place]);
+                ++place;
+                if (mInput.IsMark(child)) {
+                    ++mMarks;
+                    continue;
+                }
                 const auto copy = Copy(child);
                 target->Insert(copy);
-                ++place;
                 if (!IsElement(child) || child.v.element.children.length == 0) continue;
                 parent = &child;
                 target = copy->AsParent();
@@ -78,8 +121,16 @@ private:
     }
 
     std::shared_ptr<HtmlNode> Copy(const GumboNode& node) {
+        const GumboStringPiece& source =
+            IsElement(node) ? node.v.element.original_tag : node.v.text.original_text;
+        // Out of the order of the source: something was moved, or doubled.
+        if (source.length > 0 && mLastSource && source.data <= mLastSource) mIsRearranged = true;
+        if (source.length > 0) mLastSource = source.data;
         if (IsElement(node)) return CopyElement(node);
         const bool isComment = node.type == GUMBO_NODE_COMMENT;
+        // In a script this may let the end tag be text.
+        if (!isComment && std::string_view(node.v.text.text).find("<!--") != std::string_view::npos)
+            mIsRearranged = true;
         return std::make_shared<HtmlTextNode>(
             isComment ? HtmlNode::Kind::Comment : HtmlNode::Kind::Text, node.v.text.text);
     }
@@ -100,6 +151,8 @@ private:
     }
 
     static std::string NameOf(const ::GumboElement& element) {
+        // Nothing ends the text of a "plaintext", not even what would be written behind it.
+        if (element.tag == GUMBO_TAG_PLAINTEXT) return "pre";
         if (element.tag != GUMBO_TAG_UNKNOWN && element.tag_namespace != GUMBO_NAMESPACE_SVG)
             return gumbo_normalized_tagname(element.tag);
         std::string name = WrittenName(element);
@@ -115,6 +168,9 @@ private:
     static std::string WrittenName(const ::GumboElement& element) {
         std::string_view tag(element.original_tag.data ? element.original_tag.data : "",
                              element.original_tag.length);
+        // What the parser passed over in front of the tag belongs to it.
+        while (tag.starts_with("</>"))
+            tag.remove_prefix(3);
         tag = tag.substr(std::min(tag.find_first_not_of("</"), tag.size()));
         return LowerCase(tag.substr(0, tag.find_first_of(" \t\r\n\f/>")));
     }
@@ -137,7 +193,10 @@ private:
     }
 
     const std::shared_ptr<DocumentTie>& mTie;
+    const ParserInput& mInput;
     bool mIsRearranged = false;
+    const char* mLastSource = nullptr;
+    std::size_t mMarks = 0;
 };
 
 /// A run of the parser; its tree lives as long as this.
@@ -192,15 +251,23 @@ struct Reading {
     const std::shared_ptr<DocumentTie>& Tie;
 
     ParsedHtml Once(const std::string& html) const {
-        const Run run(html, Context, Space);
+        const ParserInput input(html, true);
+        if (auto parsed = Read(input)) return std::move(*parsed);
+        return std::move(*Read(ParserInput(html, false)));
+    }
+
+    /// Nothing where the marks came into a text.
+    std::optional<ParsedHtml> Read(const ParserInput& input) const {
+        const Run run(input.Text(), Context, Space);
         ParsedHtml parsed{std::make_unique<HtmlParent>(HtmlNode::Kind::Fragment), false};
-        TreeCopier copier(Tie);
+        TreeCopier copier(Tie, input);
         const bool isDocument = Context == GUMBO_TAG_LAST;
         const GumboNode& top = isDocument ? *run.Output().document : *run.Output().root;
         if (isDocument && top.v.document.has_doctype)
             parsed.Nodes->Insert(TreeCopier::CopyDocumentType(top.v.document));
         copier.CopyChildren(top, *parsed.Nodes);
         parsed.IsRearranged = copier.IsRearranged();
+        if (copier.CountOfMarks() != input.CountOfMarks()) return std::nullopt;
         return parsed;
     }
 
