@@ -2,6 +2,7 @@
 
 #include "foundation/Version.h"
 #include "host/Commands.h"
+#include "host/ConvertCommand.h"
 #include "host/HomelessCommand.h"
 #include "host/MergeCommand.h"
 #include "host/PreviewCommand.h"
@@ -30,6 +31,7 @@ struct Arguments {
     CoverageCommand Coverage;
     HomelessCommand Homeless;
     MergeCommand Merge;
+    ConvertCommand Convert;
     PreviewCommand Preview;
     ScreenshotRequest Screenshot;
     std::string Size = "1280x800";
@@ -127,6 +129,25 @@ void AddMerge(CLI::App& app, Arguments& arguments) {
     command->add_option("THEIRS", arguments.Merge.Theirs, "The other version")->required();
 }
 
+void AddConvert(CLI::App& app, Arguments& arguments) {
+    CLI::App* command = app.add_subcommand(
+        "convert", "Print a page layout in the form in which it is edited, or bring it back");
+    ConvertCommand& convert = arguments.Convert;
+    command
+        ->add_option("FILE", convert.File,
+                     "A page layout (.html), or with --layout the span document of one")
+        ->required();
+    command
+        ->add_option("--to", convert.To,
+                     "span: each element that may be edited becomes a span. meta: spans become "
+                     "elements again, and the text is tidied, as an editor saves it")
+        ->required()
+        ->check(CLI::IsMember({"span", "meta"}));
+    command->add_option("--layout", convert.Layout,
+                        "With --to meta: the layout that FILE was made from with --to span, where "
+                        "its elements are taken from; otherwise FILE is a layout itself");
+}
+
 void AddHomeless(CLI::App& app, Arguments& arguments) {
     CLI::App* command = AddCommand(app, arguments, "homeless",
                                    "Show comments whose item is gone, and its likeliest new homes");
@@ -162,6 +183,7 @@ int RunChosen(const CLI::App& app, Arguments& arguments, const WindowCommands& w
     if (name == "new") return arguments.New.Run(arguments.Project, output);
     if (name == "homeless") return arguments.Homeless.Run(arguments.Project, output);
     if (name == "merge") return arguments.Merge.Run(output);
+    if (name == "convert") return arguments.Convert.Run(output);
     if (name == "open") return windows.Open(arguments.Project);
     if (name == "screenshot") {
         ScreenshotRequest& request = arguments.Screenshot;
@@ -199,6 +221,7 @@ int RunCommandLine(int argc, const char* const* argv, const WindowCommands& wind
     AddScreenshot(app, arguments);
     AddHomeless(app, arguments);
     AddMerge(app, arguments);
+    AddConvert(app, arguments);
     AddPreview(app, arguments);
     try {
         app.parse(argc, argv);

@@ -7,6 +7,7 @@
 #include "model/PageTemplateDocument.h"
 #include "model/TemplateParser.h"
 #include "platform/files/LocalFileSystem.h"
+#include "platform/html/HtmlServices.h"
 #include "platform/settings/SettingsRegistry.h"
 
 #include <iostream>
@@ -43,6 +44,8 @@ std::shared_ptr<ModelControlHelper> InstallHeadlessServices(const std::string& a
     services.ControlHelper = helper;
     services.CreateCommentPipe = [] { return MakeRef<CommentPipeModel>(); };
     services.CreateParserTemplate = [] { return MakeRef<TemplateParser>(); };
+    services.HTMLDOMFactory = MakeHTMLDOMFactory();
+    services.HTMLTidy = MakeHTMLTidy();
     services.ApplicationFolder = applicationFolder;
     const std::string configuration = applicationFolder + "/config";
     if (const auto problem =
