@@ -13,12 +13,30 @@ namespace paperkite {
 namespace {
 
 constexpr std::array<const char*, 24> kTools{
-    "bold",       "italic",       "underline",         "code",
-    "indent",     "removeformat", "insertorderedlist", "insertunorderedlist",
-    "outdent",    "createlink",   "unlink",            "insertimage",
-    "undo",       "redo",         "cut",               "copy",
-    "paste",      "pasteplain",   "selectall",         "insertrow",
-    "deleterow",  "insertcolumn", "deletecolumn",      "deletetable",
+    "bold",
+    "italic",
+    "underline",
+    "code",
+    "indent",
+    "removeformat",
+    "insertorderedlist",
+    "insertunorderedlist",
+    "outdent",
+    "createlink",
+    "unlink",
+    "insertimage",
+    "undo",
+    "redo",
+    "cut",
+    "copy",
+    "paste",
+    "pasteplain",
+    "selectall",
+    "insertrow",
+    "deleterow",
+    "insertcolumn",
+    "deletecolumn",
+    "deletetable",
 };
 constexpr int kMostCells = 100;
 
@@ -34,7 +52,6 @@ bool Holds(const std::vector<std::string>& names, const std::string& name) {
 bool IsEditable(const HTMLElement& element) {
     return EqualIgnoringCase(element.GetAttribute("contenteditable").value_or(""), "true");
 }
-
 
 // What stands where a late-bound caller left an argument out.
 Value At(const std::vector<Value>& arguments, std::size_t index) {

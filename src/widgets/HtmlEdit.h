@@ -56,8 +56,8 @@ public:
 /// The document is the truth. It is parsed when DocumentHTML is written, DocumentComplete is raised
 /// then, and code that changes it there or later is seen by the view. Elements with the attribute
 /// contenteditable="true" that stand in no other such element are the places: when the author types
-/// in one, the view reports it, the document follows and EditableSpanChanged is raised. Scripts, event attributes and "javascript:"
-/// links are kept in the document and never run.
+/// in one, the view reports it, the document follows and EditableSpanChanged is raised. Scripts,
+/// event attributes and "javascript:" links are kept in the document and never run.
 ///
 ///     auto ed = MakeRef<HtmlEdit>("ed");
 ///     auto tie = ed->Events.EditableSpanChanged.Connect(
@@ -168,6 +168,8 @@ public:
     /// Misspelt words are underlined while the author types; nothing of it is in the document.
     bool GetSpellAsYouType() const { return mSpellAsYouType; }
     void SetSpellAsYouType(bool value);
+    /// The words of a text that the engine does not know; none without an engine.
+    std::vector<TextRange> FindMisspelt(const std::string& text) const;
 
     struct {
         Event<> DocumentComplete;

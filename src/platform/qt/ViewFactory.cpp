@@ -6,6 +6,7 @@
 #include "platform/qt/DockView.h"
 #include "platform/qt/ExplorerBarView.h"
 #include "platform/qt/FieldViews.h"
+#include "platform/qt/HtmlEditView.h"
 #include "platform/qt/ListViews.h"
 #include "platform/qt/PropertiesListView.h"
 #include "platform/qt/SplitPanelView.h"
@@ -56,6 +57,9 @@ void ViewFactory::RegisterContainers() {
         });
     RegisterRole<TreeControl>([](ViewFactory&, const Ref<TreeControl>& role, QWidget* parent) {
         return new TreeView(role, parent);
+    });
+    RegisterRole<HtmlEdit>([](ViewFactory&, const Ref<HtmlEdit>& role, QWidget* parent) {
+        return new HtmlEditView(role, parent);
     });
     RegisterRole<PropertiesList>(
         [](ViewFactory&, const Ref<PropertiesList>& role, QWidget* parent) {

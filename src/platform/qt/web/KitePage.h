@@ -6,8 +6,8 @@
 
 namespace paperkite {
 
-/// A page that goes nowhere by itself: it loads what it is told to, links are reported, and whatever
-/// a page may ask the author's machine for is denied.
+/// A page that goes nowhere by itself: it loads what it is told to, links are reported, and
+/// whatever a page may ask the author's machine for is denied.
 class KitePage : public QWebEnginePage {
 public:
     KitePage(QWebEngineProfile* profile, QObject* parent);

@@ -45,8 +45,7 @@ QWebEngineScript EditingScript() {
 }
 
 QWebEngineScript StartingScript(const QJsonObject& given) {
-    const QString json =
-        QString::fromUtf8(QJsonDocument(given).toJson(QJsonDocument::Compact));
+    const QString json = QString::fromUtf8(QJsonDocument(given).toJson(QJsonDocument::Compact));
     return Script(QStringLiteral("paperkite-start"), "kite.start(" + json + ");",
                   QWebEngineScript::DocumentReady);
 }
@@ -60,8 +59,9 @@ QString SourcePage(const QString& text) {
 
 QString SourceScript() {
     QStringList parts;
-    for (const char* name : {"lib/codemirror.js", "mode/xml/xml.js", "mode/javascript/javascript.js",
-                             "mode/css/css.js", "mode/htmlmixed/htmlmixed.js"})
+    for (const char* name :
+         {"lib/codemirror.js", "mode/xml/xml.js", "mode/javascript/javascript.js",
+          "mode/css/css.js", "mode/htmlmixed/htmlmixed.js"})
         parts += TextOf(kCodeMirror + QLatin1String(name));
     if (parts.contains(QString())) return {};
     parts += QStringLiteral(

@@ -5,6 +5,7 @@
 #include "platform/qt/web/PageScripts.h"
 #include "platform/qt/web/PageSource.h"
 
+#include <QElapsedTimer>
 #include <QEventLoop>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -19,7 +20,9 @@ namespace paperkite {
 
 namespace {
 
-constexpr int kLongestWait = 2000; // milliseconds
+// Milliseconds.
+constexpr int kLongestWait = 2000;
+constexpr int kLongestWaitForKeys = 100;
 
 // A text as it stands in a script.
 QString Quoted(const QString& text) {
@@ -51,8 +54,7 @@ QString OnItsWay(const WebPage& page) {
         "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; "
         "img-src file: data:; style-src file: 'unsafe-inline'; font-src file: data:; "
         "media-src file:\">");
-    if (!page.BaseUrl.isEmpty())
-        head += "<base href=\"" + page.BaseUrl.toHtmlEscaped() + "\">";
+    if (!page.BaseUrl.isEmpty()) head += "<base href=\"" + page.BaseUrl.toHtmlEscaped() + "\">";
     const qsizetype found = page.Html.indexOf(QLatin1String("<head"), 0, Qt::CaseInsensitive);
     const qsizetype end = found < 0 ? -1 : page.Html.indexOf('>', found);
     return end < 0 ? head + page.Html : page.Html.left(end + 1) + head + page.Html.mid(end + 1);
@@ -173,6 +175,7 @@ void PageSurface::Loaded(bool ok) {
 
 void PageSurface::Ready() {
     mReady = true;
+    mKeys = 0;
     WatchInput();
     for (const QString& code : std::exchange(mPending, {}))
         Script(code);
@@ -203,24 +206,39 @@ void PageSurface::SetPlace(int place, const QString& html) {
     WhenReady(QStringLiteral("kite.setPlace(%1, %2)").arg(place).arg(Quoted(html)));
 }
 
-QList<WebReport> PageSurface::Flush() {
-    QList<WebReport> reports;
-    if (!mReady || !mUnflushed) return reports;
-    mUnflushed = false;
+QString PageSurface::Ask(const QString& code, int milliseconds) {
     QEventLoop loop;
     // The answer may come when nobody waits for it any more.
     auto answer = std::make_shared<QString>();
     auto waiting = std::make_shared<QEventLoop*>(&loop);
-    mPage->runJavaScript(QStringLiteral("kite.flush()"), kPageWorld,
-                         [answer, waiting](const QVariant& result) {
-                             *answer = result.toString();
-                             if (*waiting) (*waiting)->quit();
-                         });
-    QTimer::singleShot(kLongestWait, &loop, &QEventLoop::quit);
+    mPage->runJavaScript(code, kPageWorld, [answer, waiting](const QVariant& result) {
+        *answer = result.toString();
+        if (*waiting) (*waiting)->quit();
+    });
+    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
     connect(mPage, &QWebEnginePage::renderProcessTerminated, &loop, &QEventLoop::quit);
     loop.exec(QEventLoop::ExcludeUserInputEvents);
     *waiting = nullptr;
-    for (const auto entry : QJsonDocument::fromJson(answer->toUtf8()).array()) {
+    return *answer;
+}
+
+// A key that the engine keeps to itself is never seen by the page, so that the wait for keys is a
+// short one.
+QString PageSurface::AskForReports() {
+    QElapsedTimer time;
+    time.start();
+    const QString hasSeen = QStringLiteral("kite.hasSeen(%1)").arg(mKeys);
+    while (mReady && time.elapsed() < kLongestWaitForKeys)
+        if (!Ask(hasSeen, kLongestWait).isEmpty()) break;
+    // What a key does follows the key itself by one step, and so does this question.
+    return mReady ? Ask(QStringLiteral("kite.flush()"), kLongestWait) : QString();
+}
+
+QList<WebReport> PageSurface::Flush() {
+    QList<WebReport> reports;
+    if (!mReady || !mUnflushed) return reports;
+    mUnflushed = false;
+    for (const auto entry : QJsonDocument::fromJson(AskForReports().toUtf8()).array()) {
         const QJsonArray report = entry.toArray();
         const int place = report.at(0).toInt();
         const auto number = static_cast<qint64>(report.at(1).toDouble());
@@ -267,16 +285,16 @@ void PageSurface::Select(int place, int start, int length) {
 }
 
 QJsonObject PageSurface::ColourTexts() const {
-    return {{"base", mColours.Base.name()},   {"text", mColours.Text.name()},
+    return {{"base", mColours.Base.name()},       {"text", mColours.Text.name()},
             {"quiet", mColours.QuietText.name()}, {"lines", mColours.Lines.name()},
-            {"link", mColours.Link.name()},   {"highlight", mColours.Highlight.name()}};
+            {"link", mColours.Link.name()},       {"highlight", mColours.Highlight.name()}};
 }
 
 void PageSurface::SetColours(const WebColours& colours) {
     mColours = colours;
     mPage->setBackgroundColor(colours.Base);
-    const QString json = QString::fromUtf8(
-        QJsonDocument(ColourTexts()).toJson(QJsonDocument::Compact));
+    const QString json =
+        QString::fromUtf8(QJsonDocument(ColourTexts()).toJson(QJsonDocument::Compact));
     if (mReady) Script("kite.setColours(" + json + ");");
 }
 
@@ -323,11 +341,12 @@ bool PageSurface::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
     case QEvent::ShortcutOverride: {
         const auto& key = static_cast<QKeyEvent&>(*event);
-        const bool isOurs = key.modifiers().testFlag(Qt::ControlModifier) &&
-                            !key.modifiers().testFlag(Qt::AltModifier) &&
-                            QList<int>{Qt::Key_B, Qt::Key_I, Qt::Key_U, Qt::Key_Z, Qt::Key_Y,
-                                       Qt::Key_K, Qt::Key_BracketLeft, Qt::Key_BracketRight}
-                                .contains(key.key());
+        const bool isOurs =
+            key.modifiers().testFlag(Qt::ControlModifier) &&
+            !key.modifiers().testFlag(Qt::AltModifier) &&
+            QList<int>{Qt::Key_B, Qt::Key_I, Qt::Key_U,           Qt::Key_Z,
+                       Qt::Key_Y, Qt::Key_K, Qt::Key_BracketLeft, Qt::Key_BracketRight}
+                .contains(key.key());
         if (isOurs && mShown.Kind == WebPageKind::Editable) {
             event->accept();
             return true;
@@ -335,6 +354,8 @@ bool PageSurface::eventFilter(QObject* watched, QEvent* event) {
         break;
     }
     case QEvent::KeyPress:
+        ++mKeys;
+        [[fallthrough]];
     case QEvent::InputMethod:
     case QEvent::MouseButtonPress:
     case QEvent::Drop:
