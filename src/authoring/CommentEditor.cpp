@@ -1,5 +1,6 @@
 #include "authoring/CommentEditor.h"
 
+#include "authoring/ScaleModes.h"
 #include "authoring/SplitSetting.h"
 #include "foundation/GlobalConfig.h"
 #include "foundation/Services.h"
@@ -20,6 +21,11 @@ constexpr std::size_t kTitleImagePosition = 2;
 constexpr int kShownDescriptionHeight = 49;
 constexpr int kHighestDescription = 1000;
 constexpr int kBarPercentage = 28;
+constexpr int kOffScreen = -2000;
+constexpr const char* kTipPopup = "TipPopup";
+constexpr const char* kNoPage =
+    "Full Page Edit is not available for this item. You can either edit this item using the parent "
+    "items Full Page Edit, or edit comments individually";
 
 bool ServesNamespace(const PageTemplate& pageTemplate, const std::string& name) {
     for (const auto& entry : pageTemplate.Namespaces)
@@ -34,16 +40,25 @@ CommentEditor::CommentEditor() {
         mNamespaceChanged = true;
         splitMain->SetPercentage(kBarPercentage);
         splitMain->SetSecondPane(tagsContainer);
-        tagsContainer->Controls.Add(prpTags);
-        tagsContainer->Controls.Add(prpFlags);
+        for (const auto& surface : std::initializer_list<Ref<Control>>{
+                 prpTags, prpFlags, InPlaceEditor, DesignerContainer})
+            tagsContainer->Controls.Add(surface);
+        UserControl->Controls.Add(splitMain);
+        UserControl->Controls.Add(DockCommentTypes);
+        DockCommentTypes->SetVisible(false);
+        DesignerContainer->SetVisible(false);
+        eb->SetScaleMode(static_cast<int>(ScaleMode::Pixels));
         prpFlags->SetCheckBoxes(true);
         prpTags->SetAccessibleName("Tags");
         prpFlags->SetAccessibleName("Flags");
         eb->SetAccessibleName("Comment types");
         zHideSurfaces();
         mCheckBoxes.SetClickHandler([this](std::size_t index) { chkExplorerBar_Click(index); });
+        mCheckBoxes.SetupExplorerBar(*eb);
         zMakeGroups();
+        zMakeToolbar();
         zConnectLists();
+        zConnectSurfaces();
     });
 }
 
@@ -59,7 +74,9 @@ void CommentEditor::zMakeGroups() {
     images->Add("tick", {"dialog-ok-apply", {}, "in use"});
     images->Add(kTitleImage, {});
     eb->SetImageList(images);
-    eb->AddGroup("main", "{Item Name}")->SetIcon(kTitleImage);
+    const auto main = eb->AddGroup("main", "{Item Name}");
+    main->SetIcon(kTitleImage);
+    main->SetEmptyText(kNoPage);
     eb->AddGroup("flags", "Flags")->Add("checkboxcontainer", {});
     eb->AddGroup("other", "Other")->Add("other", "Other Information");
 }
@@ -88,6 +105,46 @@ void CommentEditor::zConnectLists() {
         [this](const auto&, const auto& item, const auto&) { eb_SelChange(item); }));
 }
 
+void CommentEditor::zMakeToolbar() {
+    DockCommentTypes->SetImageList(eb->GetImageList());
+    DockCommentTypes->SetAccessibleName("Comment types");
+    DockCommentTypes->AddToolbar("Comment types");
+    const auto tip = DockCommentTypes->Commands.Add(kTipPopup, "Tip", "help-hint");
+    tip->SetToolTipText("Show a popup tip describing the active comment type");
+    tip->SetVisible(false);
+}
+
+void CommentEditor::zConnectSurfaces() {
+    const auto keep = [this](Connection connection) {
+        mConnections.push_back(std::move(connection));
+    };
+    keep(DockCommentTypes->Events.CommandClick.Connect(
+        [this](const auto& command) { DockCommentTypes_CommandClick(command); }));
+    keep(DockCommentTypes->Events.PopupWindowShowing.Connect(
+        [this](const auto& name) { DockCommentTypes_PopupWindowShowing(name); }));
+    keep(
+        DockCommentTypes->Events.ClientResize.Connect([this] { DockCommentTypes_ClientResize(); }));
+    keep(UserControl->ControlEvents.Resize.Connect([this](int, int) { UserControl_Resize(); }));
+    keep(tagsContainer->ControlEvents.Resize.Connect([this](int, int) { tagsContainer_Resize(); }));
+    keep(DesignerContainer->ControlEvents.Resize.Connect(
+        [this](int width, int height) { DesignerContainer_Resize(width, height); }));
+    keep(eb->ControlEvents.Resize.Connect([this](int, int) {
+        Procedure(*this, "eb_Resize", [&](Frame&) { mCheckBoxes.ResizeCheckboxes(*eb); });
+    }));
+    const auto passOn = [&]<class... A>(Event<A...>& from, Event<A...>& to, const char* name) {
+        keep(from.Connect([this, &to, name](A... arguments) {
+            Procedure(*this, name, [&](Frame&) { to.Raise(arguments...); });
+        }));
+    };
+    auto& page = InPlaceEditor->Events;
+    keep(page.DocumentComplete.Connect([this] { DocumentComplete(); }));
+    passOn(page.HyperlinkClick, Events.HyperlinkClick, "InPlaceEditor_HyperlinkClick");
+    passOn(page.InsertHyperLinkRequest, Events.InsertHyperLinkRequest,
+           "InPlaceEditor_InsertHyperLinkRequest");
+    passOn(page.SpellIgnoreWordAdded, Events.SpellIgnoreWordAdded,
+           "InPlaceEditor_SpellIgnoreWordAdded");
+}
+
 void CommentEditor::Initialize() {
     InitControl();
 }
@@ -99,12 +156,18 @@ void CommentEditor::InitControl() {
             ->Item("checkboxcontainer")
             ->SetControl(MakeRef<FramePanel>("fraExplorerBar"));
         splitMain->SetFirstPane(mShowCombo ? Ref<Control>() : Ref<Control>(eb));
+        zMakeFixedDesigner();
+        InPlaceEditor->SetLeft(kOffScreen);
+        InPlaceEditor->SetVisible(false);
         mNamespaceChanged = true;
         zMakeButtons();
         prpTags->SetColumnCaption("Name", "Tag");
         prpTags->SetColumnCaption("Value", "Value");
         zReadDescriptionPane();
         zLoadIcons();
+        mTipPopup = MakeRef<frmTipPopup>();
+        DockCommentTypes->PopupWindow(kTipPopup).Content = mTipPopup;
+        CreatedDesigners.clear();
         mInitialized = true;
     });
 }
@@ -160,6 +223,8 @@ void CommentEditor::Terminate() {
         CurrentRootItem = nullptr;
         UnloadFlagCheckboxes();
         eb->GetGroup("flags")->Item("checkboxcontainer")->SetControl(nullptr);
+        zEndDesigners();
+        InPlaceEditor->Terminate();
         mCurrentCodeElement = nullptr;
         mCurrentNamespaceDef = nullptr;
         mKiteProject = nullptr;
@@ -167,7 +232,14 @@ void CommentEditor::Terminate() {
         mWrapper = nullptr;
         mSpell = nullptr;
         mDynamicHelpHost = nullptr;
+        DockCommentTypes->PopupWindow(kTipPopup).Content = nullptr;
+        mTipPopup = nullptr;
     });
+}
+
+void CommentEditor::SetKiteProject(const Ref<KiteProject>& value) {
+    mKiteProject = value;
+    InPlaceEditor->SetKiteProject(value);
 }
 
 void CommentEditor::Load(const Ref<paperkite::NamespaceDef>& NamespaceDef, const Ref<Object>& Item,
@@ -237,6 +309,10 @@ Ref<PageTemplate> CommentEditor::GetInPlaceTemplate() {
 
 void CommentEditor::SetInPlaceTemplate(const Ref<PageTemplate>& value) {
     mInPlaceTemplate = value;
+    if (!InPlaceEditor->GetTag().empty()) {
+        InPlaceEditor->CommitEdit();
+        InPlaceEditor->Initialize(this, GetAppName(), mBaseURL);
+    }
     Refresh(false);
 }
 
@@ -272,12 +348,6 @@ void CommentEditor::SetSelectedItem(const Ref<PropertyItem>& value) {
     Procedure(*this, "SelectedItem", [&](Frame&) { prpTags->SetSelectedItem(value); });
 }
 
-void CommentEditor::SetShowCombo(bool value) {
-    mShowCombo = value;
-    splitMain->SetFirstPane(value ? Ref<Control>() : Ref<Control>(eb));
-    eb->SetVisible(!value && mCurrentCodeElement);
-}
-
 void CommentEditor::DumpVariables(VariableDump& dump) const {
     dump.Add("NamespaceDefs", NamespaceDefs)
         .Add("CurrentRootItem", CurrentRootItem)
@@ -311,6 +381,8 @@ void CommentEditor::DumpVariables(VariableDump& dump) const {
         .Add("mTerminated", mTerminated)
         .Add("mPostingtoCheckboxes", mPostingtoCheckboxes)
         .Add("mPopulating", mPopulating)
+        .Add("mInPlaceEditorIsActive", mInPlaceEditorIsActive)
+        .Add("CreatedDesigners", Value::ArrayOfTexts(CreatedDesigners))
         .Add("mInitialized", mInitialized);
 }
 

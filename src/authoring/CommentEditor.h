@@ -1,7 +1,11 @@
 #pragma once
 
 #include "authoring/EBCheckBoxes.h"
+#include "authoring/InPlaceEditor.h"
+#include "authoring/frmTipPopup.h"
 #include "foundation/BulwarkSupport.h"
+#include "foundation/CommentDesigner.h"
+#include "foundation/CommentDesignerHost.h"
 #include "foundation/CommentType.h"
 #include "foundation/DynamicHelp.h"
 #include "foundation/Enums.h"
@@ -12,6 +16,8 @@
 #include "foundation/SpellEngine.h"
 #include "foundation/TaggedCommentCollection.h"
 #include "foundation/TaggedCommentDef.h"
+#include "widgets/DesignerControl.h"
+#include "widgets/DockHost.h"
 #include "widgets/ExplorerBar.h"
 #include "widgets/PropertiesList.h"
 #include "widgets/SplitPanel.h"
@@ -19,6 +25,7 @@
 
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace paperkite {
@@ -34,7 +41,10 @@ namespace paperkite {
 ///     editor.SetAppName("Paperkite");
 ///     editor.SetKiteProject(project);
 ///     editor.Load(definition, item, rootItem);
-class CommentEditor : public Shielded, public IDynamicHelpContext {
+class CommentEditor : public Shielded,
+                      public IDynamicHelpContext,
+                      public ICommentDesignerHost,
+                      public ISimplePageHost {
 public:
     CommentEditor();
     ~CommentEditor() override;
@@ -59,7 +69,8 @@ public:
     /// dealing with. Nothing without an element.
     Ref<TaggedCommentCollection> GetTaggedComments() const;
     Ref<KiteProject> GetKiteProject() const { return mKiteProject; }
-    void SetKiteProject(const Ref<KiteProject>& value) { mKiteProject = value; }
+    /// Also given to the page surface.
+    void SetKiteProject(const Ref<KiteProject>& value);
 
     Ref<paperkite::NamespaceDefs> NamespaceDefs;
     Ref<Object> CurrentRootItem;
@@ -82,14 +93,38 @@ public:
     /// The host shows the control for the first time.
     void UserControl_Show();
 
-    // What designers and other surfaces report.
+    // What designers and the page surface report and ask.
 
     void ICommentDesignerHost_TaggedCommentAdded(const Ref<Object>& Item,
-                                                 const Ref<TaggedComment>& TaggedComment);
-    void ICommentDesignerHost_TaggedCommentChanged(const Ref<Object>& Item,
-                                                   const Ref<TaggedComment>& TaggedComment);
-    void ICommentDesignerHost_TaggedCommentDeleted(const Ref<Object>& Item,
-                                                   const Ref<TaggedComment>& TaggedComment);
+                                                 const Ref<TaggedComment>& TaggedComment) override;
+    void
+    ICommentDesignerHost_TaggedCommentChanged(const Ref<Object>& Item,
+                                              const Ref<TaggedComment>& TaggedComment) override;
+    void
+    ICommentDesignerHost_TaggedCommentDeleted(const Ref<Object>& Item,
+                                              const Ref<TaggedComment>& TaggedComment) override;
+    std::string ICommentDesignerHost_AppName() const override { return GetAppName(); }
+    std::vector<std::string>
+    ICommentDesignerHost_ModuleNames(const std::string& ProjectName) const override;
+    std::vector<std::string> ICommentDesignerHost_ProjectNames() const override;
+    Ref<PageTemplate> ICommentDesignerHost_Template() override { return GetInPlaceTemplate(); }
+    Ref<NamespaceDef> ICommentDesignerHost_NamespaceDef() const override {
+        return mCurrentNamespaceDef;
+    }
+    Ref<Object> ICommentDesignerHost_CurrentParentItem() const override { return {}; }
+    Ref<Object> ICommentDesignerHost_CurrentItem() const override { return mCurrentCodeElement; }
+    Ref<Object> ICommentDesignerHost_CurrentRootItem() const override { return CurrentRootItem; }
+    Ref<Object>
+    ICommentDesignerHost_GetObjectFromQualifiedName(const std::string& QualifiedName) override;
+    CommentType ICommentDesignerHost_CommentType() const override { return mCommentType; }
+    bool ICommentDesignerHost_IsDotNet() const override;
+    std::string ICommentDesignerHost_BuildLink(const std::string& ExistingLink, bool GetCaption,
+                                               std::string& Caption, bool ShowExternalLinkTypes,
+                                               const std::string& DialogCaption,
+                                               const std::string& TipPrefix,
+                                               bool AddHTMLExtension) override;
+    std::string ICommentDesignerHost_BaseURL() const override { return mBaseURL; }
+    Value ISimplePageHost_GetDataCell(const Value&) override { return {}; }
 
     /// The first comment of that Id, tombstones included, or nothing.
     Ref<TaggedComment> GetTaggedCommentByKey(const std::string& Key) const;
@@ -145,9 +180,16 @@ public:
     const Ref<PropertiesList>& GetPropertiesListControl() const { return prpTags; }
     /// The engine that spell checks use.
     const Ref<Object>& GetSpellObject() const { return mSpell; }
+    /// Designers that are made from now on use it.
     void SetSpellObject(const Ref<Object>& value) { mSpell = value; }
     const SpellOptions& GetSpellOptions() const { return mSpellOptions; }
-    void SetSpellOptions(const SpellOptions& value) { mSpellOptions = value; }
+    /// Handed on to the page surface and the default designer.
+    void SetSpellOptions(const SpellOptions& value);
+    /// The default designer's object, then those of the designers that were made, in that order.
+    Ref<ObjectCollection> GetDesigners() const;
+    /// The comments that the active designer edits: those of its tag, or all without one.
+    Ref<TaggedCommentCollection> GetActiveTaggedComments() const;
+    void SetToolbarStyle(ToolbarStyle value);
     /// Whether the control runs in a host, not in a form designer: only then it keeps settings.
     bool GetUserMode() const { return mUserMode; }
     void SetUserMode(bool value) { mUserMode = value; }
@@ -155,6 +197,17 @@ public:
     // Surfaces
 
     void SetEditFocus();
+    /// Moves the focus when the surface has nothing else to do.
+    void SetEditFocusQueued();
+    /// The HTML editing widget of the active surface, or nothing.
+    Ref<HtmlEdit> GetActiveHTMLEditor(bool Immediate) const;
+    // Handed on to the page, or else to the default designer; other surfaces take none of these.
+    void InsertTable(std::int32_t Rows, std::int32_t Cols);
+    void SetForeColorByName(const std::string& ColorName);
+    void SetFillColorByName(const std::string& ColorName);
+    std::string GetForeColorName() const;
+    std::string GetFillColorName() const;
+    void ClickEditTool(const std::string& Name);
     /// Selects the page of that layout; an unknown one is reported.
     void SelectInPlaceEditLayout(const std::string& PageLayoutName);
     /// The host's command wrapper, which takes late-bound calls; nothing releases it.
@@ -162,6 +215,13 @@ public:
     const Ref<Object>& GetCommandWrapper() const { return mWrapper; }
     /// True when the check ran to its end; an element without comments ends at once.
     bool SpellCheck(bool ShowCompletionMessage, const Ref<Object>& PassedSpell = {});
+    bool GetSpellCheckInProgress() const;
+    void AddIgnoreAll(const std::string& Word);
+    /// Searches the page of the element, or else the designers of all tags that are in use.
+    void DoFind(const std::string& SearchFor, bool WholeWord, bool CaseSensitive,
+                bool SearchInHTML);
+    void DoReplace(const std::string& SearchFor, const std::string& ReplaceWith, bool WholeWord,
+                   bool CaseSensitive, bool SearchInHTML);
 
     void IDynamicHelpContext_Initialise(const Ref<DynamicHelpHost>& Notify) override;
     void IDynamicHelpContext_QueryContext(DynamicHelpQuery& query) override;
@@ -186,11 +246,20 @@ public:
 
     // The widgets, for views and hosts.
 
+    /// Holds all others; what a host puts into its window.
+    Ref<Container> UserControl = MakeRef<Container>("UserControl");
     Ref<SplitPanel> splitMain = MakeRef<SplitPanel>("splitMain");
     Ref<ExplorerBar> eb = MakeRef<ExplorerBar>("eb");
     Ref<StackPanel> tagsContainer = MakeRef<StackPanel>("tagsContainer");
     Ref<PropertiesList> prpTags = MakeRef<PropertiesList>("prpTags");
     Ref<PropertiesList> prpFlags = MakeRef<PropertiesList>("prpFlags");
+    Ref<paperkite::InPlaceEditor> InPlaceEditor = MakeRef<paperkite::InPlaceEditor>();
+    Ref<StackPanel> DesignerContainer = MakeRef<StackPanel>("DesignerContainer");
+    Ref<DockHost> DockCommentTypes = MakeRef<DockHost>("DockCommentTypes");
+
+    /// The designer that shows the current tab, and the definition of that tab; nothing elsewhere.
+    Ref<CommentDesigner> ActiveDesigner;
+    Ref<TaggedCommentDef> ActiveTaggedCommentDef;
 
 private:
     // Refreshing
@@ -198,6 +267,10 @@ private:
     void zHideSurfaces();
     void zFillLists(bool JustRepopulatePL, const std::string& LastGroupItemCaption);
     void zRemoveTabs();
+    void zRemoveNamedControls();
+    void zListPages();
+    void zListTab(const Ref<TaggedCommentDef>& definition);
+    bool zIsLegacyInUse(const std::string& TagIdentifier) const;
     std::string zNamespaceName() const;
     void zListExistingComments();
     void zListDefinitions(const std::string& NamespaceName, bool JustRepopulatePL);
@@ -236,16 +309,64 @@ private:
     void chkExplorerBar_Click(std::size_t Index);
     void eb_SelChange(const Ref<GroupItem>& Item);
 
+    // Navigation
+    Ref<GroupItem> AddExplorerBarItem(const std::string& GroupName, const std::string& Key,
+                                      const std::string& Caption);
+    void PopulateToolbar();
+    void ClearDockCommentTypes();
+    void zAddGroupToToolbar(const ExplorerBarGroup& group);
+    void zMarkItem(GroupItem& item, bool isUsed);
+    void zShowCommandImage(const std::string& name, const std::string& image);
+    void zShowTipCommand(bool visible);
+    void DockCommentTypes_CommandClick(const Ref<DockCommand>& Command);
+    void DockCommentTypes_PopupWindowShowing(const std::string& Name);
+
     // Surfaces
     void SelectCommentType(const std::string& Key, bool ForceRefresh);
+    void zCheckCommands(const DockCommands& commands, const std::string& Key);
     void CommentTypeSelected(const std::string& Key);
     void zShowList(const Ref<PropertiesList>& shown, const Ref<PropertiesList>& hidden);
-    void InternalSetEditFocus();
+    void zShowPage(const std::string& Key);
+    void InternalSetEditFocus(bool Immediate);
+    std::vector<Ref<Control>> zChildControls() const;
     void zSetTagControls(const std::string& TagIdentifier, bool Enabled);
+    Ref<HtmlEdit> zForwardTarget() const;
+    void DocumentComplete();
+
+    // Layout
+    void UserControl_Resize();
+    void DockCommentTypes_ClientResize();
+    void tagsContainer_Resize();
+    void DesignerContainer_Resize(int Width, int Height);
+
+    // Designers
+    static std::string DesignerForTaggedComment(const Ref<TaggedCommentDef>& TaggedCommentDef);
+    Ref<DesignerControl> zFindDesigner(const std::string& name) const;
+    Ref<DesignerControl> zControlOf(const Ref<CommentDesigner>& designer) const;
+    Ref<DesignerControl> ActiveDesignerControl() const;
+    Ref<DesignerControl> zFixedDesigner() const;
+    void zMakeFixedDesigner();
+    void zOpenTab(const std::string& Key);
+    Ref<DesignerControl> zCreateDesignerControl(const Ref<TaggedCommentDef>& TaggedCommentDef);
+    void zShowNewDesigner();
+    void SetActiveDesignerText();
+    void HideActiveDesigner();
+    Ref<DataCells> GetDataCells(const Ref<TaggedCommentDef>& TaggedCommentDef) const;
+    Ref<Object> zSpellObject() const;
+    void zEndDesigners();
+
+    // Searching
+    void DoFindReplace(const std::string& SearchFor, const std::string& ReplaceWith, bool WholeWord,
+                       bool CaseSensitive, bool SearchInHTML, bool IsReplace);
+    bool zGoToPage();
+    std::vector<Ref<GroupItem>> zTabsInUse() const;
+    void zCheckTabs(const Ref<Object>& PassedSpell);
 
     // Lifecycle
     void InitControl();
     void zMakeGroups();
+    void zMakeToolbar();
+    void zConnectSurfaces();
     void zMakeButtons();
     void zConnectLists();
     void zReadDescriptionPane();
@@ -285,7 +406,11 @@ private:
     bool mPopulating = false;
     bool mInitialized = false;
     bool mUserMode = false;
+    bool mInPlaceEditorIsActive = false;
     std::size_t TaggedCommentCount = 0;
+    /// Control names of the designers that were made, in that order.
+    std::vector<std::string> CreatedDesigners;
+    Ref<frmTipPopup> mTipPopup;
     // The first row of each caption; rows of one tag are told apart by it in one look-up.
     std::unordered_map<std::string, std::size_t> mFirstRowOfCaption;
     std::vector<Connection> mConnections;

@@ -183,6 +183,9 @@ void CommentEditor::ItemChanged(const Ref<PropertyItem>& PropertyItem) {
 
 void CommentEditor::CommitEdit() {
     Procedure(*this, "CommitEdit", [&](Frame&) {
+        if (ActiveDesigner) ActiveDesigner->CommitEdit();
+        // What was typed on the page last may still be on its way.
+        if (mInPlaceEditorIsActive) InPlaceEditor->CommitEdit();
         if (!prpTags->GetInEdit()) return;
         const auto row = prpTags->GetSelectedItem();
         const auto comment = GetTaggedCommentByKey(row->GetKey());

@@ -4,12 +4,15 @@
 #include "foundation/ScopeExit.h"
 #include "foundation/Text.h"
 
+#include <utility>
+
 namespace paperkite {
 
 namespace {
 
 constexpr const char* kFlagType = "f";
 constexpr const char* kHiddenOption = "x";
+constexpr const char* kNoDesigner = "{None}";
 constexpr const char* kOffer = "Click to add this tag...";
 constexpr const char* kNotYetAdded =
     "This tag has not be added to the selected code element, but is available for insertion if "
@@ -37,22 +40,28 @@ void CommentEditor::Refresh(bool JustRepopulatePL) {
         std::string LastGroupItemCaption;
         std::string selectedKey;
         zKeepSelection(LastGroupItemCaption, selectedKey);
+        HideActiveDesigner();
+        ActiveDesigner = nullptr;
+        ActiveTaggedCommentDef = nullptr;
         if (!mCurrentCodeElement) {
             zHideSurfaces();
             return;
         }
         mPopulating = true;
         eb->SuspendPainting();
+        DockCommentTypes->SuspendPainting();
         ScopeExit endPopulating([this] {
             mPopulating = false;
             eb->ResumePainting();
+            DockCommentTypes->ResumePainting();
         });
-        if (!mShowCombo) eb->SetVisible(true);
-        mNamespaceChanged = false;
+        (mShowCombo ? Ref<Control>(DockCommentTypes) : Ref<Control>(eb))->SetVisible(true);
+        if (std::exchange(mNamespaceChanged, false)) zRemoveNamedControls();
         if (!JustRepopulatePL) zRemoveTabs();
         zFillLists(JustRepopulatePL, LastGroupItemCaption);
         Ref<GroupItem> selected = eb->GetSelectedItem();
         if (selected && selected->GetKey() == "other") zReselectRow(selectedKey);
+        PopulateToolbar();
         UpdateGroupItemStatus();
         endPopulating.Run();
         selected = eb->GetSelectedItem();
@@ -75,7 +84,7 @@ void CommentEditor::zFillLists(bool JustRepopulatePL, const std::string& LastGro
     zAddHeader("NewHeader", "Available to add");
     zListDefinitions(zNamespaceName(), JustRepopulatePL);
     if (!JustRepopulatePL) zRefreshGroups(LastGroupItemCaption);
-    tagsContainer->FillControls();
+    tagsContainer_Resize();
 }
 
 void CommentEditor::zKeepSelection(std::string& LastGroupItemCaption,
@@ -89,8 +98,20 @@ void CommentEditor::zKeepSelection(std::string& LastGroupItemCaption,
 
 void CommentEditor::zHideSurfaces() {
     eb->SetVisible(false);
+    DockCommentTypes->SetVisible(false);
+    InPlaceEditor->SetVisible(false);
+    DesignerContainer->SetVisible(false);
     prpFlags->SetVisible(false);
     prpTags->SetVisible(false);
+}
+
+void CommentEditor::zRemoveNamedControls() {
+    for (const auto& group : eb->GetGroups())
+        for (const auto& item : *group) {
+            const std::string name = ReplaceAll(item->GetTag(), "#", "");
+            if (!name.empty() && DesignerContainer->Controls.Contains(name))
+                DesignerContainer->Controls.Remove(name);
+        }
 }
 
 void CommentEditor::zRemoveTabs() {
@@ -169,11 +190,15 @@ void CommentEditor::zListDefinitions(const std::string& NamespaceName, bool Just
         if (!IncludeTC) continue;
         if (IsFlag(*definition)) {
             if (!JustRepopulatePL) zListFlag(definition);
-        } else if (definition->TabName.empty() &&
-                   !ContainsIgnoringCase(definition->Options, kHiddenOption) &&
-                   (definition->LegacyName.empty() || mShowLegacyTags)) {
-            zListOffer(definition);
+            continue;
         }
+        const bool hasTab = !definition->TabName.empty();
+        if (!hasTab && !ContainsIgnoringCase(definition->Options, kHiddenOption) &&
+            (definition->LegacyName.empty() || mShowLegacyTags))
+            zListOffer(definition);
+        if (!JustRepopulatePL && hasTab && definition->DesignerProgID != kNoDesigner &&
+            (definition->LegacyName.empty() || zIsLegacyInUse(definition->TagIdentifier)))
+            zListTab(definition);
     }
 }
 
@@ -226,12 +251,17 @@ void CommentEditor::zTickFlags() {
 void CommentEditor::zRefreshGroups(const std::string& LastGroupItemCaption) {
     zTickFlags();
     eb->GetGroup("flags")->SetVisible(prpFlags->Count() > 0);
+    if (prpFlags->Count() > 0) mCheckBoxes.ResizeCheckboxes(*eb);
     const auto other = eb->GetGroup("other")->Item("other");
     other->SetVisible(prpTags->Count() > 2);
     other->SetBold(TaggedCommentCount > 0);
     other->SetIcon(TaggedCommentCount > 0 ? "tick" : "");
     if (!other->GetVisible()) other->SetSelected(false);
-    eb->GetGroup("other")->SetVisible(other->GetVisible());
+    bool anyVisible = false;
+    for (const auto& item : *eb->GetGroup("other"))
+        anyVisible = anyVisible || item->GetVisible();
+    eb->GetGroup("other")->SetVisible(anyVisible);
+    zListPages();
     zSelectGroupItem(LastGroupItemCaption);
 }
 
@@ -263,15 +293,10 @@ void CommentEditor::zReselectRow(const std::string& selectedKey) {
     }
 }
 
-void CommentEditor::UpdateGroupItemStatus() {
-    const auto other = eb->GetGroup("other")->Find("other");
-    if (!other || !other->GetVisible() || !other->GetEnabled()) return;
-    const bool hasComment = prpTags->Count() >= 2 && !prpTags->Item(2)->IsHeader();
-    other->SetBold(hasComment);
-    other->SetIcon(hasComment ? "tick" : "");
-}
-
 void CommentEditor::UnloadFlagCheckboxes() {
+    if (const auto frame = eb->GetGroup("flags")->Item("checkboxcontainer")->GetControl())
+        frame->SetTag({});
+    eb->SetTag({});
     mCheckBoxes.Clear();
 }
 

@@ -8,6 +8,8 @@ namespace paperkite {
 
 namespace {
 
+constexpr std::string_view kPageKey = "inplaceedit";
+
 Ref<GroupItem> FindItem(const ExplorerBar& bar, const std::string& key) {
     for (const auto& group : bar.GetGroups())
         for (const auto& item : *group)
@@ -37,40 +39,168 @@ void CommentEditor::SelectCommentType(const std::string& Key, bool ForceRefresh)
         else if (item && !item->GetSelected())
             item->SetSelected(true);
         endPopulating.Run();
+        {
+            DockCommentTypes->SuspendPainting();
+            const ScopeExit resume([this] { DockCommentTypes->ResumePainting(); });
+            zCheckCommands(DockCommentTypes->Commands, Key);
+        }
         CommentTypeSelected(Key);
     });
+}
+
+void CommentEditor::zCheckCommands(const DockCommands& commands, const std::string& Key) {
+    for (const auto& command : commands) {
+        if (command->GetIsPopup())
+            zCheckCommands(command->GetPopupCommands(), Key);
+        else if (const auto check = command.As<DockCheckCommand>())
+            check->SetChecked(EqualIgnoringCase(check->GetName(), Key) ? 1 : 0);
+    }
 }
 
 void CommentEditor::CommentTypeSelected(const std::string& Key) {
     Procedure(*this, "CommentTypeSelected", [&](Frame& frame) {
         Watch watchKey(frame, "Key", Key);
+        if (ActiveDesigner || mInPlaceEditorIsActive) CommitEdit();
         if (EqualIgnoringCase(Key, "flags"))
             zShowList(prpFlags, prpTags);
         else if (Key == "other")
             zShowList(prpTags, prpFlags);
+        else if (LowerCase(Key.substr(0, kPageKey.size())) == kPageKey)
+            zShowPage(Key);
+        else if (Key != "checkboxcontainer")
+            zOpenTab(Key);
         if (mDynamicHelpHost) mDynamicHelpHost->ContextChanged();
     });
 }
 
 void CommentEditor::zShowList(const Ref<PropertiesList>& shown, const Ref<PropertiesList>& hidden) {
+    InPlaceEditor->SetVisible(false);
+    mInPlaceEditorIsActive = false;
     hidden->SetVisible(false);
     shown->SetVisible(true);
     shown->BringToFront();
+    HideActiveDesigner();
     if (mWrapper) mWrapper->Call("BindTo", {Value(true), Value(Ref<Object>())});
+    ActiveDesigner = nullptr;
+    zShowTipCommand(false);
+}
+
+void CommentEditor::zShowPage(const std::string& Key) {
+    if (InPlaceEditor->GetTag().empty()) {
+        InPlaceEditor->Initialize(this, GetAppName(), mBaseURL);
+        InPlaceEditor->SetTag("Done");
+    }
+    if (mWrapper) mWrapper->Call("lockrefresh", {});
+    InPlaceEditor->CommentType = mCommentType;
+    InPlaceEditor->Load(mCurrentCodeElement, AfterColon(Key));
+    HideActiveDesigner();
+    if (mWrapper) InPlaceEditor->BindToWrapper(mWrapper);
+    prpTags->SetVisible(false);
+    prpFlags->SetVisible(false);
+    InPlaceEditor->SetVisible(true);
+    mInPlaceEditorIsActive = true;
+    InPlaceEditor->BringToFront();
+    ActiveDesigner = nullptr;
+    zShowTipCommand(false);
+}
+
+void CommentEditor::DocumentComplete() {
+    Procedure(*this, "DocumentComplete", [&](Frame&) {
+        if (mWrapper) mWrapper->Call("unlockrefresh", {});
+        Events.DocumentComplete.Raise();
+    });
 }
 
 void CommentEditor::SetEditFocus() {
-    Procedure(*this, "SetEditFocus", [&](Frame&) { InternalSetEditFocus(); });
+    Procedure(*this, "SetEditFocus", [&](Frame&) { InternalSetEditFocus(true); });
 }
 
-void CommentEditor::InternalSetEditFocus() {
+void CommentEditor::SetEditFocusQueued() {
+    Procedure(*this, "SetEditFocusQueued", [&](Frame&) { InternalSetEditFocus(false); });
+}
+
+void CommentEditor::InternalSetEditFocus(bool Immediate) {
     if (mNoSetFocus) return;
     const auto item = eb->GetSelectedItem();
     if (!item) return;
-    if (item->GetKey() == "other")
+    const std::string& key = item->GetKey();
+    if (key == "other")
         prpTags->SetFocus();
-    else if (item->GetKey() == "flags")
+    else if (key == "flags")
         prpFlags->SetFocus();
+    else if (key.starts_with(kPageKey))
+        Immediate ? InPlaceEditor->SetEditFocus() : InPlaceEditor->SetEditFocusQueued();
+    else if (ActiveDesigner)
+        ActiveDesigner->Call(Immediate ? "SetEditFocus" : "SetEditFocusQueued", {});
+}
+
+Ref<HtmlEdit> CommentEditor::GetActiveHTMLEditor(bool) const {
+    return Procedure<Ref<HtmlEdit>>(
+        *this, "GetActiveHTMLEditor", [&](Ref<HtmlEdit>& result, Frame&) {
+            const auto item = eb->GetSelectedItem();
+            if (!item || item->GetKey() == "other" || item->GetKey() == "flags") return;
+            if (item->GetKey().starts_with(kPageKey))
+                result = InPlaceEditor->GetEditControl();
+            else if (const auto control =
+                         ActiveDesigner ? zControlOf(ActiveDesigner) : Ref<DesignerControl>())
+                result = control->GetEditor();
+        });
+}
+
+Ref<HtmlEdit> CommentEditor::zForwardTarget() const {
+    if (mInPlaceEditorIsActive) return InPlaceEditor->GetEditControl();
+    const auto fixed = zFixedDesigner();
+    if (!fixed || !ActiveDesigner || ActiveDesigner != fixed->GetObject()) return {};
+    return fixed->GetEditor();
+}
+
+void CommentEditor::InsertTable(std::int32_t Rows, std::int32_t Cols) {
+    Procedure(*this, "InsertTable", [&](Frame& frame) {
+        Watch watchRows(frame, "Rows", Rows);
+        Watch watchCols(frame, "Cols", Cols);
+        if (const auto target = zForwardTarget()) target->InsertTable(Rows, Cols);
+    });
+}
+
+void CommentEditor::SetForeColorByName(const std::string& ColorName) {
+    Procedure(*this, "SetForeColorByName", [&](Frame& frame) {
+        Watch watchName(frame, "ColorName", ColorName);
+        if (const auto target = zForwardTarget()) target->SetForeColorByName(ColorName);
+    });
+}
+
+void CommentEditor::SetFillColorByName(const std::string& ColorName) {
+    Procedure(*this, "SetFillColorByName", [&](Frame& frame) {
+        Watch watchName(frame, "ColorName", ColorName);
+        if (const auto target = zForwardTarget()) target->SetFillColorByName(ColorName);
+    });
+}
+
+std::string CommentEditor::GetForeColorName() const {
+    const auto target = zForwardTarget();
+    return target ? target->GetForeColorName() : std::string();
+}
+
+std::string CommentEditor::GetFillColorName() const {
+    const auto target = zForwardTarget();
+    return target ? target->GetFillColorName() : std::string();
+}
+
+void CommentEditor::ClickEditTool(const std::string& Name) {
+    Procedure(*this, "ClickEditTool", [&](Frame& frame) {
+        Watch watchName(frame, "Name", Name);
+        if (const auto target = zForwardTarget()) target->ClickEditTool(Name);
+    });
+}
+
+void CommentEditor::SetToolbarStyle(ToolbarStyle value) {
+    Procedure(*this, "ToolbarStyle", [&](Frame&) {
+        const int style = static_cast<int>(value);
+        Required(CurrentServices().ControlHelper).ApplyToolbarStyle(*DockCommentTypes, style);
+        InPlaceEditor->GetEditControl()->SetContextToolbarStyle(style);
+        const auto fixed = zFixedDesigner();
+        if (fixed && fixed->GetEditor()) fixed->GetEditor()->SetContextToolbarStyle(style);
+    });
 }
 
 void CommentEditor::SelectInPlaceEditLayout(const std::string& PageLayoutName) {
@@ -81,26 +211,27 @@ void CommentEditor::SelectInPlaceEditLayout(const std::string& PageLayoutName) {
 }
 
 void CommentEditor::BindToWrapper(const Ref<Object>& Wrapper) {
-    mWrapper = Wrapper;
-}
-
-bool CommentEditor::SpellCheck(bool ShowCompletionMessage, const Ref<Object>& PassedSpell) {
-    return Procedure<bool>(*this, "SpellCheck", [&](bool& result, Frame& frame) {
-        Watch watchShow(frame, "ShowCompletionMessage", ShowCompletionMessage);
-        Watch watchSpell(frame, "PassedSpell", PassedSpell);
-        mSpellCheckCancelled = false;
-        // The tag list and the flag list are not checked, and nothing else is open.
-        if (ShowCompletionMessage && GetTaggedComments()->Count() > 0)
-            Required(CurrentServices().MessageBox)
-                .Show("The spell check completed successfully", "Spelling",
-                      MessageIcon::Information);
-        result = !mSpellCheckCancelled;
+    Procedure(*this, "BindToWrapper", [&](Frame&) {
+        mWrapper = Wrapper;
+        if (!Wrapper) return;
+        if (ActiveDesigner)
+            ActiveDesigner->BindToWrapper(Wrapper);
+        else if (mInPlaceEditorIsActive)
+            InPlaceEditor->BindToWrapper(Wrapper);
     });
 }
 
+std::vector<Ref<Control>> CommentEditor::zChildControls() const {
+    std::vector<Ref<Control>> controls{
+        splitMain,       eb, tagsContainer, prpTags, prpFlags, InPlaceEditor, DesignerContainer,
+        DockCommentTypes};
+    for (const auto& designer : DesignerContainer->Controls)
+        controls.push_back(designer);
+    return controls;
+}
+
 void CommentEditor::zSetTagControls(const std::string& TagIdentifier, bool Enabled) {
-    for (const Ref<Control>& control :
-         std::initializer_list<Ref<Control>>{splitMain, eb, tagsContainer, prpTags, prpFlags})
+    for (const auto& control : zChildControls())
         if (EqualIgnoringCase(control->GetTag(), TagIdentifier)) control->SetEnabled(Enabled);
 }
 

@@ -26,7 +26,7 @@ ProjectEditor::ProjectEditor() {
     Procedure(*this, "UserControl_Initialize", [&](Frame&) {
         splitMain->SetPercentage(kFirstPercentage);
         splitMain->SetFirstPane(Project.Dock);
-        splitMain->SetSecondPane(cEditor.splitMain);
+        splitMain->SetSecondPane(cEditor.UserControl);
         zConnect();
         if (!CurrentServices().CreateCommentPipe)
             RaiseError(ErrorNumber::CannotCreateComponent, "No comment pipe can be created");

@@ -17,7 +17,8 @@ struct ElementDef : Object {
     /// The group that it is offered in; empty: "Other"; "{blank}": at the top level.
     std::string Category;
     std::string Description;
-    Collection<Ref<AttributeDef>> AttributeDefs;
+    /// By name.
+    Collection<Ref<AttributeDef>> AttributeDefs{KeyComparison::IgnoringCase};
 };
 
 } // namespace paperkite

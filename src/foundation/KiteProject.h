@@ -10,6 +10,7 @@
 #include "foundation/NamespaceProvider.h"
 #include "foundation/Object.h"
 #include "foundation/ObjectCollection.h"
+#include "foundation/PreviewLog.h"
 #include "foundation/ProjectSettings.h"
 #include "foundation/ProjectTemplate.h"
 #include "foundation/Variable.h"
@@ -98,6 +99,9 @@ public:
     /// The code page of the pages that are made; 65001 is UTF-8.
     std::int32_t GetOutputCodePage() const;
     void SetOutputCodePage(std::int32_t value);
+
+    /// Where whoever makes pages tells what went wrong; nothing: nobody wants to know.
+    Ref<PreviewLog> Log;
 
     struct ProjectEvents {
         Event<> NamespaceExclusionsChanged;

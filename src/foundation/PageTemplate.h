@@ -1,9 +1,11 @@
 #pragma once
 
 #include "foundation/Collection.h"
+#include "foundation/ElementDef.h"
 #include "foundation/Event.h"
 #include "foundation/NamespaceDefs.h"
 #include "foundation/Object.h"
+#include "foundation/TemplateText.h"
 #include "foundation/VariableDef.h"
 
 #include <string>
@@ -24,6 +26,8 @@ struct PageLayout : Object {
     std::string Namespaces;
     /// Used by the template itself, never offered.
     bool Internal = false;
+    /// Names of element definitions that are not offered in this layout, separated by commas.
+    std::string ExcludedElements;
 };
 
 /// The layouts of a template, by name.
@@ -54,6 +58,8 @@ struct TemplateNamespace : Object {
     std::string TypeName() const override { return "TemplateNamespace"; }
 
     std::string Moniker;
+    /// The kinds of elements that its layouts may hold, by name.
+    Collection<Ref<ElementDef>> ElementDefs{KeyComparison::IgnoringCase};
 };
 
 /// A set of page layouts that a project is published with.
@@ -62,13 +68,21 @@ struct PageTemplate : Object {
     Value Get(std::string_view member) const override;
 
     std::string Name;
+    /// What it looks like and what it is good for, in a sentence or two.
+    std::string Description;
     /// Letters; "x" hides the template.
     std::string Options;
+    /// The whole path, without a separator at its end.
     std::string Folder;
     std::string Language;
     std::vector<Ref<TemplateNamespace>> Namespaces;
     /// The variables that projects may set, by name.
     Collection<Ref<VariableDef>> VariableDefs{KeyComparison::IgnoringCase};
+    /// By name.
+    Collection<Ref<TemplateText>> Phrases{KeyComparison::IgnoringCase};
+    Collection<Ref<TemplateText>> Scraps{KeyComparison::IgnoringCase};
+    /// What pages need beside them, such as style sheets: paths below the folder.
+    std::vector<std::string> Files;
     Ref<paperkite::PageLayouts> PageLayouts = MakeRef<paperkite::PageLayouts>();
     Ref<paperkite::NamespaceDefs> NamespaceDefs = MakeRef<paperkite::NamespaceDefs>();
 };

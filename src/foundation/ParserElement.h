@@ -25,8 +25,13 @@ public:
     Collection<Ref<ElementAttribute>> Attributes{KeyComparison::IgnoringCase};
     /// The section that owns this element.
     WeakRef<ParserSection> Section;
-    /// The element as it stands in the template, tags included.
+    /// A tag element exactly as it was read, tags included; empty for literal text and for elements
+    /// that an author made.
     std::string SourceText;
+
+    /// The element as it is written now: as it was read while nobody changed its attributes or
+    /// text, otherwise put together from them.
+    std::string GetSourceText() const;
 };
 
 } // namespace paperkite

@@ -11,7 +11,8 @@
 namespace paperkite::test {
 
 /// A comment editor over the test model, and a configuration of five tags: "##" (general, XML
-/// summary), "#remarks" (XML remarks), "#note" (no XML), "#tab" (with a tab), "#todo" (a flag).
+/// summary), "#remarks" (XML remarks), "#note" (no XML), "#tab" (with a tab that no designer
+/// serves), "#todo" (a flag).
 class CommentEditorFixture : public testing::Test {
 protected:
     CommentEditorFixture() {
@@ -21,6 +22,7 @@ protected:
         Define("#note", "Note");
         Define("#tab", "Tab").TabName = "The tab";
         Tag("#tab").GroupName = "Texts";
+        Tag("#tab").DesignerProgID = "{None}";
         Define("#todo", "To do").TagType = "f";
         Tag("#todo").XMLTags = "todo";
         mItem = mModel.Item("P~A");

@@ -1,6 +1,6 @@
 #include "doctypes/SourceTree.h"
 #include "doctypes/source/SourceNamespaceProvider.h"
-#include "doctypes/source/Utf8.h"
+#include "foundation/Utf8.h"
 #include "support/NarrowWorld.h"
 #include "support/TemporaryFolder.h"
 

@@ -1,5 +1,5 @@
 #include "doctypes/SourceTree.h"
-#include "doctypes/source/Utf8.h"
+#include "foundation/Utf8.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>

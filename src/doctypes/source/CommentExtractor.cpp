@@ -1,7 +1,7 @@
 #include "doctypes/source/CommentExtractor.h"
 
 #include "doctypes/source/CodeMask.h"
-#include "doctypes/source/Utf8.h"
+#include "foundation/Utf8.h"
 
 #include <algorithm>
 #include <array>

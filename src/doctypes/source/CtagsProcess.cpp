@@ -1,7 +1,7 @@
 #include "doctypes/source/CtagsProcess.h"
 
 #include "doctypes/source/ChildProcess.h"
-#include "doctypes/source/Utf8.h"
+#include "foundation/Utf8.h"
 
 #include <cerrno>
 #include <cstring>

@@ -12,7 +12,7 @@
 #include "doctypes/source/RubyRefiner.h"
 #include "doctypes/source/RustRefiner.h"
 #include "doctypes/source/ScriptRefiner.h"
-#include "doctypes/source/Utf8.h"
+#include "foundation/Utf8.h"
 
 #include <algorithm>
 #include <array>

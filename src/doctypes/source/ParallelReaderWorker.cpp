@@ -4,7 +4,7 @@
 #include "doctypes/source/CtagsProcess.h"
 #include "doctypes/source/DeclarationCodec.h"
 #include "doctypes/source/ParameterList.h"
-#include "doctypes/source/Utf8.h"
+#include "foundation/Utf8.h"
 
 #include <cstring>
 #include <exception>

@@ -4,7 +4,7 @@
 #include "doctypes/source/CtagsOptions.h"
 #include "doctypes/source/DeclarationCodec.h"
 #include "doctypes/source/SourceIndexStorage.h"
-#include "doctypes/source/Utf8.h"
+#include "foundation/Utf8.h"
 
 #include <unordered_map>
 #include <utility>

@@ -1,6 +1,6 @@
 #include "doctypes/source/SourceIndexBuilder.h"
 
-#include "doctypes/source/Utf8.h"
+#include "foundation/Utf8.h"
 
 #include <algorithm>
 #include <array>

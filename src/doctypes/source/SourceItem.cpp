@@ -1,9 +1,9 @@
 #include "doctypes/source/SourceItem.h"
 
 #include "doctypes/source/SourceNamespaceProvider.h"
-#include "doctypes/source/Utf8.h"
 #include "foundation/MemberTable.h"
 #include "foundation/Text.h"
+#include "foundation/Utf8.h"
 
 namespace paperkite {
 

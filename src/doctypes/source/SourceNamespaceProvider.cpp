@@ -1,7 +1,7 @@
 #include "doctypes/source/SourceNamespaceProvider.h"
 
-#include "doctypes/source/Utf8.h"
 #include "foundation/Text.h"
+#include "foundation/Utf8.h"
 
 #include <algorithm>
 #include <array>

@@ -37,7 +37,7 @@ std::string DeclarationOf(const Object& item) {
 
 void MainWindow::ShowItem(const Ref<TreeNode>& node) {
     const Ref<Object> item = mWorkspace->GetEditor().cEditor.GetCurrentCodeElement();
-    mWorkspace->GetEditor().cEditor.splitMain->SetVisible(static_cast<bool>(item));
+    mWorkspace->GetEditor().cEditor.UserControl->SetVisible(static_cast<bool>(item));
     mNoItem->SetVisible(!item);
     mSourcePane->SetVisible(static_cast<bool>(item));
     if (item) ShowSource(item);

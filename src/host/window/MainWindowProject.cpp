@@ -107,10 +107,10 @@ void MainWindow::ShowProject(std::unique_ptr<ProjectSession> session,
     mNoItem->SetWordWrap(true);
     const auto right = MakeRef<Container>("right");
     for (const Ref<Control>& control :
-         std::initializer_list<Ref<Control>>{editor.cEditor.splitMain, mNoItem, mSourcePane})
+         std::initializer_list<Ref<Control>>{editor.cEditor.UserControl, mNoItem, mSourcePane})
         right->Controls.Add(control);
     right->SetLayout(
-        FormLayout::Column({FormLayout::Item(editor.cEditor.splitMain, 1),
+        FormLayout::Column({FormLayout::Item(editor.cEditor.UserControl, 1),
                             FormLayout::Item(mNoItem, 1), FormLayout::Item(mSourcePane)}));
     editor.splitMain->SetSecondPane(right);
     AddFinder();

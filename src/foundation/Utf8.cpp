@@ -1,4 +1,4 @@
-#include "doctypes/source/Utf8.h"
+#include "foundation/Utf8.h"
 
 #include <algorithm>
 

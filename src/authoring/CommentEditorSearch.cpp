@@ -1,0 +1,133 @@
+#include "authoring/CommentEditor.h"
+
+#include "foundation/ScopeExit.h"
+#include "foundation/Services.h"
+#include "foundation/Text.h"
+
+namespace paperkite {
+
+namespace {
+
+constexpr const char* kTitle = "Spelling";
+constexpr const char* kCancelled = "The spell check has been cancelled";
+constexpr const char* kCompleted = "The spell check completed successfully";
+
+} // namespace
+
+void CommentEditor::DoFind(const std::string& SearchFor, bool WholeWord, bool CaseSensitive,
+                           bool SearchInHTML) {
+    DoFindReplace(SearchFor, {}, WholeWord, CaseSensitive, SearchInHTML, false);
+}
+
+void CommentEditor::DoReplace(const std::string& SearchFor, const std::string& ReplaceWith,
+                              bool WholeWord, bool CaseSensitive, bool SearchInHTML) {
+    DoFindReplace(SearchFor, ReplaceWith, WholeWord, CaseSensitive, SearchInHTML, true);
+}
+
+void CommentEditor::DoFindReplace(const std::string& SearchFor, const std::string& ReplaceWith,
+                                  bool WholeWord, bool CaseSensitive, bool SearchInHTML,
+                                  bool IsReplace) {
+    Procedure(*this, "DoFindReplace", [&](Frame& frame) {
+        Watch watchFor(frame, "SearchFor", SearchFor);
+        Watch watchWith(frame, "ReplaceWith", ReplaceWith);
+        if (zGoToPage()) {
+            if (IsReplace)
+                InPlaceEditor->DoReplace(SearchFor, ReplaceWith, WholeWord, CaseSensitive,
+                                         SearchInHTML);
+            else
+                InPlaceEditor->DoFind(SearchFor, WholeWord, CaseSensitive, SearchInHTML);
+            return;
+        }
+        for (const auto& item : zTabsInUse()) {
+            item->SetSelected(true);
+            if (!ActiveDesigner || !ActiveDesigner->QueryCapability("FindReplace")) continue;
+            std::vector<Value> arguments{Value(SearchFor)};
+            if (IsReplace) arguments.push_back(Value(ReplaceWith));
+            for (const bool option : {WholeWord, CaseSensitive, SearchInHTML})
+                arguments.push_back(Value(option));
+            ActiveDesigner->Call(IsReplace ? "DoReplace" : "DoFind", arguments);
+        }
+    });
+}
+
+bool CommentEditor::zGoToPage() {
+    const auto main = eb->GetGroup("main");
+    if (main->Count() == 0) return false;
+    const auto first = main->Item(1);
+    if (eb->GetSelectedItem() == first) return true;
+    {
+        // The one call below opens the page, not the selection as well.
+        mPopulating = true;
+        const ScopeExit heedSelection([this] { mPopulating = false; });
+        first->SetSelected(true);
+    }
+    eb_SelChange(first);
+    return true;
+}
+
+std::vector<Ref<GroupItem>> CommentEditor::zTabsInUse() const {
+    std::vector<Ref<GroupItem>> tabs;
+    for (const auto& group : eb->GetGroups())
+        for (const auto& item : *group)
+            if (item->GetBold() && item->GetKey() != "other" && item->GetKey() != "flags")
+                tabs.push_back(item);
+    return tabs;
+}
+
+bool CommentEditor::SpellCheck(bool ShowCompletionMessage, const Ref<Object>& PassedSpell) {
+    return Procedure<bool>(*this, "SpellCheck", [&](bool& result, Frame& frame) {
+        Watch watchShow(frame, "ShowCompletionMessage", ShowCompletionMessage);
+        Watch watchSpell(frame, "PassedSpell", PassedSpell);
+        mSpellCheckCancelled = false;
+        if (GetTaggedComments()->Count() == 0) {
+            result = true;
+            return;
+        }
+        if (zGoToPage())
+            InPlaceEditor->DoSpellCheck(PassedSpell, mSpellCheckCancelled);
+        else
+            zCheckTabs(PassedSpell);
+        if (ShowCompletionMessage)
+            Required(CurrentServices().MessageBox)
+                .Show(mSpellCheckCancelled ? kCancelled : kCompleted, kTitle,
+                      mSpellCheckCancelled ? MessageIcon::Warning : MessageIcon::Information);
+        result = !mSpellCheckCancelled;
+    });
+}
+
+void CommentEditor::zCheckTabs(const Ref<Object>& PassedSpell) {
+    for (const auto& item : zTabsInUse()) {
+        item->SetSelected(true);
+        if (ActiveDesigner && ActiveDesigner->QueryCapability("SpellCheck")) {
+            if (CurrentServices().RunPendingEvents) CurrentServices().RunPendingEvents();
+            ActiveDesigner->SpellCheck(PassedSpell, mSpellCheckCancelled);
+        }
+        if (mSpellCheckCancelled || CancelSpellCheck) return;
+    }
+}
+
+void CommentEditor::SetSpellOptions(const SpellOptions& value) {
+    Procedure(*this, "SetSpellOptions", [&](Frame&) {
+        mSpellOptions = value;
+        InPlaceEditor->SetSpellOptions(value);
+        const auto fixed = zFixedDesigner();
+        if (fixed && fixed->GetEditor()) fixed->GetEditor()->SetSpellOptions(value);
+    });
+}
+
+void CommentEditor::AddIgnoreAll(const std::string& Word) {
+    Procedure(*this, "AddIgnoreAll", [&](Frame& frame) {
+        Watch watchWord(frame, "Word", Word);
+        const auto fixed = zFixedDesigner();
+        if (fixed && fixed->GetEditor()) fixed->GetEditor()->AddIgnoreAll(Word);
+        InPlaceEditor->AddIgnoreAll(Word);
+    });
+}
+
+bool CommentEditor::GetSpellCheckInProgress() const {
+    return Procedure<bool>(*this, "SpellCheckInProgress", [&](bool& result, Frame&) {
+        result = ActiveDesigner && ActiveDesigner->QueryCapability("spellcheckinprogress");
+    });
+}
+
+} // namespace paperkite

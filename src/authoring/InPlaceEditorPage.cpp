@@ -1,0 +1,178 @@
+#include "authoring/InPlaceEditor.h"
+
+#include "foundation/ScopeExit.h"
+#include "foundation/Services.h"
+#include "foundation/Text.h"
+#include "foundation/Utilities.h"
+
+namespace paperkite {
+
+namespace {
+
+constexpr std::string_view kPlaceId = "TaggedComment";
+constexpr const char* kSeparator = "|";
+constexpr const char* kOverloads = "##OVERLOADS";
+constexpr const char* kBlank = "&nbsp;";
+constexpr const char* kEmptiedSpan = "<p>&nbsp;</p>";
+constexpr const char* kMisspelled = "kiteMisspelled";
+// A host whose comments are held in this way lists the overloads of the project only.
+constexpr int kProjectOverloads = 2;
+
+bool IsPlace(const Ref<HTMLElement>& span) {
+    return span->GetId().starts_with(kPlaceId);
+}
+
+std::string NameIn(const Ref<HTMLElement>& span) {
+    return Utilities::Token(span->GetId(), kSeparator, 2);
+}
+
+std::string TagIn(const Ref<HTMLElement>& span) {
+    return Utilities::Token(span->GetId(), kSeparator, 3);
+}
+
+std::string WithoutOuterBlanks(std::string text) {
+    const std::string_view blank = kBlank;
+    if (text.starts_with(blank)) text.erase(0, blank.size());
+    if (text.ends_with(blank)) text.erase(text.size() - blank.size());
+    return text;
+}
+
+bool IsProjectOf(const Ref<Object>& item, const std::string& extension) {
+    if (!IsType(item, "CodeProject") && !IsType(item, "ProjectItem")) return false;
+    std::string found;
+    Ignoring([&] {
+        found =
+            item->Get("Assembly").ToObject()->Get("FileName").ToObject()->Get("Extension").ToText();
+    });
+    return LowerCase(found) == extension;
+}
+
+bool IsBlock(const Ref<Object>& item) {
+    return IsType(item, "Block") || IsType(item, "BlockElement");
+}
+
+} // namespace
+
+void InPlaceEditor::ed_DocumentComplete() {
+    Procedure(*this, "ed_DocumentComplete", [&](Frame&) {
+        {
+            // A place that fails must not leave the page deaf.
+            const ScopeExit loaded([this] {
+                mResetUndo = true;
+                mLoading = false;
+            });
+            for (const auto& span : ed->GetDocument()->Tags("SPAN"))
+                if (IsPlace(span)) zMakePlaceEditable(span);
+            zDeleteScratchFile();
+        }
+        Events.DocumentComplete.Raise();
+    });
+}
+
+void InPlaceEditor::zMakePlaceEditable(const Ref<HTMLElement>& span) {
+    if (InPopupBubble(span)) {
+        span->GetParentElement()->SetInnerHTML({});
+        return;
+    }
+    const auto obj = mHost->ICommentDesignerHost_GetObjectFromQualifiedName(NameIn(span));
+    if (!obj) return;
+    const std::string TagIdentifier = TagIn(span);
+    if (zIsSkipped(obj, TagIdentifier)) {
+        span->GetParentElement()->GetParentElement()->SetOuterHTML({});
+        return;
+    }
+    const auto tc = FindTaggedComment(obj, TagIdentifier);
+    if (!tc) return;
+    const auto place = ed->GetDocument()->CreateElement("SPAN");
+    place->SetInnerHTML(tc->GetText());
+    place->SetAttribute("contenteditable", "true");
+    place->SetId(span->GetId());
+    place->SetAttribute("style", "width: 100%");
+    if (const auto hint = span->GetAttribute("data-placeholder"))
+        place->SetAttribute("data-placeholder", *hint);
+    const int tCommentState = tc->GetState();
+    tc->SetText(place->GetInnerHTML());
+    tc->SetState(tCommentState);
+    span->InsertAdjacentElement(InsertPosition::AfterEnd, place);
+    span->SetOuterHTML({});
+}
+
+bool InPlaceEditor::zIsSkipped(const Ref<Object>& obj, const std::string& TagIdentifier) const {
+    if (IsProjectOf(obj, "csproj")) return true;
+    if (!EqualIgnoringCase(TagIdentifier, kOverloads) || !IsBlock(obj)) return false;
+    const bool ofProject =
+        static_cast<int>(mHost->ICommentDesignerHost_CommentType()) == kProjectOverloads;
+    return !obj->Get(ofProject ? "HasOverloadsInProject" : "HasOverloads").ToBoolean();
+}
+
+bool InPlaceEditor::InPopupBubble(const Ref<HTMLElement>& Element) {
+    for (Ref<HTMLElement> at = Element; at; at = at->GetParentElement())
+        if (EqualIgnoringCase(at->GetTagName(), "DIV") && at->GetClassName() == "popupbubble")
+            return true;
+    return false;
+}
+
+Ref<TaggedComment> InPlaceEditor::FindTaggedComment(const Ref<Object>& Item,
+                                                    const std::string& TagIdentifier) const {
+    const auto all = Item->Get("TaggedComments").ToObjectOf<TaggedCommentCollection>();
+    // What UnDeletedTaggedComments holds, without making a collection for each place of a page.
+    for (const auto& comment : *all)
+        if (comment->GetState() != kTaggedCommentTombstone &&
+            EqualIgnoringCase(comment->GetTagIdentifier(), TagIdentifier))
+            return comment;
+    return {};
+}
+
+Ref<TaggedComment> InPlaceEditor::NewTaggedComment(const std::string& TagIdentifier,
+                                                   const std::string& Text) {
+    const auto comment = MakeRef<TaggedComment>();
+    comment->SetItem(mCodeElement);
+    comment->SetTagIdentifier(TagIdentifier);
+    comment->SetText(Text);
+    comment->SetState(kTaggedCommentNew);
+    return comment;
+}
+
+void InPlaceEditor::ed_EditableSpanChanged(const Ref<HTMLElement>& Span) {
+    Procedure(*this, "ed_EditableSpanChanged", [&](Frame& frame) {
+        Watch watchSpan(frame, "Span", Span);
+        if (mLoading || mIgnoreChanges || !IsPlace(Span)) return;
+        const auto obj = mHost->ICommentDesignerHost_GetObjectFromQualifiedName(NameIn(Span));
+        if (!obj) return;
+        const std::string TagIdentifier = TagIn(Span);
+        const auto tc = FindTaggedComment(obj, TagIdentifier);
+        const std::string OldText = tc ? TrimBlanks(tc->GetText()) : std::string();
+        const std::string NewText = WithoutOuterBlanks(TrimBlanks(GetStrippedHTML(Span)));
+        if (NewText != OldText) zStoreText(obj, TagIdentifier, NewText);
+    });
+}
+
+void InPlaceEditor::zStoreText(const Ref<Object>& obj, const std::string& TagIdentifier,
+                               const std::string& NewText) {
+    Ref<TaggedComment> tc = FindTaggedComment(obj, TagIdentifier);
+    const bool cleared = NewText.empty() || EqualIgnoringCase(NewText, kEmptiedSpan);
+    if (!cleared && !tc) {
+        tc = NewTaggedComment(TagIdentifier, NewText);
+        tc->SetItem(obj);
+        mHost->ICommentDesignerHost_TaggedCommentAdded(obj, tc);
+    } else if (!cleared) {
+        tc->SetText(NewText);
+        mHost->ICommentDesignerHost_TaggedCommentChanged(obj, tc);
+    } else if (tc) {
+        mHost->ICommentDesignerHost_TaggedCommentDeleted(obj, tc);
+    }
+}
+
+std::string InPlaceEditor::GetStrippedHTML(const Ref<HTMLElement>& Element) {
+    return Procedure<std::string>(*this, "GetStrippedHTML", [&](std::string& result, Frame&) {
+        mIgnoreChanges = true;
+        const ScopeExit heedChanges([this] { mIgnoreChanges = false; });
+        const auto clone = ed->GetDocument()->CreateElement(Element->GetTagName());
+        clone->SetInnerHTML(Element->GetInnerHTML());
+        for (const auto& span : clone->Tags("SPAN"))
+            if (span->GetClassName() == kMisspelled) ed->RemoveElementKeepContents(span);
+        result = clone->GetInnerHTML();
+    });
+}
+
+} // namespace paperkite
