@@ -4,6 +4,7 @@
 #include "host/Commands.h"
 #include "host/HomelessCommand.h"
 #include "host/MergeCommand.h"
+#include "host/PreviewCommand.h"
 
 #include <CLI/CLI.hpp>
 
@@ -29,6 +30,7 @@ struct Arguments {
     CoverageCommand Coverage;
     HomelessCommand Homeless;
     MergeCommand Merge;
+    PreviewCommand Preview;
     ScreenshotRequest Screenshot;
     std::string Size = "1280x800";
     bool Json = false;
@@ -137,6 +139,20 @@ void AddHomeless(CLI::App& app, Arguments& arguments) {
     command->add_flag("--json", arguments.Json, "Print JSON");
 }
 
+void AddPreview(CLI::App& app, Arguments& arguments) {
+    CLI::App* command = AddCommand(app, arguments, "preview",
+                                   "Make the page of an item as its template would publish it");
+    AddItem(command, arguments, true);
+    PreviewCommand& preview = arguments.Preview;
+    command->add_option("--template", preview.Template,
+                        "A page template by its name, or by the path of its folder");
+    command->add_option("--layout", preview.Layout, "A layout of the template by its name");
+    command->add_flag("--edit", preview.Edit, "Mark every place of a comment, as for editing");
+    command->add_option("--out", preview.Out,
+                        "The file to write (.html), with what the page needs beside it; otherwise "
+                        "the page is printed");
+}
+
 int RunChosen(const CLI::App& app, Arguments& arguments, const WindowCommands& windows,
               Output& output) {
     const auto chosen = app.get_subcommands();
@@ -156,6 +172,7 @@ int RunChosen(const CLI::App& app, Arguments& arguments, const WindowCommands& w
         return windows.Screenshot(request);
     }
     CommandTarget target{arguments.Project, arguments.Item};
+    if (name == "preview") return arguments.Preview.Run(target, output);
     if (name == "tree") return arguments.Tree.Run(target, output);
     if (name == "comments") return RunComments(target, output);
     if (name == "comment") return arguments.Comment.Run(target, output);
@@ -182,6 +199,7 @@ int RunCommandLine(int argc, const char* const* argv, const WindowCommands& wind
     AddScreenshot(app, arguments);
     AddHomeless(app, arguments);
     AddMerge(app, arguments);
+    AddPreview(app, arguments);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

@@ -4,6 +4,8 @@
 #include "foundation/Services.h"
 #include "model/CommentPipeModel.h"
 #include "model/ConfigurationReader.h"
+#include "model/PageTemplateDocument.h"
+#include "model/TemplateParser.h"
 #include "platform/files/LocalFileSystem.h"
 #include "platform/settings/SettingsRegistry.h"
 
@@ -40,11 +42,16 @@ std::shared_ptr<ModelControlHelper> InstallHeadlessServices(const std::string& a
     services.FileSystem = std::make_shared<LocalFileSystem>();
     services.ControlHelper = helper;
     services.CreateCommentPipe = [] { return MakeRef<CommentPipeModel>(); };
+    services.CreateParserTemplate = [] { return MakeRef<TemplateParser>(); };
     services.ApplicationFolder = applicationFolder;
     const std::string configuration = applicationFolder + "/config";
     if (const auto problem =
             ConfigurationReader::Load(configuration, GlobalConfig().TaggedCommentDefs))
         std::cerr << problem->Message() << '\n';
+    GlobalConfig().Templates.Clear();
+    for (const FileProblem& problem :
+         PageTemplateDocument::OpenAll(applicationFolder + "/templates", GlobalConfig().Templates))
+        std::cerr << problem.Message() << '\n';
     return helper;
 }
 

@@ -104,8 +104,20 @@ private:
     template <class Look>
     void Walk(const Look& look) {
         mItems.ForEachItem([&](const ItemPlace& item) {
-            if (MayGoOn()) look(item);
+            if (!MayGoOn()) return;
+            look(item);
+            // Few parts are homeless, so that those of few items need be looked at.
+            if (MayHoldWanted(item)) mItems.ForEachPart(item.QualifiedName, look);
         });
+    }
+
+    static bool IsPart(const Name& name) { return name.Bare.starts_with(':'); }
+
+    /// Whether the item may be what a homeless part belonged to.
+    bool MayHoldWanted(const ItemPlace& item) const {
+        if (mPartOwners.empty()) return false;
+        return mPartOwners.contains(std::string(Name(item.QualifiedName).Bare)) ||
+               mByNewPlace.contains(item.QualifiedName);
     }
 
     bool MayGoOn() {
@@ -120,6 +132,7 @@ private:
         mByBare[std::string(name.Bare)].push_back(at);
         mByPlace[std::string(name.Place)].push_back(at);
         mByName[entry.QualifiedName] = at;
+        if (IsPart(name)) mPartOwners.insert(std::string(Name(name.Place).Bare));
         mLevels.emplace_back(*mStore.Find(entry.QualifiedName));
     }
 
@@ -233,6 +246,8 @@ private:
         Home home{item.QualifiedName, item.Kind, {}, 0};
         const bool isSamePlace = gone.Place == name.Place || isNewPlace;
         const bool hasMembers = HasSameMembers(at, item.QualifiedName);
+        // A parameter becomes no class, and nothing but a parameter becomes one.
+        if (IsPart(gone) != IsPart(name)) return;
         const int alike = gone.Bare == name.Bare ? kSameName
                           : hasMembers           ? kSameMembers
                                                  : SimilarityOf(gone.Bare, name.Bare);
@@ -242,7 +257,7 @@ private:
         const double siblings = ShareOfSiblings(gone.Place, name.Place);
         home.Likeness += static_cast<int>(siblings * kSiblingsThere);
         if (!mStore.IsDocumented(item.QualifiedName)) home.Likeness += kFreeOfComments;
-        if (!mLevels[at].Permit(item.Namespace)) home.Likeness += kWrongKind;
+        if (!IsPart(name) && !mLevels[at].Permit(item.Namespace)) home.Likeness += kWrongKind;
         home.Likeness = std::min(home.Likeness, 100);
         if (home.Likeness < kLeastLikeness) return;
         home.Reason = isNewPlace ? "similar name, in what its place seems to be now"
@@ -300,6 +315,8 @@ private:
     std::unordered_map<std::string, std::vector<std::size_t>> mByBare;
     std::unordered_map<std::string, std::vector<std::size_t>> mByPlace;
     std::unordered_map<std::string, std::size_t> mByName;
+    /// What the items around homeless parts are called.
+    std::set<std::string> mPartOwners;
     std::unordered_map<std::string, std::set<std::size_t>> mTogether;
     std::unordered_map<std::string, std::pair<std::size_t, std::string>> mBestTogether;
     std::unordered_map<std::string, std::vector<std::size_t>> mByNewPlace;

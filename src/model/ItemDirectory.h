@@ -21,6 +21,10 @@ class ItemDirectory {
 public:
     virtual ~ItemDirectory() = default;
     virtual void ForEachItem(const std::function<void(const ItemPlace&)>& visit) const = 0;
+    /// Lists what is in an item and has comments of its own, but is not listed as an item: its
+    /// parameters. Most have none.
+    virtual void ForEachPart(const std::string&,
+                             const std::function<void(const ItemPlace&)>&) const {}
 };
 
 } // namespace paperkite

@@ -24,6 +24,9 @@ constexpr LibraryHeaders kLibraries[] = {{"Q[A-Z][A-Za-z]*|Qt[A-Za-z]*/.*", "Qt6
                                          {"simdjson\\.h", "simdjson"},
                                          {"CLI/.*", "CLI11"},
                                          {"nlohmann/.*", "nlohmann_json"},
+                                         {"gumbo\\.h", "gumbo"},
+                                         {"tidy/.*", "tidy"},
+                                         {"hunspell/.*", "hunspell-1.7"},
                                          {"(gtest|gmock)/.*", "GTest"}};
 
 /// What the system itself gives, from the open levels on.

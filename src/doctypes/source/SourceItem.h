@@ -30,6 +30,7 @@ public:
     Value Get(std::string_view member) const override;
     void Set(std::string_view member, const Value& value) override;
 
+    SourceNamespaceProvider& GetProvider() const { return mProvider; }
     const SourceIndex& GetIndex() const;
     SourceIndex::Id GetEntity() const { return mEntity; }
     std::size_t GetRoot() const { return mRoot; }

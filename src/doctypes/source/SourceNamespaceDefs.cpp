@@ -3,6 +3,7 @@
 #include "doctypes/source/SourceNamespaceProvider.h"
 #include "foundation/Text.h"
 
+#include <algorithm>
 #include <array>
 #include <set>
 
@@ -128,6 +129,17 @@ Ref<NamespaceDefs> MakeSourceNamespaceDefs(const std::vector<const SourceIndex*>
         definitions[parent]->SetChildDefs(children);
     }
     return root;
+}
+
+std::string_view PluralText(SourceKind kind) {
+    for (const Level& level : kLevels)
+        if (level.Kind == kind) return level.Plural;
+    return KindText(kind);
+}
+
+bool IsTopic(SourceKind kind) {
+    return std::any_of(std::begin(kLevels), std::end(kLevels),
+                       [&](const Level& level) { return level.Kind == kind && level.IsTopic; });
 }
 
 Ref<ImageList> MakeSourceImages() {

@@ -4,6 +4,7 @@
 #include "foundation/NamespaceDefs.h"
 #include "widgets/Picture.h"
 
+#include <string_view>
 #include <vector>
 
 namespace paperkite {
@@ -14,6 +15,12 @@ namespace paperkite {
 ///
 /// Definitions are named "kite.source:" and the kind; the item type is the kind ("Class").
 Ref<NamespaceDefs> MakeSourceNamespaceDefs(const std::vector<const SourceIndex*>& indexes);
+
+/// What many items of a kind are called: "Classes".
+std::string_view PluralText(SourceKind kind);
+
+/// Whether items of a kind are published as topics of their own and can be ticked.
+bool IsTopic(SourceKind kind);
 
 /// The pictures that the definitions name, and those of groups.
 Ref<ImageList> MakeSourceImages();

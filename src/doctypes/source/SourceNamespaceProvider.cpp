@@ -1,5 +1,6 @@
 #include "doctypes/source/SourceNamespaceProvider.h"
 
+#include "doctypes/source/ParameterStep.h"
 #include "foundation/Text.h"
 #include "foundation/Utf8.h"
 
@@ -84,7 +85,7 @@ void SortByName(const SourceIndex& index, std::vector<Sortable>& entries) {
 
 void SourceNamespaceProvider::AddRoot(SourceIndex index, const std::string& folder) {
     mRoots.push_back(std::make_unique<Root>(
-        Root{std::move(index), folder, std::make_unique<CommentExtractor>(folder), {}}));
+        Root{std::move(index), folder, std::make_unique<CommentExtractor>(folder), {}, {}}));
 }
 
 Ref<Object> SourceNamespaceProvider::GetRootItem(Ref<NamespaceDef>&, const std::string&) {
@@ -96,12 +97,29 @@ Ref<Object> SourceNamespaceProvider::GetRootItem(Ref<NamespaceDef>&, const std::
 Ref<Object> SourceNamespaceProvider::GetItem(const std::string& qualifiedName) {
     // Whoever adds children asks for their parent each time.
     if (mLastItem && mLastName == qualifiedName) return mLastItem;
-    for (std::size_t root = 0; root < mRoots.size(); ++root)
-        if (const auto entity = mRoots[root]->Index.Find(qualifiedName)) {
-            mLastItem = ItemOf(root, *entity);
-            mLastName = qualifiedName;
-            return mLastItem;
+    Ref<Object> item = FindItem(qualifiedName);
+    if (!item && qualifiedName.find("%7C") != std::string::npos)
+        item = FindItem(ReplaceAll(qualifiedName, "%7C", "|"));
+    if (!item) return {};
+    mLastItem = item;
+    mLastName = qualifiedName;
+    return item;
+}
+
+Ref<Object> SourceNamespaceProvider::FindItem(const std::string& qualifiedName) {
+    const bool isParameter = IsParameterName(qualifiedName);
+    for (std::size_t root = 0; root < mRoots.size(); ++root) {
+        if (!isParameter) {
+            if (const auto entity = mRoots[root]->Index.Find(qualifiedName))
+                return ItemOf(root, *entity);
+        } else if (const auto place = FindParameter(mRoots[root]->Index, qualifiedName)) {
+            Ref<ParameterItem>& item = mParameters[qualifiedName];
+            if (!item)
+                item = MakeRef<ParameterItem>(ItemOf(root, place->Callable), place->Position,
+                                              qualifiedName);
+            return item;
         }
+    }
     return {};
 }
 
@@ -147,13 +165,23 @@ Ref<SourceItem> SourceNamespaceProvider::ItemOf(std::size_t root, SourceIndex::I
 
 std::optional<SourceComment>
 SourceNamespaceProvider::CommentInSource(const SourceItem& item) const {
-    Root& root = *mRoots[item.GetRoot()];
-    return root.Comments->Find(root.Index, item.GetEntity());
+    return CommentInSource(item.GetRoot(), item.GetEntity());
+}
+
+std::optional<SourceComment>
+SourceNamespaceProvider::CommentInSource(std::size_t root, SourceIndex::Id entity) const {
+    return mRoots[root]->Comments->Find(mRoots[root]->Index, entity);
+}
+
+const TypeRelations& SourceNamespaceProvider::GetTypeRelations(std::size_t root) const {
+    auto& relations = mRoots[root]->Relations;
+    if (!relations) relations = std::make_unique<TypeRelations>(mRoots[root]->Index);
+    return *relations;
 }
 
 bool SourceNamespaceProvider::Exists(const std::string& qualifiedName) const {
     return std::any_of(mRoots.begin(), mRoots.end(), [&](const auto& root) {
-        return root->Index.Find(qualifiedName).has_value();
+        return root->Index.Find(qualifiedName) || FindParameter(root->Index, qualifiedName);
     });
 }
 
@@ -182,6 +210,20 @@ void SourceNamespaceProvider::ForEachItem(
             visit({index.QualifiedName(entity), std::string(index.KindText(entity)),
                    std::string(kSourceMoniker).append(":").append(KindText(index.Kind(entity))),
                    std::string(index.Signature(entity))});
+    }
+}
+
+void SourceNamespaceProvider::ForEachPart(
+    const std::string& qualifiedName, const std::function<void(const ItemPlace&)>& visit) const {
+    for (const auto& root : mRoots) {
+        const auto callable = root->Index.Find(qualifiedName);
+        if (!callable) continue;
+        const auto parameters = root->Index.Parameters(*callable);
+        for (std::size_t position = 0; position < parameters.size(); ++position)
+            visit({qualifiedName + "~" + ParameterStep(parameters, position),
+                   "Parameter",
+                   std::string(kSourceMoniker) + ":Parameter",
+                   {}});
     }
 }
 

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "doctypes/source/CommentExtractor.h"
+#include "doctypes/source/ParameterItem.h"
 #include "doctypes/source/SourceDataProvider.h"
 #include "doctypes/source/SourceIndex.h"
 #include "doctypes/source/SourceItem.h"
+#include "doctypes/source/TypeRelations.h"
 #include "foundation/NamespaceProvider.h"
 #include "model/CommentStore.h"
 #include "model/CoverageSource.h"
@@ -13,6 +15,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace paperkite {
@@ -40,6 +43,8 @@ public:
     Ref<DataProvider> GetDataProvider() override { return mDataProvider; }
     /// The first root, whatever the moniker; error 91 before any was added.
     Ref<Object> GetRootItem(Ref<NamespaceDef>& definition, const std::string& moniker) override;
+    /// Parameters of callables too. "%7C" stands for "|", which the ids of page places part their
+    /// fields with.
     Ref<Object> GetItem(const std::string& qualifiedName) override;
     Ref<Object> ItemByQualifiedName(const std::string& qualifiedName) override;
     /// Sorted by name, letter case ignored; overloads in the order of the source.
@@ -52,12 +57,19 @@ public:
     Ref<SourceItem> ItemOf(std::size_t root, SourceIndex::Id entity);
     /// The comment that stands at an item in the source, read from the file when it is asked for.
     std::optional<SourceComment> CommentInSource(const SourceItem& item) const;
+    std::optional<SourceComment> CommentInSource(std::size_t root, SourceIndex::Id entity) const;
+    /// Which types of a root derive from which; made on first use.
+    const TypeRelations& GetTypeRelations(std::size_t root) const;
 
-    /// Every item but the roots that is not private, nor inside a private one.
+    /// Parameters exist as long as their callables have them.
     bool Exists(const std::string& qualifiedName) const override;
+    /// Every item but the roots that is not private, nor inside a private one.
     void ForEach(const std::function<void(const CoverageRow&)>& visit) const override;
     /// Every item but the roots, private ones too.
     void ForEachItem(const std::function<void(const ItemPlace&)>& visit) const override;
+    /// The parameters of a callable.
+    void ForEachPart(const std::string& qualifiedName,
+                     const std::function<void(const ItemPlace&)>& visit) const override;
     /// Every entity's qualified name, for suggestions; the visitor ends it with false.
     void ForEachName(const std::function<bool(const std::string&)>& visit) const;
 
@@ -69,7 +81,10 @@ private:
         /// By entity; empty until the first one is asked for, nothing for those that nobody asked
         /// for.
         std::vector<Ref<SourceItem>> Items;
+        std::unique_ptr<TypeRelations> Relations = nullptr;
     };
+
+    Ref<Object> FindItem(const std::string& qualifiedName);
 
     Ref<CommentStore> mComments;
     Ref<SourceDataProvider> mDataProvider = MakeRef<SourceDataProvider>();
@@ -81,7 +96,9 @@ private:
         std::string Text;
     } mName;
     std::string mLastName;
-    Ref<SourceItem> mLastItem;
+    Ref<Object> mLastItem;
+    /// Those that somebody asked for, by their qualified names.
+    std::unordered_map<std::string, Ref<ParameterItem>> mParameters;
 };
 
 } // namespace paperkite

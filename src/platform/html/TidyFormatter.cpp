@@ -1,0 +1,186 @@
+#include "foundation/HtmlTokens.h"
+#include "foundation/Text.h"
+#include "foundation/Unicode.h"
+#include "platform/html/HtmlContent.h"
+#include "platform/html/HtmlServices.h"
+#include "platform/html/NestingDepth.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+#include <tidy/tidy.h>
+#include <tidy/tidybuffio.h>
+
+namespace paperkite {
+
+namespace {
+
+/// Tidy calls itself for each level.
+constexpr std::size_t kDeepestForTidy = 400;
+/// More than so many tags of one's own are no HTML.
+constexpr std::size_t kMostNewTags = 200;
+
+struct Option {
+    const char* Name;
+    const char* Value;
+};
+
+constexpr Option kOptions[] = {
+    // Readable lines, and nothing else new.
+    {"indent", "auto"},
+    {"indent-spaces", "2"},
+    {"wrap", "0"},
+    {"newline", "LF"},
+    {"char-encoding", "utf8"},
+    {"output-bom", "no"},
+    {"output-html", "yes"},
+    {"tidy-mark", "no"},
+    {"doctype", "omit"},
+    {"quiet", "yes"},
+    {"show-warnings", "no"},
+    {"show-errors", "0"},
+    {"force-output", "yes"},
+    // Whatever stands there stays.
+    {"drop-empty-elements", "no"},
+    {"drop-empty-paras", "no"},
+    {"merge-divs", "no"},
+    {"merge-spans", "no"},
+    {"merge-emphasis", "no"},
+    {"coerce-endtags", "no"},
+    {"fix-style-tags", "no"},
+    {"fix-backslash", "no"},
+    {"fix-bad-comments", "no"},
+    {"fix-uri", "no"},
+    {"skip-nested", "no"},
+    {"anchor-as-name", "no"},
+    {"lower-literals", "no"},
+    {"literal-attributes", "yes"},
+    {"escape-scripts", "no"},
+    {"keep-tabs", "yes"},
+    {"custom-tags", "inline"}};
+
+/// Elements that Tidy knows, sorted.
+constexpr std::string_view kKnown[] = {
+    "a",         "abbr",       "acronym",  "address", "applet",   "area",       "article",
+    "aside",     "audio",      "b",        "base",    "basefont", "bdi",        "bdo",
+    "big",       "blockquote", "body",     "br",      "button",   "canvas",     "caption",
+    "center",    "cite",       "code",     "col",     "colgroup", "data",       "datalist",
+    "dd",        "del",        "details",  "dfn",     "dialog",   "dir",        "div",
+    "dl",        "dt",         "em",       "embed",   "fieldset", "figcaption", "figure",
+    "font",      "footer",     "form",     "frame",   "frameset", "h1",         "h2",
+    "h3",        "h4",         "h5",       "h6",      "head",     "header",     "hgroup",
+    "hr",        "html",       "i",        "iframe",  "img",      "input",      "ins",
+    "isindex",   "kbd",        "keygen",   "label",   "legend",   "li",         "link",
+    "listing",   "main",       "map",      "mark",    "math",     "menu",       "menuitem",
+    "meta",      "meter",      "nav",      "nobr",    "noframes", "noscript",   "object",
+    "ol",        "optgroup",   "option",   "output",  "p",        "param",      "picture",
+    "plaintext", "pre",        "progress", "q",       "rb",       "rp",         "rt",
+    "rtc",       "ruby",       "s",        "samp",    "script",   "section",    "select",
+    "slot",      "small",      "source",   "span",    "strike",   "strong",     "style",
+    "sub",       "summary",    "sup",      "svg",     "table",    "tbody",      "td",
+    "template",  "textarea",   "tfoot",    "th",      "thead",    "time",       "title",
+    "tr",        "track",      "tt",       "u",       "ul",       "var",        "video",
+    "wbr",       "xmp"};
+static_assert(std::ranges::is_sorted(kKnown));
+
+/// The names that Tidy has to be told, or nothing where it cannot be.
+std::optional<std::string> NewTags(const HtmlContent& content) {
+    std::string names;
+    std::size_t count = 0;
+    for (const auto& [name, times] : content.Elements()) {
+        if (std::ranges::binary_search(kKnown, name)) continue;
+        const bool isPlain =
+            name.find_first_not_of("abcdefghijklmnopqrstuvwxyz0123456789-_.:") == std::string::npos;
+        if (!isPlain || ++count > kMostNewTags) return std::nullopt;
+        names += (names.empty() ? "" : ", ") + name;
+    }
+    return names;
+}
+
+/// One use of the library.
+class TidyRun {
+public:
+    TidyRun() {
+        tidyBufInit(&mOutput);
+        tidyBufInit(&mMessages);
+        tidySetErrorBuffer(mDocument, &mMessages);
+        for (const Option& option : kOptions)
+            Set(option.Name, option.Value);
+    }
+    ~TidyRun() {
+        tidyRelease(mDocument);
+        tidyBufFree(&mOutput);
+        tidyBufFree(&mMessages);
+    }
+    TidyRun(const TidyRun&) = delete;
+    TidyRun& operator=(const TidyRun&) = delete;
+
+    void Set(const char* name, const char* value) { tidyOptParseValue(mDocument, name, value); }
+
+    std::optional<std::string> Run(const std::string& html) {
+        if (tidyParseString(mDocument, html.c_str()) < 0) return std::nullopt;
+        if (tidyCleanAndRepair(mDocument) < 0) return std::nullopt;
+        if (tidySaveBuffer(mDocument, &mOutput) < 0 || !mOutput.bp) return std::nullopt;
+        return std::string(reinterpret_cast<const char*>(mOutput.bp), mOutput.size);
+    }
+
+private:
+    TidyDoc mDocument = tidyCreate();
+    TidyBuffer mOutput{};
+    TidyBuffer mMessages{};
+};
+
+/// The document type line of a text; empty for none.
+std::string DocumentTypeOf(const std::string& html) {
+    HtmlTokens tokens(html);
+    for (HtmlToken token; tokens.Next(token);) {
+        const std::string text = html.substr(token.From, token.To - token.From);
+        if (token.What == HtmlToken::Kind::Comment) {
+            if (EqualIgnoringCase(text.substr(0, 9), "<!doctype")) return text + "\n";
+        } else if (!TrimWhiteSpace(text).empty()) {
+            break;
+        }
+    }
+    return {};
+}
+
+/// Takes away the empty title that Tidy gives to documents without one, with its line.
+void RemoveOwnTitle(std::string& text) {
+    constexpr std::string_view kTitle = "<title></title>";
+    std::size_t from = text.find(kTitle);
+    if (from == std::string::npos) return;
+    std::size_t to = from + kTitle.size();
+    while (from > 0 && text[from - 1] == ' ')
+        --from;
+    if (to < text.size() && text[to] == '\n') ++to;
+    text.erase(from, to - from);
+}
+
+class TidyFormatter : public HTMLTidy {
+public:
+    std::string TidyHTML(const std::string& html, bool bodyOnly) override {
+        if (html.find('\0') != std::string::npos || !HoldsOnlyUtf8(html) ||
+            FindTooDeep(html, kDeepestForTidy) != std::string_view::npos)
+            return html;
+        const HtmlContent before(html);
+        const auto newTags = NewTags(before);
+        if (!newTags) return html;
+        TidyRun run;
+        run.Set("show-body-only", bodyOnly ? "yes" : "no");
+        if (!newTags->empty()) run.Set("new-inline-tags", newTags->c_str());
+        auto tidied = run.Run(html);
+        if (!tidied) return html;
+        if (before.CountOf("title") == 0) RemoveOwnTitle(*tidied);
+        if (!before.IsKeptBy(HtmlContent(*tidied))) return html;
+        return bodyOnly ? *tidied : DocumentTypeOf(html) + *tidied;
+    }
+};
+
+} // namespace
+
+std::shared_ptr<HTMLTidy> MakeHTMLTidy() {
+    return std::make_shared<TidyFormatter>();
+}
+
+} // namespace paperkite
