@@ -151,6 +151,9 @@ public:
 
     // Searching and spelling
 
+    /// Whether DoFind and DoReplace, and DoSpellCheck, are there to be used.
+    bool CanFind() const;
+    bool CanCheckSpelling() const;
     /// Selects the next place behind the selection, from the beginning again at the end. With
     /// searchInHTML the text between "<" and ">" counts too.
     void DoFind(const std::string& searchFor, bool wholeWord, bool caseSensitive,

@@ -26,6 +26,14 @@ std::string WithPlainBlanks(std::string text) {
 
 } // namespace
 
+bool HtmlEdit::CanFind() const {
+    return false;
+}
+
+bool HtmlEdit::CanCheckSpelling() const {
+    return false;
+}
+
 void HtmlEdit::DoFind(const std::string&, bool, bool, bool) {
     RaiseNotAvailable("Searching");
 }

@@ -27,7 +27,7 @@ HtmlEditMenu::HtmlEditMenu(const Ref<HtmlEdit>& edit, WebSurface& surface,
     if (mCanEdit) AddTable(request.InTable);
     if (defaultOnly) return;
     addSeparator();
-    AddTool(*this, tr("Look at the &HTML"), "view-source", "ViewSource");
+    AddTool(*this, tr("Look at the &HTML"), "text-html", "ViewSource");
 }
 
 QAction* HtmlEditMenu::AddTool(QMenu& menu, const QString& text, const char* icon, const char* tool,
