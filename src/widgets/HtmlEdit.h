@@ -151,6 +151,9 @@ public:
 
     // Searching and spelling
 
+    /// Whether DoFind and DoReplace, and DoSpellCheck, are there to be used.
+    bool CanFind() const;
+    bool CanCheckSpelling() const;
     /// Selects the next place behind the selection, from the beginning again at the end. With
     /// searchInHTML the text between "<" and ">" counts too.
     void DoFind(const std::string& searchFor, bool wholeWord, bool caseSensitive,
@@ -168,6 +171,8 @@ public:
     /// Misspelt words are underlined while the author types; nothing of it is in the document.
     bool GetSpellAsYouType() const { return mSpellAsYouType; }
     void SetSpellAsYouType(bool value);
+    /// The words of a text that the engine does not know; none without an engine.
+    std::vector<TextRange> FindMisspelt(const std::string& text) const;
 
     struct {
         Event<> DocumentComplete;

@@ -54,6 +54,7 @@ void Theme::SetScheme(ColourScheme scheme) {
 
 void Theme::SetTextScale(int percent) {
     mTextScale = std::clamp(percent, 100, 200);
+    mApplication.setProperty(kTextScaleProperty, mTextScale);
     QFont font = mSystemFont;
     if (font.pointSizeF() > 0)
         font.setPointSizeF(font.pointSizeF() * mTextScale / 100);

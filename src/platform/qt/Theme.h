@@ -38,6 +38,8 @@ public:
     int GetTextScale() const { return mTextScale; }
 
     void SetTextScale(int percent);
+    /// The application's property with that number, for what is not drawn in its font.
+    static constexpr const char* kTextScaleProperty = "paperkiteTextScale";
 
     static QPalette PaletteOf(bool dark);
 

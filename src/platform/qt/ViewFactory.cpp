@@ -2,19 +2,16 @@
 
 #include "foundation/Text.h"
 #include "platform/qt/ContainerView.h"
-#include "platform/qt/ControlView.h"
 #include "platform/qt/Conversions.h"
 #include "platform/qt/DockView.h"
 #include "platform/qt/ExplorerBarView.h"
 #include "platform/qt/FieldViews.h"
 #include "platform/qt/FlatStripView.h"
+#include "platform/qt/HtmlEditView.h"
 #include "platform/qt/ListViews.h"
 #include "platform/qt/PropertiesListView.h"
 #include "platform/qt/SplitPanelView.h"
 #include "platform/qt/TreeView.h"
-#include "widgets/HtmlEdit.h"
-
-#include <QLabel>
 
 namespace paperkite {
 
@@ -43,12 +40,6 @@ void ViewFactory::RegisterFields() {
     RegisterRole<ListBox>(MakeWith(&MakeListBoxView));
     RegisterRole<ComboBox>(MakeWith(&MakeComboBoxView));
     RegisterRole<FlatStrip>(MakeWith(&MakeFlatStripView));
-    RegisterRole<HtmlEdit>([](ViewFactory&, const Ref<HtmlEdit>& role, QWidget* parent) {
-        auto* sentence = new QLabel(QObject::tr("Pages cannot be shown by this program."), parent);
-        sentence->setAlignment(Qt::AlignCenter);
-        ControlView::Attach(role, sentence);
-        return sentence;
-    });
 }
 
 void ViewFactory::RegisterContainers() {
@@ -68,6 +59,9 @@ void ViewFactory::RegisterContainers() {
         });
     RegisterRole<TreeControl>([](ViewFactory&, const Ref<TreeControl>& role, QWidget* parent) {
         return new TreeView(role, parent);
+    });
+    RegisterRole<HtmlEdit>([](ViewFactory&, const Ref<HtmlEdit>& role, QWidget* parent) {
+        return new HtmlEditView(role, parent);
     });
     RegisterRole<PropertiesList>(
         [](ViewFactory&, const Ref<PropertiesList>& role, QWidget* parent) {

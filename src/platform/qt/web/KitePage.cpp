@@ -56,7 +56,7 @@ QStringList KitePage::chooseFiles(FileSelectionMode, const QStringList&, const Q
 void KitePage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel level, const QString& message,
                                         int line, const QString& source) {
     // Pages cannot run scripts; only a failure of our own is worth a word.
-    if (level == ErrorMessageLevel && source.startsWith(QLatin1String("paperkite")))
+    if (level == ErrorMessageLevel && source.contains(QLatin1String("paperkite")))
         qWarning("%s:%d: %s", qPrintable(source), line, qPrintable(message));
 }
 

@@ -13,15 +13,16 @@ QByteArray PageSource::Scheme() {
 void PageSource::RegisterScheme() {
     if (!QWebEngineUrlScheme::schemeByName(Scheme()).name().isEmpty()) return;
     QWebEngineUrlScheme scheme(Scheme());
-    scheme.setSyntax(QWebEngineUrlScheme::Syntax::Path);
+    // With a host all pages are of one origin, so that one process shows them one after the other.
+    scheme.setSyntax(QWebEngineUrlScheme::Syntax::Host);
     scheme.setFlags(QWebEngineUrlScheme::LocalScheme | QWebEngineUrlScheme::LocalAccessAllowed);
     QWebEngineUrlScheme::registerScheme(scheme);
 }
 
 QUrl PageSource::Keep(const QByteArray& html) {
     const QString name = QString::number(++mNext);
-    mPages.insert(name, html);
-    return QUrl(QString::fromLatin1(Scheme()) + ':' + name);
+    mPages.insert('/' + name, html);
+    return QUrl(QString::fromLatin1(Scheme()) + "://page/" + name);
 }
 
 void PageSource::Drop(const QUrl& url) {

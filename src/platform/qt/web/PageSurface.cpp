@@ -5,6 +5,7 @@
 #include "platform/qt/web/PageScripts.h"
 #include "platform/qt/web/PageSource.h"
 
+#include <QElapsedTimer>
 #include <QEventLoop>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -19,7 +20,9 @@ namespace paperkite {
 
 namespace {
 
-constexpr int kLongestWait = 2000; // milliseconds
+// Milliseconds.
+constexpr int kLongestWait = 2000;
+constexpr int kLongestWaitForKeys = 100;
 
 // A text as it stands in a script.
 QString Quoted(const QString& text) {
@@ -172,6 +175,7 @@ void PageSurface::Loaded(bool ok) {
 
 void PageSurface::Ready() {
     mReady = true;
+    mKeys = 0;
     WatchInput();
     for (const QString& code : std::exchange(mPending, {}))
         Script(code);
@@ -202,24 +206,39 @@ void PageSurface::SetPlace(int place, const QString& html) {
     WhenReady(QStringLiteral("kite.setPlace(%1, %2)").arg(place).arg(Quoted(html)));
 }
 
-QList<WebReport> PageSurface::Flush() {
-    QList<WebReport> reports;
-    if (!mReady || !mUnflushed) return reports;
-    mUnflushed = false;
+QString PageSurface::Ask(const QString& code, int milliseconds) {
     QEventLoop loop;
     // The answer may come when nobody waits for it any more.
     auto answer = std::make_shared<QString>();
     auto waiting = std::make_shared<QEventLoop*>(&loop);
-    mPage->runJavaScript(QStringLiteral("kite.flush()"), kPageWorld,
-                         [answer, waiting](const QVariant& result) {
-                             *answer = result.toString();
-                             if (*waiting) (*waiting)->quit();
-                         });
-    QTimer::singleShot(kLongestWait, &loop, &QEventLoop::quit);
+    mPage->runJavaScript(code, kPageWorld, [answer, waiting](const QVariant& result) {
+        *answer = result.toString();
+        if (*waiting) (*waiting)->quit();
+    });
+    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
     connect(mPage, &QWebEnginePage::renderProcessTerminated, &loop, &QEventLoop::quit);
     loop.exec(QEventLoop::ExcludeUserInputEvents);
     *waiting = nullptr;
-    for (const auto entry : QJsonDocument::fromJson(answer->toUtf8()).array()) {
+    return *answer;
+}
+
+// A key that the engine keeps to itself is never seen by the page, so that the wait for keys is a
+// short one.
+QString PageSurface::AskForReports() {
+    QElapsedTimer time;
+    time.start();
+    const QString hasSeen = QStringLiteral("kite.hasSeen(%1)").arg(mKeys);
+    while (mReady && time.elapsed() < kLongestWaitForKeys)
+        if (!Ask(hasSeen, kLongestWait).isEmpty()) break;
+    // What a key does follows the key itself by one step, and so does this question.
+    return mReady ? Ask(QStringLiteral("kite.flush()"), kLongestWait) : QString();
+}
+
+QList<WebReport> PageSurface::Flush() {
+    QList<WebReport> reports;
+    if (!mReady || !mUnflushed) return reports;
+    mUnflushed = false;
+    for (const auto entry : QJsonDocument::fromJson(AskForReports().toUtf8()).array()) {
         const QJsonArray report = entry.toArray();
         const int place = report.at(0).toInt();
         const auto number = static_cast<qint64>(report.at(1).toDouble());
@@ -335,6 +354,8 @@ bool PageSurface::eventFilter(QObject* watched, QEvent* event) {
         break;
     }
     case QEvent::KeyPress:
+        ++mKeys;
+        [[fallthrough]];
     case QEvent::InputMethod:
     case QEvent::MouseButtonPress:
     case QEvent::Drop:

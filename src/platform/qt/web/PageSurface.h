@@ -47,6 +47,9 @@ protected:
 private:
     void MakePage();
     void TieBridge();
+    /// The script's answer; empty when the page does not answer in time.
+    QString Ask(const QString& code, int milliseconds);
+    QString AskForReports();
     void WatchInput();
     void Script(const QString& code);
     /// Now, or when the page is ready.
@@ -72,6 +75,8 @@ private:
     QStringList mPending;
     /// The highest number of a report that was passed on, for each place.
     QHash<int, qint64> mNumbers;
+    /// Keys that were passed to the page.
+    int mKeys = 0;
     bool mReady = false;
     bool mTouched = false;
     /// Something was typed or done that may not have been reported.

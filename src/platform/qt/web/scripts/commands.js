@@ -91,12 +91,24 @@ kite.plain = ['bold', 'italic', 'underline', 'indent', 'outdent', 'undo', 'redo'
     'insertOrderedList', 'insertUnorderedList'];
 for (const name of kite.plain) kite.actions[name.toLowerCase()] = () => kite.command(name);
 
+// The engine puts a list into the paragraph that it was made of, where no list can stand.
+kite.freeLists = function (place) {
+    const wrong = place.querySelectorAll('p > ul, p > ol');
+    if (!wrong.length) return;
+    const caret = kite.caretIn(place);
+    for (const list of wrong)
+        if (list.parentElement.tagName === 'P')
+            list.parentElement.replaceWith(...list.parentElement.childNodes);
+    if (caret) kite.putCaret(place, caret[0], caret[1]);
+};
+
 kite.run = function (name, args) {
     if (!kite.editable) return;
     if (!kite.selectedPlace()) kite.focusText();
     const place = kite.selectedPlace();
     if (!place || !kite.actions[name]) return;
     kite.actions[name](...args);
+    kite.freeLists(place);
     kite.changed(place);
 };
 
@@ -107,8 +119,7 @@ kite.focusText = function () {
     if (kite.selectedPlace()) return kite.selectedPlace().focus({ preventScroll: true });
     place.focus({ preventScroll: !last && scrollY === 0 });
     if (last) return kite.putCaret(place, kite.last.start, kite.last.end);
-    getSelection().selectAllChildren(place);
-    getSelection().collapseToEnd();
+    kite.putCaret(place, Infinity, Infinity);
 };
 
 kite.select = function (index, start, end) {
@@ -152,10 +163,11 @@ kite.state = function () {
         link: link ? link.getAttribute('href') || '' : '' };
 };
 
+// Where pages run no scripts the engine runs no timers either; frames it does run.
 kite.selectionMoved = function () {
     if (kite.selectionPending) return;
     kite.selectionPending = true;
-    setTimeout(() => {
+    requestAnimationFrame(() => {
         kite.selectionPending = false;
         const place = kite.selectedPlace();
         const caret = place && kite.caretIn(place);
@@ -166,7 +178,7 @@ kite.selectionMoved = function () {
         if (json === kite.sentState || !kite.bridge) return;
         kite.sentState = json;
         kite.bridge.selection(kite.generation, json);
-    }, 0);
+    });
 };
 
 kite.position = () => ({ x: scrollX, y: scrollY, caret: kite.last });

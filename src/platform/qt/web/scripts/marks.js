@@ -2,7 +2,7 @@
 // Wavy lines below misspelt words. They are drawn in a layer of their own over the page, so that
 // nothing of them is ever in the text. Only places that can be seen are looked at.
 
-kite.marks = { wanted: false, known: new Map(), timer: 0, found: [], asked: null };
+kite.marks = { wanted: false, known: new Map(), due: 0, waiting: false, found: [], asked: null };
 
 kite.marks.layer = function () {
     if (kite.marks.root) return kite.marks.root;
@@ -107,8 +107,15 @@ kite.marks.line = function (box) {
 
 kite.marks.changed = function () {
     if (!kite.marks.wanted) return;
-    clearTimeout(kite.marks.timer);
-    kite.marks.timer = setTimeout(kite.marks.draw, 120);
+    kite.marks.due = performance.now() + 120;
+    if (kite.marks.waiting) return;
+    kite.marks.waiting = true;
+    const wait = now => {
+        if (now < kite.marks.due) return requestAnimationFrame(wait);
+        kite.marks.waiting = false;
+        kite.marks.draw();
+    };
+    requestAnimationFrame(wait);
 };
 
 kite.marks.refresh = function (wanted) {

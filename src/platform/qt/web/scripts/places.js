@@ -9,6 +9,7 @@ const kite = {
     sent: [],
     dirty: new Set(),
     inFlight: -1,
+    keysSeen: 0,
     number: 0,
     bridge: null,
     keptStyles: new Set(),
@@ -113,6 +114,9 @@ kite.send = function () {
         return;
     }
 };
+
+// Keys come on another way than questions, which may overtake them.
+kite.hasSeen = keys => kite.keysSeen >= keys ? 'yes' : '';
 
 kite.flush = function () {
     if (kite.inFlight >= 0) kite.dirty.add(kite.inFlight);

@@ -85,6 +85,7 @@ kite.addressOf = function (element) {
 kite.keys = { b: 'bold', i: 'italic', u: 'underline', z: 'undo', y: 'redo' };
 
 kite.keyDown = function (event) {
+    ++kite.keysSeen;
     if (!kite.editable || event.isComposing) return;
     if (event.key === 'Escape') kite.tabLeaves = true;
     else if (event.key !== 'Tab' && event.key !== 'Shift') kite.tabLeaves = false;

@@ -2,7 +2,14 @@
 // Tables inside places. The engine knows nothing about rows and columns, so that a changed table is
 // put in the place of the old one by a command of the engine: undo takes it back in one step.
 
-kite.cell = () => kite.within('td, th');
+// Where a whole table is selected (undo leaves it so), its first cell.
+kite.cell = function () {
+    const cell = kite.within('td, th');
+    if (cell || !kite.selectedPlace()) return cell;
+    const range = getSelection().getRangeAt(0);
+    const table = kite.within('table') || range.startContainer.childNodes[range.startOffset];
+    return table && table.tagName === 'TABLE' ? table.querySelector('td, th') : null;
+};
 
 kite.replaceTable = function (table, change, caretAt) {
     const copy = table.cloneNode(true);

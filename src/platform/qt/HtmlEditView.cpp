@@ -1,0 +1,361 @@
+#include "platform/qt/HtmlEditView.h"
+
+#include "platform/qt/ControlView.h"
+#include "platform/qt/Conversions.h"
+#include "platform/qt/HtmlEditMenu.h"
+#include "platform/qt/Theme.h"
+#include "platform/qt/WebLibrary.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QInputDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace paperkite {
+
+namespace {
+
+constexpr int kMostLosses = 3;
+
+std::vector<std::string> Texts(const QStringList& list) {
+    std::vector<std::string> texts;
+    for (const QString& text : list)
+        texts.push_back(FromQString(text));
+    return texts;
+}
+
+// An opening tag as it stands in the text of a document.
+std::string OpeningOf(const std::string& outer, const std::string& inner) {
+    const std::size_t end = outer.rfind("</");
+    if (end == std::string::npos || end < inner.size()) return outer;
+    return outer.substr(0, end - inner.size());
+}
+
+} // namespace
+
+HtmlEditView::HtmlEditView(const Ref<HtmlEdit>& edit, QWidget* parent)
+    : QWidget(parent), mEdit(edit), mColumn(new QVBoxLayout(this)), mNotice(new QLabel(this)) {
+    mColumn->setContentsMargins(0, 0, 0, 0);
+    mColumn->setSpacing(0);
+    mNotice->setWordWrap(true);
+    mNotice->setMargin(8);
+    mNotice->hide();
+    mColumn->addWidget(mNotice);
+    setFocusPolicy(Qt::StrongFocus);
+    setAutoFillBackground(true);
+    setBackgroundRole(QPalette::Base);
+    ControlView::Attach(edit, this);
+    mTie = edit->Observe(*this);
+    if (edit->GetDocument()) LoadSoon(false);
+}
+
+HtmlEditView::~HtmlEditView() {
+    if (mSurface) mSurface->SetListener(nullptr);
+}
+
+QString HtmlEditView::GetNotice() const {
+    return mNotice->isHidden() ? QString() : mNotice->text();
+}
+
+void HtmlEditView::Notice(const QString& text) {
+    mNotice->setText(text);
+    mNotice->setAccessibleName(text);
+    mNotice->setVisible(!text.isEmpty());
+}
+
+// Loading
+
+void HtmlEditView::LoadSoon(bool keepPosition) {
+    mKeepPosition = keepPosition && (mKeepPosition || !mLoadPending);
+    if (std::exchange(mLoadPending, true)) return;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (mLoadPending && isVisible()) LoadNow();
+        },
+        Qt::QueuedConnection);
+}
+
+bool HtmlEditView::HaveSurface() {
+    if (mSurface) return true;
+    mSurface = WebLibrary::MakeSurface(this);
+    if (!mSurface) {
+        Notice(WebLibrary::GetProblem());
+        return false;
+    }
+    mColumn->addWidget(mSurface, 1);
+    mSurface->SetListener(this);
+    setFocusProxy(mSurface);
+    ApplyLook();
+    mSurface->show();
+    return true;
+}
+
+void HtmlEditView::LoadNow() {
+    const bool hasDocument = bool(mEdit->GetDocument());
+    if (!hasDocument && !mSurface) {
+        mLoadPending = false;
+        return;
+    }
+    if (!HaveSurface()) return;
+    mLoadPending = false;
+    mReady = false;
+    mChanged.clear();
+    mPlaces = mEdit->GetPlaces();
+    mSurface->Load(MakePage());
+}
+
+WebPage HtmlEditView::MakePage() const {
+    WebPage page;
+    page.KeepPosition = mKeepPosition;
+    page.BaseUrl = ToQString(mEdit->GetBaseURL());
+    if (!page.BaseUrl.isEmpty() && !page.BaseUrl.endsWith('/')) page.BaseUrl += '/';
+    for (const std::string& folder : mEdit->GetReadableFolders())
+        page.Folders += ToQString(folder);
+    switch (mEdit->GetView()) {
+    case HtmlView::Normal:
+        page.Kind = WebPageKind::Editable;
+        break;
+    case HtmlView::Source:
+        page.Kind = WebPageKind::Source;
+        page.Html = ToQString(mEdit->GetDocumentHTML());
+        return page;
+    case HtmlView::Preview:
+        page.Kind = WebPageKind::Preview;
+        break;
+    }
+    for (const auto& place : mPlaces)
+        page.Places += ToQString(place->GetInnerHTML());
+    page.Html = PageText();
+    return page;
+}
+
+// The page without the texts of its places: the page gets those one by one, so that each is parsed
+// as what it is, a fragment of its place, whatever stands around it.
+QString HtmlEditView::PageText() const {
+    const std::string text = mEdit->GetDocumentHTML();
+    std::string result;
+    result.reserve(text.size());
+    std::size_t from = 0;
+    for (const auto& place : mPlaces) {
+        const std::string inner = place->GetInnerHTML();
+        const std::string outer = place->GetOuterHTML();
+        const std::size_t found = text.find(outer, from);
+        if (found == std::string::npos) continue;
+        const std::size_t inside = found + OpeningOf(outer, inner).size();
+        result.append(text, from, inside - from);
+        from = inside + inner.size();
+    }
+    result.append(text, from);
+    return ToQString(result);
+}
+
+void HtmlEditView::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (mLoadPending) LoadNow();
+}
+
+void HtmlEditView::PageReady() {
+    mReady = true;
+    if (QWidget* input = mSurface->InputWidget()) {
+        input->removeEventFilter(this);
+        input->installEventFilter(this);
+        const std::string& name = mEdit->GetAccessibleName();
+        input->setAccessibleName(name.empty() ? tr("Page") : ToQString(name));
+    }
+    UpdatePlaces();
+    MarksChanged();
+    if (std::exchange(mFocusPending, false)) mSurface->FocusText();
+}
+
+void HtmlEditView::PageLost(WebLoss) {
+    mReady = false;
+    if (++mLosses > kMostLosses) {
+        Notice(tr("The page has ended several times and is not shown any more. What was written "
+                  "is kept; choose the item again to try once more."));
+        return;
+    }
+    Notice(tr("The page had to be started again. What was written is kept."));
+    LoadSoon(true);
+}
+
+// What code changed
+
+void HtmlEditView::ControlChanged(Control&) {}
+
+void HtmlEditView::DocumentReplaced() {
+    mLosses = 0;
+    Notice({});
+    LoadSoon(false);
+}
+
+void HtmlEditView::ElementChanged(const Ref<HTMLElement>& element) {
+    const Ref<HTMLElement> place = mEdit->PlaceOf(element);
+    const bool isShown = std::find(mPlaces.begin(), mPlaces.end(), place) != mPlaces.end();
+    if (!place || !isShown || mEdit->GetView() != HtmlView::Normal) return LoadSoon(true);
+    if (std::find(mChanged.begin(), mChanged.end(), place) == mChanged.end())
+        mChanged.push_back(place);
+    if (std::exchange(mUpdatePending, true)) return;
+    QMetaObject::invokeMethod(
+        this, [this] { UpdatePlaces(); }, Qt::QueuedConnection);
+}
+
+void HtmlEditView::UpdatePlaces() {
+    mUpdatePending = false;
+    if (!mSurface || mLoadPending) return;
+    for (const auto& place : std::exchange(mChanged, {})) {
+        const auto found = std::find(mPlaces.begin(), mPlaces.end(), place);
+        if (found == mPlaces.end()) continue;
+        mSurface->SetPlace(static_cast<int>(found - mPlaces.begin()),
+                           ToQString(place->GetInnerHTML()));
+    }
+}
+
+void HtmlEditView::FlushWanted() {
+    if (!mSurface || mFlushing) return;
+    mFlushing = true;
+    for (const WebReport& report : mSurface->Flush())
+        PlaceTyped(report);
+    mFlushing = false;
+}
+
+// The engine keeps the history with its page, so that a page that was touched is loaded again.
+void HtmlEditView::ClearUndoWanted() {
+    if (!mSurface || mLoadPending || !mSurface->WasTouched()) return;
+    FlushWanted();
+    LoadSoon(true);
+}
+
+void HtmlEditView::CommandWanted(const std::string& name,
+                                 const std::vector<std::string>& arguments) {
+    if (!mSurface || !mReady) return;
+    QStringList texts;
+    for (const std::string& argument : arguments)
+        texts += ToQString(argument);
+    if (AskForAddress(name, texts)) mSurface->Run(ToQString(name), texts);
+}
+
+// Links and pictures that nobody gave an address for; false when the author changed his mind.
+bool HtmlEditView::AskForAddress(const std::string& command, QStringList& arguments) {
+    if ((command != "createlink" && command != "insertimage") || !arguments.isEmpty()) return true;
+    const bool isLink = command == "createlink";
+    bool isDone = false;
+    const QString address = QInputDialog::getText(
+        this, isLink ? tr("Link") : tr("Picture"),
+        isLink ? tr("&Address that the link leads to:") : tr("&Address of the picture:"),
+        QLineEdit::Normal, isLink ? ToQString(mEdit->GetSelectedLink()) : QString(), &isDone);
+    arguments = QStringList{address.trimmed(), QString()};
+    return isDone && !arguments.first().isEmpty();
+}
+
+void HtmlEditView::FocusWanted(Control&) {
+    if (mSurface && mReady && !mLoadPending)
+        mSurface->FocusText();
+    else
+        mFocusPending = true;
+}
+
+void HtmlEditView::QueuedFocusWanted() {
+    QMetaObject::invokeMethod(
+        this, [this] { FocusWanted(*mEdit); }, Qt::QueuedConnection);
+}
+
+void HtmlEditView::MarksChanged() {
+    if (mSurface) mSurface->RefreshMarks(mEdit->GetSpellAsYouType());
+}
+
+// What the author did
+
+void HtmlEditView::PlaceTyped(const WebReport& report) {
+    const auto index = static_cast<std::size_t>(report.Place);
+    if (index >= mPlaces.size()) return;
+    const auto& places = mEdit->GetPlaces();
+    const bool isThere = index < places.size() && places[index] == mPlaces[index];
+    const auto found = isThere ? places.begin() + static_cast<std::ptrdiff_t>(index)
+                               : std::find(places.begin(), places.end(), mPlaces[index]);
+    if (found == places.end()) return;
+    mEdit->UserSpanChanged(static_cast<std::size_t>(found - places.begin()),
+                           FromQString(report.Html));
+}
+
+void HtmlEditView::SelectionMoved(const WebSelection& selection) {
+    mEdit->UserSelection(FromQString(selection.Text), Texts(selection.On), Texts(selection.Enabled),
+                         FromQString(selection.ForeColor), FromQString(selection.FillColor),
+                         FromQString(selection.Link));
+}
+
+void HtmlEditView::LinkClicked(const QString& href) {
+    mEdit->UserHyperlinkClick(FromQString(href));
+}
+
+void HtmlEditView::CommandPressed(const QString& name) {
+    mEdit->ClickEditTool(FromQString(name));
+}
+
+void HtmlEditView::PictureRefused() {
+    Notice(tr("Pictures are put in by their address: save the picture as a file, and use Picture… "
+              "in the menu."));
+}
+
+void HtmlEditView::MenuWanted(const WebMenuRequest& request) {
+    const auto index = static_cast<std::size_t>(request.Place);
+    const Ref<HTMLElement> place = index < mPlaces.size() ? mPlaces[index] : Ref<HTMLElement>();
+    const auto type = !request.Image.isEmpty()  ? HtmlMenuType::Image
+                      : !request.Link.isEmpty() ? HtmlMenuType::Anchor
+                      : request.InTable         ? HtmlMenuType::Table
+                      : request.InField         ? HtmlMenuType::Control
+                      : request.HasText         ? HtmlMenuType::Text
+                                                : HtmlMenuType::Default;
+    const auto answer =
+        mEdit->UserContextMenu(request.Position.x(), request.Position.y(), place, type);
+    if (answer == HtmlMenuAnswer::None) return;
+    auto* menu =
+        new HtmlEditMenu(mEdit, *mSurface, request, answer == HtmlMenuAnswer::DefaultOnly, this);
+    menu->popup(mSurface->mapToGlobal(request.Position));
+}
+
+QList<WebMark> HtmlEditView::MisspeltWords(const QString& text) {
+    QList<WebMark> marks;
+    const std::string bytes = FromQString(text);
+    for (const TextRange& range : mEdit->FindMisspelt(bytes)) {
+        const auto start = ToQString(bytes.substr(0, range.Start)).size();
+        const auto length = ToQString(bytes.substr(range.Start, range.Length)).size();
+        marks += {static_cast<int>(start), static_cast<int>(length)};
+    }
+    return marks;
+}
+
+// The look
+
+void HtmlEditView::ApplyLook() {
+    if (!mSurface) return;
+    const QPalette& colours = QApplication::palette();
+    mSurface->SetColours({colours.color(QPalette::Base).lightness() < 128,
+                          colours.color(QPalette::Base), colours.color(QPalette::Text),
+                          colours.color(QPalette::PlaceholderText), colours.color(QPalette::Mid),
+                          colours.color(QPalette::Highlight), colours.color(QPalette::Link)});
+    const double scale = QApplication::instance()->property(Theme::kTextScaleProperty).toDouble();
+    mSurface->SetZoom(scale > 0 ? scale / 100 : 1);
+}
+
+void HtmlEditView::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) ApplyLook();
+}
+
+void HtmlEditView::focusInEvent(QFocusEvent* event) {
+    QWidget::focusInEvent(event);
+    if (mSurface && mReady) mSurface->FocusText();
+}
+
+bool HtmlEditView::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
+        mEdit->UserFocus(event->type() == QEvent::FocusIn);
+    return QWidget::eventFilter(watched, event);
+}
+
+} // namespace paperkite

@@ -1,0 +1,92 @@
+#pragma once
+
+#include "platform/qt/WebSurface.h"
+#include "widgets/HtmlEdit.h"
+
+#include <QWidget>
+
+#include <vector>
+
+class QLabel;
+class QVBoxLayout;
+
+namespace paperkite {
+
+/// Shows an HtmlEdit as a page of the web engine, and reports what the author does there. The
+/// engine is started when the first document is to be seen. While a page cannot be shown, a
+/// sentence says why.
+///
+/// Keys: Ctrl+B, Ctrl+I, Ctrl+U for emphasis, Ctrl+K for a link, Ctrl+] and Ctrl+[ to indent,
+/// Ctrl+Z, Ctrl+Y and Ctrl+Shift+Z to undo and redo; Ctrl with a click follows a link. Tab goes to
+/// the next place and then out of the page; inside a table it goes to the next cell, and leaves the
+/// table after Escape.
+class HtmlEditView : public QWidget, private HtmlEditObserver, private WebSurfaceListener {
+public:
+    HtmlEditView(const Ref<HtmlEdit>& edit, QWidget* parent);
+    ~HtmlEditView() override;
+
+    /// Nothing before the first page.
+    WebSurface* GetSurface() const { return mSurface; }
+    /// Whether the page stands and shows the document's present state.
+    bool IsReady() const { return mReady && !mLoadPending; }
+    /// The sentence that is shown above the page or in its place; empty for none.
+    QString GetNotice() const;
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    // from the widget
+    void ControlChanged(Control& control) override;
+    void FocusWanted(Control& control) override;
+    void DocumentReplaced() override;
+    void ElementChanged(const Ref<HTMLElement>& element) override;
+    void FlushWanted() override;
+    void ClearUndoWanted() override;
+    void CommandWanted(const std::string& name, const std::vector<std::string>& arguments) override;
+    void QueuedFocusWanted() override;
+    void MarksChanged() override;
+
+    // from the page
+    void PageReady() override;
+    void PlaceTyped(const WebReport& report) override;
+    void SelectionMoved(const WebSelection& selection) override;
+    void LinkClicked(const QString& href) override;
+    void MenuWanted(const WebMenuRequest& request) override;
+    void CommandPressed(const QString& name) override;
+    void PictureRefused() override;
+    void PageLost(WebLoss loss) override;
+    QList<WebMark> MisspeltWords(const QString& text) override;
+
+    void LoadSoon(bool keepPosition);
+    void LoadNow();
+    bool HaveSurface();
+    WebPage MakePage() const;
+    QString PageText() const;
+    void UpdatePlaces();
+    void ApplyLook();
+    void Notice(const QString& text);
+    bool AskForAddress(const std::string& command, QStringList& arguments);
+
+    Ref<HtmlEdit> mEdit;
+    QVBoxLayout* mColumn;
+    QLabel* mNotice;
+    WebSurface* mSurface = nullptr;
+    /// The places of the page that is shown, in its order.
+    std::vector<Ref<HTMLElement>> mPlaces;
+    /// Those whose text code has changed since.
+    std::vector<Ref<HTMLElement>> mChanged;
+    bool mReady = false;
+    bool mLoadPending = false;
+    bool mKeepPosition = false;
+    bool mFocusPending = false;
+    bool mUpdatePending = false;
+    bool mFlushing = false;
+    int mLosses = 0;
+    Connection mTie;
+};
+
+} // namespace paperkite
