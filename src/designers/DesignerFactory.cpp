@@ -28,10 +28,11 @@ Ref<DesignerControl> MakeDesigner(const std::string& progID) {
     for (const DesignerClass& entry : kClasses)
         if (EqualIgnoringCase(entry.ProgID, progID))
             return entry.Make(ReplaceAll(entry.ProgID, ".", ""));
-    RaiseError(ErrorNumber::CannotCreateComponent,
-               "There is no comment designer \"" + progID +
-                   "\". Look at the attribute DesignerProgID of the tag in the configuration of the "
-                   "comment tags.");
+    RaiseError(
+        ErrorNumber::CannotCreateComponent,
+        "There is no comment designer \"" + progID +
+            "\". Look at the attribute DesignerProgID of the tag in the configuration of the "
+            "comment tags.");
 }
 
 } // namespace paperkite

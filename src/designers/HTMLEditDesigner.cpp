@@ -61,7 +61,8 @@ bool HTMLEditDesigner::QueryCapability(const std::string& name) {
 }
 
 void HTMLEditDesigner::BindToWrapper(const Ref<Object>& wrapper) {
-    if (mControl && wrapper) wrapper->Call("BindTo", {Value(true), Value(Ref<Object>(mControl->ed))});
+    if (mControl && wrapper)
+        wrapper->Call("BindTo", {Value(true), Value(Ref<Object>(mControl->ed))});
 }
 
 void HTMLEditDesigner::Deactivate() {

@@ -94,8 +94,9 @@ void dsrHTMLEdit::MakeToolbar() {
     const auto bar = Dock->AddToolbar("Formatting");
     for (const ToolText& tool : kTools) {
         const Ref<DockCommand> command =
-            tool.IsCheck ? Ref<DockCommand>(Dock->Commands.AddCheck(tool.Name, tool.Caption, tool.Icon))
-                         : Dock->Commands.Add(tool.Name, tool.Caption, tool.Icon);
+            tool.IsCheck
+                ? Ref<DockCommand>(Dock->Commands.AddCheck(tool.Name, tool.Caption, tool.Icon))
+                : Dock->Commands.Add(tool.Name, tool.Caption, tool.Icon);
         command->SetToolTipText(tool.ToolTip);
         bar->Add(command, tool.BeginsGroup);
         if (std::string_view(tool.Name) != "insertorderedlist") continue;
@@ -132,10 +133,9 @@ void dsrHTMLEdit::ConnectEditor() {
         FillPlace();
         DesignerEvents.DocumentComplete.Raise();
     }));
-    mConnections.push_back(
-        events.EditableSpanChanged.Connect([this](const Ref<HTMLElement>& span) {
-            if (!mLoading && mHost && mElement) Store(mText.Stored(span->GetInnerHTML()));
-        }));
+    mConnections.push_back(events.EditableSpanChanged.Connect([this](const Ref<HTMLElement>& span) {
+        if (!mLoading && mHost && mElement) Store(mText.Stored(span->GetInnerHTML()));
+    }));
     mConnections.push_back(events.ToolsRefreshed.Connect([this] { ShowTools(); }));
     mConnections.push_back(events.GetURL.Connect(
         [this](std::string& url, std::string& caption, bool&, bool, bool showCaption, bool,

@@ -54,9 +54,9 @@ TEST_F(ConvertJourneyTest, WrongUseIsRefusedWithAWayOut) {
     EXPECT_TRUE(Contains(Refused({"convert", Layout(), "--to", "text"}), "span"));
     EXPECT_TRUE(Contains(Refused({"convert", mFolder / "none.html", "--to", "span"}), "none.html"));
     EXPECT_TRUE(Contains(Refused({"convert", spans, "--to", "meta"}), "--layout"));
-    EXPECT_TRUE(Contains(
-        Refused({"convert", spans, "--to", "meta", "--layout", mFolder / "other.html"}),
-        "metaspanstart1"));
+    EXPECT_TRUE(
+        Contains(Refused({"convert", spans, "--to", "meta", "--layout", mFolder / "other.html"}),
+                 "metaspanstart1"));
     EXPECT_TRUE(Contains(Refused({"convert", spans, "--to", "span", "--layout", Layout()}),
                          "Leave it out"));
 }
