@@ -52,12 +52,14 @@ std::shared_ptr<ModelControlHelper> InstallHeadlessServices(const std::string& a
             ConfigurationReader::Load(configuration, GlobalConfig().TaggedCommentDefs))
         std::cerr << problem->Message() << '\n';
     GlobalConfig().Templates.Clear();
-    // Who has a template edits pages, and pages are HTML documents.
-    if (!services.HTMLDOMFactory) return helper;
-    for (const FileProblem& problem :
-         PageTemplateDocument::OpenAll(applicationFolder + "/templates", GlobalConfig().Templates))
-        std::cerr << problem.Message() << '\n';
     return helper;
+}
+
+void LoadPageTemplates() {
+    GlobalConfig().Templates.Clear();
+    for (const FileProblem& problem : PageTemplateDocument::OpenAll(
+             CurrentServices().ApplicationFolder + "/templates", GlobalConfig().Templates))
+        std::cerr << problem.Message() << '\n';
 }
 
 } // namespace paperkite

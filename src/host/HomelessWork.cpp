@@ -82,31 +82,18 @@ void HomelessWork::Change(const std::vector<std::string>& items, const Work& wor
     if (items.empty()) return;
     // The open item may be the new home: what was typed there comes first.
     mWorkspace.GetEditor().CommitEdit();
+    Events.Changing.Raise(items);
     if (mUnsaved)
         for (const std::string& item : items)
             mUnsaved->ItemShown(item);
     work();
     mWorkspace.GetSession().GetProject()->SetDirty(true);
-    for (const std::string& item : items) {
-        if (mUnsaved) mUnsaved->ItemChanged(item);
-        ShowBold(item);
-    }
-    ShowOpenItemAnew(items);
+    if (mUnsaved)
+        for (const std::string& item : items)
+            mUnsaved->ItemChanged(item);
+    mWorkspace.ShowChanged(items);
     for (const std::string& item : items)
         Events.Changed.Raise(item);
-}
-
-void HomelessWork::ShowBold(const std::string& item) {
-    const ProjectView& tree = mWorkspace.GetEditor().Project;
-    if (!tree.GetHighlightCommentedItems()) return;
-    if (const auto node = tree.GetNodes().Find(item)) node->SetBold(GetStore().IsDocumented(item));
-}
-
-void HomelessWork::ShowOpenItemAnew(const std::vector<std::string>& items) {
-    const ProjectView& tree = mWorkspace.GetEditor().Project;
-    const auto node = tree.GetSelectedItem();
-    if (!node || std::find(items.begin(), items.end(), node->GetKey()) == items.end()) return;
-    tree.tvwProject->UserClick(node);
 }
 
 } // namespace paperkite

@@ -47,6 +47,8 @@ public:
     void Delete(const std::string& gone);
 
     struct {
+        /// The comments of these items are about to change.
+        Event<const std::vector<std::string>&> Changing;
         /// An item got comments or lost them; raised when everything is in place.
         Event<const std::string&> Changed;
     } Events;
@@ -57,8 +59,6 @@ private:
     /// Remembers what is stored of the items, does the work, and tells of it.
     template <class Work>
     void Change(const std::vector<std::string>& items, const Work& work);
-    void ShowBold(const std::string& item);
-    void ShowOpenItemAnew(const std::vector<std::string>& items);
 
     Workspace& mWorkspace;
     UnsavedWork* mUnsaved;

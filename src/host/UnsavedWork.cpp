@@ -5,20 +5,9 @@ namespace paperkite {
 UnsavedWork::UnsavedWork(std::string journalFolder, const std::string& project)
     : mJournal(std::move(journalFolder), project) {}
 
-UnsavedWork::StoredItem UnsavedWork::SnapshotOf(const std::string& item) const {
-    StoredItem stored;
-    const auto comments = mWorkspace->GetSession().GetProject()->GetComments()->Find(item);
-    if (!comments) return stored;
-    for (const auto& comment : *comments)
-        if (comment->GetState() != kTaggedCommentTombstone)
-            stored[comment->GetId()] = {comment->GetTagIdentifier(), comment->GetQualifier(),
-                                        comment->GetXMLCommentType(), comment->GetText()};
-    return stored;
-}
-
 void UnsavedWork::ItemShown(const std::string& qualifiedName) {
     if (mChanged.contains(qualifiedName) || mStored.contains(qualifiedName)) return;
-    mStored.emplace(qualifiedName, SnapshotOf(qualifiedName));
+    mStored.emplace(qualifiedName, CommentSnapshot::Of(mWorkspace->GetSession(), qualifiedName));
 }
 
 void UnsavedWork::ItemChanged(const std::string& qualifiedName) {
@@ -29,11 +18,11 @@ void UnsavedWork::TakeOver(const std::vector<JournalEntry>& recovered) {
     for (const JournalEntry& entry : recovered) {
         ItemShown(entry.Item);
         ItemChanged(entry.Item);
-        StoredItem& stored = mStored[entry.Item];
+        CommentSnapshot& stored = mStored[entry.Item];
         if (entry.Stored)
-            stored[entry.Id] = {entry.Tag, entry.Qualifier, entry.XmlTag, *entry.Stored};
+            stored.Put({entry.Id, entry.Tag, entry.Qualifier, entry.XmlTag, *entry.Stored});
         else
-            stored.erase(entry.Id);
+            stored.Remove(entry.Id);
     }
 }
 
@@ -51,10 +40,8 @@ std::optional<std::string> UnsavedWork::TextBeingTyped(const std::string& id) co
 
 void UnsavedWork::AddEntries(const std::string& item, std::vector<JournalEntry>& entries) const {
     const auto known = mStored.find(item);
-    const auto storedOf = [&](const std::string& id) -> const StoredComment* {
-        if (known == mStored.end()) return nullptr;
-        const auto found = known->second.find(id);
-        return found == known->second.end() ? nullptr : &found->second;
+    const auto storedOf = [&](const std::string& id) {
+        return known == mStored.end() ? nullptr : known->second.Find(id);
     };
     const bool isCurrent = item == CurrentItem();
     const auto comments = mWorkspace->GetSession().GetProject()->GetComments()->Find(item);
@@ -64,10 +51,9 @@ void UnsavedWork::AddEntries(const std::string& item, std::vector<JournalEntry>&
             const std::string& id = comment->GetId();
             const bool isDeleted = comment->GetState() == kTaggedCommentTombstone;
             const auto typed = isCurrent ? TextBeingTyped(id) : std::optional<std::string>();
-            const StoredComment now{comment->GetTagIdentifier(), comment->GetQualifier(),
-                                    comment->GetXMLCommentType(),
-                                    typed ? *typed : comment->GetText()};
-            const StoredComment* stored = storedOf(id);
+            CommentSnapshot::Comment now = CommentSnapshot::Of(*comment);
+            if (typed) now.Text = *typed;
+            const CommentSnapshot::Comment* stored = storedOf(id);
             present.insert(id);
             if (!isDeleted && stored && *stored == now) continue;
             JournalEntry entry{item, id, now.Tag, now.Qualifier, now.XmlTag, now.Text, {}};
@@ -77,10 +63,10 @@ void UnsavedWork::AddEntries(const std::string& item, std::vector<JournalEntry>&
         }
     }
     if (known == mStored.end()) return;
-    for (const auto& [id, stored] : known->second)
-        if (!present.contains(id))
+    for (const auto& stored : known->second.Comments())
+        if (!present.contains(stored.Id))
             entries.push_back(
-                {item, id, stored.Tag, stored.Qualifier, stored.XmlTag, {}, stored.Text});
+                {item, stored.Id, stored.Tag, stored.Qualifier, stored.XmlTag, {}, stored.Text});
 }
 
 std::vector<JournalEntry> UnsavedWork::Entries() const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/CommentSnapshot.h"
 #include "host/Workspace.h"
 #include "model/CommentJournal.h"
 
@@ -39,22 +40,12 @@ public:
     const std::string& GetJournalPath() const { return mJournal.GetPath(); }
 
 private:
-    struct StoredComment {
-        std::string Tag;
-        std::string Qualifier;
-        std::string XmlTag;
-        std::string Text;
-        bool operator==(const StoredComment&) const = default;
-    };
-    using StoredItem = std::map<std::string, StoredComment>;
-
-    StoredItem SnapshotOf(const std::string& item) const;
     void AddEntries(const std::string& item, std::vector<JournalEntry>& entries) const;
     std::optional<std::string> TextBeingTyped(const std::string& id) const;
     std::string CurrentItem() const;
 
     Workspace* mWorkspace = nullptr;
-    std::map<std::string, StoredItem> mStored;
+    std::map<std::string, CommentSnapshot> mStored;
     std::set<std::string> mChanged;
     CommentJournal mJournal;
     bool mTold = false;

@@ -1,5 +1,8 @@
 #include "host/Workspace.h"
 
+#include "foundation/Services.h"
+#include "model/PreviewProject.h"
+
 namespace paperkite {
 
 namespace {
@@ -37,7 +40,30 @@ void Workspace::Load() {
     mEditor.CommitEdit();
     mEditor.Project.SetImageList(mSession->GetImages());
     mEditor.cEditor.SetCurrentCodeElement(nullptr);
+    GivePageProject();
     mEditor.LoadFromNamespaceDefs(mSession->GetDefinitions(), kSourceMoniker);
+}
+
+// Pages are made of a project of their own, so that looking at one changes nothing that is saved.
+void Workspace::GivePageProject() {
+    const auto project = MakeRef<PreviewProject>(Ref<KiteProject>(mSession->GetProject()));
+    const auto data = mSession->GetProvider()->GetDataProvider();
+    data->Set("Project", Value(Ref<Object>(project)));
+    data->Set("PageLinks", Value(true));
+    mEditor.cEditor.InPlaceEditor->SetKiteProject(project);
+}
+
+void Workspace::ShowChanged(const std::vector<std::string>& items) {
+    const ProjectView& tree = mEditor.Project;
+    const CommentStore& comments = *mSession->GetProject()->GetComments();
+    if (tree.GetHighlightCommentedItems())
+        for (const std::string& item : items)
+            if (const auto node = tree.GetNodes().Find(item))
+                node->SetBold(comments.IsDocumented(item));
+    if (!mEditor.cEditor.GetCurrentCodeElement()) return;
+    Required(CurrentServices().ControlHelper)
+        .SyncGeneralComment(mEditor.cEditor.GetCurrentCodeElement(), false);
+    mEditor.cEditor.Refresh(false);
 }
 
 std::unique_ptr<ProjectSession> Workspace::Release() {

@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace paperkite {
 
@@ -37,10 +38,16 @@ public:
     Ref<TreeNode> NextUndocumented(const Ref<TreeNode>& after);
     Ref<TreeNode> PreviousUndocumented(const Ref<TreeNode>& before);
 
+    /// After comments of items were changed past the components: brings the tree and the open item
+    /// up to date.
+    void ShowChanged(const std::vector<std::string>& items);
+
     /// Commits what is being edited, then saves.
     std::optional<FileProblem> Save();
 
 private:
+    void GivePageProject();
+
     std::unique_ptr<ProjectSession> mSession;
     Ref<CommandWrapper> mWrapper = MakeRef<CommandWrapper>();
     ProjectEditor mEditor;

@@ -2,6 +2,7 @@
 
 #include "foundation/Services.h"
 #include "foundation/Text.h"
+#include "pagelayout/KeptElements.h"
 #include "pagelayout/LayoutText.h"
 
 namespace paperkite {
@@ -97,29 +98,31 @@ std::string MetaDocumentEdit::ConvertSpanDocumentToMetaDocument(const std::strin
             Watch watchHTML(frame, "HTML", HTML);
             mSpanProvider->OutputSpans = false;
             mParserTemplate->SetUseProvidedText(false);
+            // Elements in the head and between cells would not survive the document as they are.
+            KeptElements kept;
             const auto document =
-                Required(CurrentServices().HTMLDOMFactory).CreateFromString(HTML, {});
+                Required(CurrentServices().HTMLDOMFactory).CreateFromString(kept.Hide(HTML), {});
             Local watchDocument(frame, "document", document);
-            ReplaceSpans(*document);
+            ReplaceSpans(*document, kept);
             NameGenerator(*document);
             const std::string text =
                 Required(CurrentServices().HTMLTidy)
                     .TidyHTML(document->GetDocumentElement()->GetOuterHTML(), false);
-            result = WithTightHelpNamespace(WithoutAddedTitles(text));
+            result = kept.Restore(WithTightHelpNamespace(WithoutAddedTitles(text)));
         });
 }
 
-void MetaDocumentEdit::ReplaceSpans(HTMLDocument& document) {
+void MetaDocumentEdit::ReplaceSpans(HTMLDocument& document, KeptElements& kept) {
     for (const auto& span : document.Tags("SPAN"))
-        if (span->GetId().starts_with(kSpanStart)) ReplaceSpan(document, *span);
+        if (span->GetId().starts_with(kSpanStart)) ReplaceSpan(document, *span, kept);
 }
 
-void MetaDocumentEdit::ReplaceSpan(HTMLDocument& document, HTMLElement& span) {
+void MetaDocumentEdit::ReplaceSpan(HTMLDocument& document, HTMLElement& span, KeptElements& kept) {
     const std::size_t position = PositionOf(span.GetId().substr(kSpanStart.size()));
     const std::string source = mSpanProvider->Elements.Item(position)->GetSourceText();
     // An engine may throw away a fragment that begins with a comment.
-    span.InsertAdjacentHTML(InsertPosition::AfterEnd,
-                            "<span id=\"" + std::string(kScratchId) + "\">$$</span>" + source);
+    span.InsertAdjacentHTML(InsertPosition::AfterEnd, "<span id=\"" + std::string(kScratchId) +
+                                                          "\">$$</span>" + kept.Keep(source));
     // A span inside one that is gone already has nothing left to stand for.
     if (const auto scratch = document.All(kScratchId)) scratch->SetOuterHTML("");
     span.SetOuterHTML("");

@@ -12,6 +12,8 @@
 
 namespace paperkite {
 
+class KeptElements;
+
 /// Brings a page layout into the form in which an author edits it, and back.
 ///
 /// A layout's variable places are comments, which no author can see or click. In the span document
@@ -75,8 +77,8 @@ public:
 private:
     Ref<ParserTemplate> CreateParserTemplate(const std::string& HTML);
     void FindExcludedElements();
-    void ReplaceSpans(HTMLDocument& document);
-    void ReplaceSpan(HTMLDocument& document, HTMLElement& span);
+    void ReplaceSpans(HTMLDocument& document, KeptElements& kept);
+    void ReplaceSpan(HTMLDocument& document, HTMLElement& span, KeptElements& kept);
     void NameGenerator(HTMLDocument& document);
 
     InstanceCount mInstanceCount{"MetaDocumentEdit", ComponentType::Control};

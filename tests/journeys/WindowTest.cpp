@@ -17,6 +17,8 @@ namespace paperkite::test {
 WindowTest::WindowTest() : mBefore(CurrentServices()) {
     const auto helper = InstallHeadlessServices(PAPERKITE_SOURCE_DIR);
     InstallDesktopServices(*helper);
+    // Without a page the lists come first; tests of pages load the templates themselves.
+    GlobalConfig().Templates.Clear();
     CurrentServices().Registry = std::make_shared<SettingsRegistry>(mFolder / "settings/user.ini",
                                                                     mFolder / "settings/all.ini");
     GlobalConfig().ProjectViewOptions = {};

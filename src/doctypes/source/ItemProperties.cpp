@@ -13,13 +13,6 @@ constexpr const char* kMembers[] = {
     "Name", "QualifiedName", "Access",      "Kind",     "Language", "Signature",        "Type",
     "File", "Line",          "Description", "Inherits", "Overload", "TaggedDescription"};
 
-/// Parameters lack some of what the other items have.
-std::string TextOf(const Object& item, const char* member) {
-    std::string text;
-    Ignoring([&] { text = item.Get(member).ToText(); });
-    return text;
-}
-
 } // namespace
 
 std::string PropertyOf(const Object& item, const std::string& name) {
@@ -27,9 +20,9 @@ std::string PropertyOf(const Object& item, const std::string& name) {
     if (EqualIgnoringCase(wanted.substr(0, kItem.size()), kItem))
         wanted.remove_prefix(kItem.size());
     if (EqualIgnoringCase(wanted, "caption"))
-        return TextOf(item, "Name") + TextOf(item, "Overload");
+        return item.Get("Name").ToText() + item.Get("Overload").ToText();
     for (const char* member : kMembers)
-        if (EqualIgnoringCase(wanted, member)) return TextOf(item, member);
+        if (EqualIgnoringCase(wanted, member)) return item.Get(member).ToText();
     return {};
 }
 

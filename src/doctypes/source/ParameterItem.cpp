@@ -17,6 +17,8 @@ struct ParameterItemMembers {
             {"Type", [](const P& p) { return Value(p.mParameter.Type); }},
             {"Default", [](const P& p) { return Value(p.mParameter.Default); }},
             {"Signature", [](const P&) { return Value(""); }},
+            {"Inherits", [](const P&) { return Value(""); }},
+            {"Overload", [](const P&) { return Value(""); }},
             {"Description", [](const P&) { return Value(""); }},
             {"Language", [](const P& p) { return p.mCallable->Get("Language"); }},
             {"File", [](const P& p) { return p.mCallable->Get("File"); }},

@@ -9,8 +9,8 @@ namespace paperkite {
 /// A parameter of a callable, with comments of its own. No tree shows it and no coverage counts it.
 ///
 /// Members by name: Name, QualifiedName, Access, Kind ("Parameter"), Language, Type, Default,
-/// Signature, File, Line, Description, TaggedDescription, Examples, TaggedComments, Parent (the
-/// callable), RootFlag, IncludeFlag, ExcludeFlag.
+/// Signature, Inherits, Overload (empty), File, Line, Description, TaggedDescription, Examples,
+/// TaggedComments, Parent (the callable), RootFlag, IncludeFlag, ExcludeFlag.
 class ParameterItem : public Object {
 public:
     ParameterItem(Ref<SourceItem> callable, std::size_t position, std::string qualifiedName);

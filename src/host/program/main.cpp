@@ -1,6 +1,7 @@
 #include "host/CommandLine.h"
 #include "host/HeadlessServices.h"
 #include "host/window/WindowProgram.h"
+#include "platform/qt/WebLibrary.h"
 
 #include <QApplication>
 
@@ -31,6 +32,7 @@ int Run(int argc, char** argv) {
     // Only commands with a window cost the window system.
     std::unique_ptr<QApplication> application;
     const auto start = [&]() -> QApplication& {
+        WebLibrary::PrepareApplication();
         application = std::make_unique<QApplication>(argc, argv);
         QApplication::setApplicationName("Paperkite");
         return *application;

@@ -1,8 +1,13 @@
 #include "host/window/DesktopServices.h"
 
+#include "designers/DesignerFactory.h"
+#include "foundation/GlobalConfig.h"
 #include "foundation/Services.h"
+#include "host/HeadlessServices.h"
+#include "host/StateFolder.h"
 #include "model/ModelControlHelper.h"
 #include "platform/qt/MessageBoxService.h"
+#include "platform/qt/TextMeasureService.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -79,7 +84,13 @@ void InstallDesktopServices(ModelControlHelper& helper) {
     services.Screen = std::make_shared<DesktopScreen>();
     services.Shell = std::make_shared<DesktopShell>();
     services.CreateFolderBrowser = [] { return std::make_shared<DesktopFolderBrowser>(); };
+    services.TextMeasure = std::make_shared<TextMeasureService>();
+    services.CreateDesigner = [](const std::string& progID) { return MakeDesigner(progID); };
     services.RunPendingEvents = [] { QApplication::processEvents(); };
+    GlobalConfig().ApplicationDataFolder = StateFolder();
+    // Who writes remarks goes on writing remarks on the next item.
+    GlobalConfig().KeepLastCommentTab = true;
+    LoadPageTemplates();
     helper.SetSystemClipboard = [](const std::string& text) {
         QApplication::clipboard()->setText(QString::fromStdString(text));
     };

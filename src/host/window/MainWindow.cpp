@@ -1,5 +1,6 @@
 #include "host/window/MainWindow.h"
 
+#include "host/CommentHistory.h"
 #include "host/window/BackgroundReading.h"
 #include "host/window/CoverageStatus.h"
 #include "host/window/SafeKeeping.h"

@@ -22,6 +22,7 @@ class QStackedWidget;
 namespace paperkite {
 
 class BackgroundReading;
+class CommentHistory;
 class CoverageStatus;
 class HomelessStatus;
 class ProjectLock;
@@ -134,6 +135,12 @@ private:
     void ShowSource(const Ref<Object>& item);
     void NoteKeyInTree();
     void CommentsChanged(const Ref<Object>& item);
+    /// Before the author writes: what the open item and its page hold now is what one gets back.
+    void NoteChangeable();
+    void Undo();
+    void Redo();
+    void AfterHistory(const std::vector<std::string>& items);
+    void ShowHistory();
     /// What a screen reader says of a row: "documented", "private".
     std::string StateOf(const TreeNode& node) const;
     void NextSibling();
@@ -164,6 +171,7 @@ private:
     RecentProjects mRecent;
     std::unique_ptr<Workspace> mWorkspace;
     std::unique_ptr<SafeKeeping> mKeeping;
+    std::unique_ptr<CommentHistory> mHistory;
     /// Files that somebody else changed and the author did not want to merge yet.
     std::vector<std::string> mNotMerged;
     bool mLooking = false;

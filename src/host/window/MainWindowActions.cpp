@@ -75,6 +75,9 @@ void MainWindow::FillRecentMenu() {
 
 void MainWindow::MakeEditMenu() {
     QMenu& menu = *menuBar()->addMenu(tr("&Edit"));
+    AddAction(menu, "Undo", tr("&Undo"), "edit-undo", QKeySequence::Undo, &MainWindow::Undo);
+    AddAction(menu, "Redo", tr("&Redo"), "edit-redo", QKeySequence::Redo, &MainWindow::Redo);
+    menu.addSeparator();
     AddAction(menu, "CopyComments", tr("&Copy the Item's Comments"), "edit-copy",
               QKeySequence("Ctrl+Shift+C"), &MainWindow::CopyComments);
     AddAction(menu, "PasteComments", tr("&Paste Comments to the Item"), "edit-paste",
@@ -163,6 +166,7 @@ void MainWindow::MakeToolbar() {
 
 void MainWindow::UpdateActions() {
     const bool open = mWorkspace != nullptr;
+    ShowHistory();
     for (const char* name :
          {"FindItem", "ResolveConflicts", "Save", "SaveAs", "Rescan", "Properties", "Close",
           "NextSibling", "PreviousSibling", "NextUndocumented", "PreviousUndocumented"})

@@ -1,5 +1,6 @@
 #include "host/window/MainWindow.h"
 
+#include "host/CommentHistory.h"
 #include "host/window/CoverageStatus.h"
 #include "host/window/HomelessDialog.h"
 #include "host/window/HomelessStatus.h"
@@ -34,17 +35,26 @@ void MainWindow::CountHomeless() {
 void MainWindow::ShowHomeless() {
     if (mHomelessCount == 0) return;
     HomelessWork work(*mWorkspace, mKeeping ? &mKeeping->GetWork() : nullptr);
+    const Connection begins =
+        work.Events.Changing.Connect([this](const std::vector<std::string>& items) {
+            mHistory->BeginStep("Moving Homeless Comments");
+            for (const std::string& item : items)
+                mHistory->ItemShown(item);
+        });
     const Connection changes =
         work.Events.Changed.Connect([this](const std::string& item) { NoteHomelessChange(item); });
     HomelessDialog dialog(work, this);
     dialog.Choose(mLastHomeless);
     dialog.exec();
+    mHistory->EndStep();
+    ShowHistory();
     CountHomeless();
     mLastHomeless = dialog.GetChosen();
     if (!dialog.GetDestination().empty()) GoTo(dialog.GetDestination());
 }
 
 void MainWindow::NoteHomelessChange(const std::string& item) {
+    mHistory->ItemChanged(item);
     const auto& session = mWorkspace->GetSession();
     // Coverage knows nothing of items that are gone.
     if (session.GetProvider()->Exists(item))

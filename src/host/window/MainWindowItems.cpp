@@ -1,6 +1,8 @@
 #include "host/window/MainWindow.h"
 
 #include "foundation/Text.h"
+#include "foundation/Utilities.h"
+#include "host/CommentHistory.h"
 #include "host/window/CoverageStatus.h"
 #include "host/window/SafeKeeping.h"
 
@@ -42,7 +44,7 @@ void MainWindow::ShowItem(const Ref<TreeNode>& node) {
     mSourcePane->SetVisible(static_cast<bool>(item));
     if (item) ShowSource(item);
     const std::string name = node->GetKey();
-    if (item && mKeeping) mKeeping->GetWork().ItemShown(name);
+    NoteChangeable();
     mPath->setText(item ? QString::fromStdString(ReplaceAll(name, "~", " ~ "))
                         : QString::fromStdString(node->GetText()));
     mPath->setToolTip(mPath->text());
@@ -68,9 +70,60 @@ void MainWindow::CommentsChanged(const Ref<Object>& item) {
     project->SetDirty(true);
     const std::string name = item->Get("QualifiedName").ToText();
     if (mKeeping) mKeeping->GetWork().ItemChanged(name);
+    mHistory->ItemChanged(name);
+    ShowHistory();
     const bool documented = project->GetComments()->IsDocumented(name);
     mCoverage->SetDocumented(name, documented);
     ShowTitle();
+}
+
+// An author may write on whatever has a place on the page: members, parameters.
+void MainWindow::NoteChangeable() {
+    const auto& editor = mWorkspace->GetEditor().cEditor;
+    const auto item = editor.GetCurrentCodeElement();
+    if (!item) return;
+    std::vector<std::string> names{item->Get("QualifiedName").ToText()};
+    const auto& page = editor.InPlaceEditor->GetEditControl();
+    if (page->GetDocument())
+        for (const auto& place : page->GetPlaces())
+            names.push_back(ReplaceAll(Utilities::Token(place->GetId(), "|", 2), "%7C", "|"));
+    mHistory->ItemsShown(names);
+    if (!mKeeping) return;
+    for (const std::string& name : names)
+        mKeeping->GetWork().ItemShown(name);
+}
+
+void MainWindow::Undo() {
+    AfterHistory(mHistory->Undo());
+}
+
+void MainWindow::Redo() {
+    AfterHistory(mHistory->Redo());
+}
+
+void MainWindow::AfterHistory(const std::vector<std::string>& items) {
+    const auto& comments = mWorkspace->GetSession().GetProject()->GetComments();
+    for (const std::string& name : items) {
+        if (mKeeping) mKeeping->GetWork().ItemChanged(name);
+        mCoverage->SetDocumented(name, comments->IsDocumented(name));
+    }
+    ShowTitle();
+    ShowHistory();
+    CountHomeless();
+    // What was taken back is to be seen.
+    const auto current = mWorkspace->GetEditor().cEditor.GetCurrentCodeElement();
+    if (items.size() == 1 && (!current || current->Get("QualifiedName").ToText() != items.front()))
+        mWorkspace->Select(items.front());
+}
+
+void MainWindow::ShowHistory() {
+    const auto show = [this](const char* name, const QString& text, const std::string& caption) {
+        QAction* action = GetAction(name);
+        action->setEnabled(!caption.empty());
+        action->setText(caption.empty() ? text : text + ' ' + QString::fromStdString(caption));
+    };
+    show("Undo", tr("&Undo"), mHistory ? mHistory->UndoCaption() : std::string());
+    show("Redo", tr("&Redo"), mHistory ? mHistory->RedoCaption() : std::string());
 }
 
 std::string MainWindow::StateOf(const TreeNode& node) const {

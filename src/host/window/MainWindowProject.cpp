@@ -1,5 +1,6 @@
 #include "host/window/MainWindow.h"
 
+#include "host/CommentHistory.h"
 #include "host/window/BackgroundReading.h"
 #include "host/window/CoverageStatus.h"
 #include "host/window/NewProjectDialog.h"
@@ -97,6 +98,7 @@ void MainWindow::ShowProject(std::unique_ptr<ProjectSession> session,
                              std::unique_ptr<RunningReading> rest) {
     HideProject();
     mWorkspace = std::make_unique<Workspace>(std::move(session));
+    mHistory = std::make_unique<CommentHistory>(*mWorkspace);
     ProjectEditor& editor = mWorkspace->GetEditor();
     editor.SetUserMode(true);
     TreeItemModel::SetStateText([this](const TreeNode& node) { return StateOf(node); });
@@ -162,6 +164,7 @@ void MainWindow::HideProject() {
     mSourcePane = nullptr;
     mNoItem = nullptr;
     mFinder = nullptr;
+    mHistory.reset();
     mWorkspace.reset();
     mPath->clear();
     ShowTitle();
@@ -189,6 +192,11 @@ void MainWindow::ConnectEditor() {
         [this](const auto& item, const auto&, const auto&) { CommentsChanged(item); }));
     keep(editor.Events.TaggedCommentChanged.Connect(
         [this](const auto& item, const auto&, const auto&) { CommentsChanged(item); }));
+    keep(editor.cEditor.InPlaceEditor->Events.DocumentComplete.Connect([this] {
+        NoteChangeable();
+        // The page itself leaves this to whoever shows it.
+        mWorkspace->GetEditor().cEditor.InPlaceEditor->GetEditControl()->SetSpellAsYouType(true);
+    }));
     keep(editor.Events.PropertiesRequested.Connect([this] { ShowProperties(); }));
     keep(mWorkspace->GetSession().GetProject()->Document.DirtyStateChanged.Connect(
         [this](bool) { ShowTitle(); }));

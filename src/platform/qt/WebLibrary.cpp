@@ -5,6 +5,8 @@
 #include <QFileInfo>
 #include <QLibrary>
 
+#include <unistd.h>
+
 namespace paperkite {
 
 namespace {
@@ -27,8 +29,22 @@ Loading& State() {
     return state;
 }
 
+constexpr const char* kNoSandbox = "QTWEBENGINE_DISABLE_SANDBOX";
+
+// The engine ends the whole program when the sandbox that it works in refuses this user.
+bool IsRefused() {
+    return geteuid() == 0 && qEnvironmentVariableIntValue(kNoSandbox) == 0;
+}
+
 void Load() {
     Loading& state = State();
+    if (IsRefused()) {
+        state.Problem = QStringLiteral("Pages are not shown to the user root, whom the web engine "
+                                       "does not protect. Work as another user, or set %1=1 "
+                                       "before the program starts. All other editors work.")
+                            .arg(kNoSandbox);
+        return;
+    }
     QString reason = QStringLiteral("it is not beside the program");
     for (const QString& place : Places()) {
         if (!QFileInfo::exists(place)) continue;
