@@ -2,6 +2,7 @@
 
 #include "foundation/GlobalConfig.h"
 #include "foundation/Services.h"
+#include "foundation/Text.h"
 #include "model/CommentPipeModel.h"
 #include "model/ConfigurationReader.h"
 #include "model/PageTemplateDocument.h"
@@ -56,10 +57,17 @@ std::shared_ptr<ModelControlHelper> InstallHeadlessServices(const std::string& a
 }
 
 void LoadPageTemplates() {
-    GlobalConfig().Templates.Clear();
-    for (const FileProblem& problem : PageTemplateDocument::OpenAll(
-             CurrentServices().ApplicationFolder + "/templates", GlobalConfig().Templates))
+    Collection<Ref<PageTemplate>> found;
+    for (const FileProblem& problem :
+         PageTemplateDocument::OpenAll(CurrentServices().ApplicationFolder + "/templates", found))
         std::cerr << problem.Message() << '\n';
+    auto& templates = GlobalConfig().Templates;
+    templates.Clear();
+    // Where nobody chose a template the first one counts.
+    for (const bool isStandard : {true, false})
+        for (const auto& known : found)
+            if (EqualIgnoringCase(known->Name, kStandardTemplate) == isStandard)
+                templates.Add(known, known->Name);
 }
 
 } // namespace paperkite

@@ -13,8 +13,12 @@ namespace paperkite {
 /// it afterwards. Also reads the configuration; what is wrong with it is told on the error stream.
 std::shared_ptr<ModelControlHelper> InstallHeadlessServices(const std::string& applicationFolder);
 
-/// Opens the page templates of the program, for whoever shows pages: the editors offer a page
-/// wherever there is a template. What is wrong with one is told on the error stream.
+/// The page template where nobody chose one.
+inline constexpr const char* kStandardTemplate = "Modern";
+
+/// Opens the page templates of the program, the standard one first, for whoever shows pages: the
+/// editors offer a page wherever there is a template. What is wrong with one is told on the error
+/// stream.
 void LoadPageTemplates();
 
 /// How many messages were written to the error stream in place of a message box: where there were

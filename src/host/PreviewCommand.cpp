@@ -2,6 +2,7 @@
 
 #include "foundation/Services.h"
 #include "foundation/Text.h"
+#include "host/HeadlessServices.h"
 #include "model/PageTemplateDocument.h"
 #include "model/SafeFile.h"
 #include "model/TemplateParser.h"
@@ -14,8 +15,6 @@ namespace paperkite {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr const char* kStandardTemplate = "Modern";
 
 /// The template of a folder; nothing, and said why, when it is none.
 Ref<PageTemplateDocument> OpenFolder(const std::string& folder, Output& output) {

@@ -116,6 +116,28 @@ TEST_F(CommandsTest, TabBehindTheLastCellAddsARowAndEscapeLetsTabLeave) {
     })) << mLog.Typed;
 }
 
+TEST_F(CommandsTest, PagesFollowTheSchemeOfTheProgram) {
+    WebColours colours{false,         Qt::white, Qt::black,   Qt::gray,
+                       Qt::lightGray, Qt::blue,  Qt::darkBlue};
+    const auto hasGround = [&](const QColor& colour) {
+        return Wait([&] { return mSurface->grab().toImage().pixelColor(300, 300) == colour; });
+    };
+    WebPage page;
+    page.Html = "<html><head><style>body { background: #ffeedd; }"
+                "@media screen and (prefers-color-scheme: dark) { body { background: #102030; } }"
+                "</style></head><body></body></html>";
+    Load(page);
+    EXPECT_TRUE(hasGround(QColor(0xff, 0xee, 0xdd)));
+    colours.Dark = true;
+    mSurface->SetColours(colours);
+    EXPECT_TRUE(hasGround(QColor(0x10, 0x20, 0x30)));
+    Load(page);
+    EXPECT_TRUE(hasGround(QColor(0x10, 0x20, 0x30)));
+    colours.Dark = false;
+    mSurface->SetColours(colours);
+    EXPECT_TRUE(hasGround(QColor(0xff, 0xee, 0xdd)));
+}
+
 TEST_F(CommandsTest, TheSelectionTellsWhatIsInForce) {
     Load({"<p><b>bold</b></p><p><a href=\"there\">link</a></p>"});
     Focus();

@@ -27,6 +27,7 @@ namespace paperkite {
 namespace {
 
 constexpr const char* kWindowPath = "Window";
+constexpr const char* kTemplateSetting = "PageTemplate";
 constexpr int kFirstWidth = 1280;
 constexpr int kFirstHeight = 800;
 constexpr int kLargest = 8192;
@@ -153,6 +154,21 @@ void MainWindow::ScaleText(int change) {
 
 void MainWindow::SetScheme(ColourScheme scheme) {
     mTheme.SetScheme(scheme);
+}
+
+void MainWindow::SetTemplate(const Ref<PageTemplate>& value) {
+    mWorkspace->GetEditor().cEditor.SetInPlaceTemplate(value);
+    Ignoring([&] { SetAppValue(kTemplateSetting, Value(value->Name), kWindowPath); });
+}
+
+void MainWindow::RestoreTemplate() {
+    std::string name;
+    Ignoring([&] {
+        name = GetAppValue(kTemplateSetting, Value(""), kConvertToText, kWindowPath).ToText();
+    });
+    const auto& templates = GlobalConfig().Templates;
+    if (templates.Contains(name))
+        mWorkspace->GetEditor().cEditor.SetInPlaceTemplate(templates.Item(name));
 }
 
 void MainWindow::RestoreAppearance() {

@@ -78,6 +78,10 @@ private:
     QAction* AddAction(QMenu& menu, const char* name, const QString& text, const char* icon,
                        const QKeySequence& key, void (MainWindow::*slot)());
     void AddTreeOption(QMenu& menu, const char* command, const QString& text);
+    void FillTemplateMenu();
+    void SetTemplate(const Ref<PageTemplate>& value);
+    /// The template that the author chose last, if it is there.
+    void RestoreTemplate();
     void AddScheme(QMenu& menu, QActionGroup& group, const QString& text, ColourScheme scheme);
     void FillRecentMenu();
     void UpdateActions();
@@ -182,6 +186,7 @@ private:
     QStackedWidget* mPages;
     QWidget* mAuthoring = nullptr;
     QMenu* mRecentMenu = nullptr;
+    QMenu* mTemplateMenu = nullptr;
     QLabel* mRecentLinks = nullptr;
     QLabel* mPath;
     QLabel* mModified;

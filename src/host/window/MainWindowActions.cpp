@@ -1,5 +1,6 @@
 #include "host/window/MainWindow.h"
 
+#include "foundation/GlobalConfig.h"
 #include "platform/qt/Icons.h"
 
 #include <QActionGroup>
@@ -114,6 +115,8 @@ void MainWindow::MakeViewMenu() {
     AddTreeOption(menu, "Grouped", tr("&Group Members"));
     AddTreeOption(menu, "AutoExpand", tr("&Expand Items When Clicked"));
     menu.addSeparator();
+    mTemplateMenu = menu.addMenu(tr("Page &Template"));
+    connect(mTemplateMenu, &QMenu::aboutToShow, this, [this] { FillTemplateMenu(); });
     QMenu& colours = *menu.addMenu(tr("&Colours"));
     auto* group = new QActionGroup(this);
     AddScheme(colours, *group, tr("As the &System"), ColourScheme::System);
@@ -123,6 +126,21 @@ void MainWindow::MakeViewMenu() {
               &MainWindow::LargerText);
     AddAction(menu, "SmallerText", tr("&Smaller Text"), "zoom-out", QKeySequence::ZoomOut,
               &MainWindow::SmallerText);
+}
+
+void MainWindow::FillTemplateMenu() {
+    mTemplateMenu->clear();
+    const auto present =
+        mWorkspace ? mWorkspace->GetEditor().cEditor.GetInPlaceTemplate() : Ref<PageTemplate>();
+    for (const auto& known : GlobalConfig().Templates) {
+        QAction* action = mTemplateMenu->addAction(QString::fromStdString(known->Name));
+        action->setCheckable(true);
+        action->setChecked(known == present);
+        action->setEnabled(mWorkspace != nullptr);
+        connect(action, &QAction::triggered, this, [this, known] { SetTemplate(known); });
+    }
+    if (mTemplateMenu->isEmpty())
+        mTemplateMenu->addAction(tr("The program has no page template"))->setEnabled(false);
 }
 
 // The tree's own toolbar has buttons for the siblings; a key may belong to one action only, and the

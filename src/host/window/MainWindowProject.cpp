@@ -101,6 +101,7 @@ void MainWindow::ShowProject(std::unique_ptr<ProjectSession> session,
     mHistory = std::make_unique<CommentHistory>(*mWorkspace);
     ProjectEditor& editor = mWorkspace->GetEditor();
     editor.SetUserMode(true);
+    RestoreTemplate();
     TreeItemModel::SetStateText([this](const TreeNode& node) { return StateOf(node); });
     ConnectEditor();
     mSourcePane = MakeRef<SourcePane>("sourcePane");

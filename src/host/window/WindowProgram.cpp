@@ -6,20 +6,44 @@
 #include "host/window/DesktopServices.h"
 #include "host/window/MainWindow.h"
 #include "host/window/PictureSettings.h"
+#include "platform/qt/HtmlEditView.h"
+#include "platform/qt/WebLibrary.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <iostream>
 
 namespace paperkite {
 
 namespace {
 
-void LetWindowSettle() {
+constexpr int kPageMilliseconds = 20000;
+constexpr int kPaintMilliseconds = 700;
+
+bool ArePagesReady(const QWidget& window) {
+    const auto children = window.findChildren<QWidget*>();
+    return std::all_of(children.begin(), children.end(), [](const QWidget* child) {
+        const auto* page = dynamic_cast<const HtmlEditView*>(child);
+        return !page || !page->isVisible() || page->IsReady() || !page->GetNotice().isEmpty();
+    });
+}
+
+void LetWindowSettle(const QWidget& window) {
     // Sizes are reported back and forth until nothing changes any more.
     for (int round = 0; round < 5; ++round)
         QApplication::processEvents();
+    if (!WebLibrary::IsLoaded()) return;
+    QElapsedTimer waited;
+    waited.start();
+    while (!ArePagesReady(window) && waited.elapsed() < kPageMilliseconds)
+        QApplication::processEvents(QEventLoop::AllEvents, 50);
+    // The engine paints in a process of its own, and does not say when.
+    waited.start();
+    while (waited.elapsed() < kPaintMilliseconds)
+        QApplication::processEvents(QEventLoop::AllEvents, 50);
 }
 
 /// Without a screen, Qt warns about what a picture does not need.
@@ -73,9 +97,9 @@ int WriteScreenshot(QApplication& application, ModelControlHelper& helper,
     window.resize(request.Width, request.Height);
     window.show();
     window.Present(std::move(opened.Session));
-    LetWindowSettle();
+    LetWindowSettle(window);
     if (!request.Item.empty() && !SelectForPicture(window, request.Item)) return kExitBadInput;
-    LetWindowSettle();
+    LetWindowSettle(window);
     if (!window.grab().save(QString::fromStdString(request.Out), "PNG")) {
         std::cerr << "The picture cannot be written to " << request.Out
                   << ". Name a file in a folder that can be written to.\n";

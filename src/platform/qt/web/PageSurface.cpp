@@ -287,7 +287,8 @@ void PageSurface::Select(int place, int start, int length) {
 QJsonObject PageSurface::ColourTexts() const {
     return {{"base", mColours.Base.name()},       {"text", mColours.Text.name()},
             {"quiet", mColours.QuietText.name()}, {"lines", mColours.Lines.name()},
-            {"link", mColours.Link.name()},       {"highlight", mColours.Highlight.name()}};
+            {"link", mColours.Link.name()},       {"highlight", mColours.Highlight.name()},
+            {"dark", mColours.Dark ? "1" : "0"}};
 }
 
 void PageSurface::SetColours(const WebColours& colours) {

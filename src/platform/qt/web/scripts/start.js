@@ -19,6 +19,35 @@ body[data-kite-place]:focus { outline: none; }
 kite.setColours = function (colours) {
     for (const [name, value] of Object.entries(colours))
         document.documentElement.style.setProperty('--kite-' + name, value);
+    kite.setScheme(colours.dark === '1');
+};
+
+// The engine takes its scheme from the system once; the program's may be another one and changes.
+kite.setScheme = function (dark) {
+    document.documentElement.style.colorScheme = dark ? 'dark' : 'light';
+    for (const sheet of document.styleSheets) {
+        try {
+            kite.setSchemeOf(sheet.cssRules, dark);
+        } catch (refused) {
+            // A sheet from a file of its own cannot be looked into.
+        }
+    }
+};
+
+kite.schemeTexts = new WeakMap();
+kite.setSchemeOf = function (rules, dark) {
+    const always = '(min-width: 0px)';
+    const never = '(max-width: 0px)';
+    for (const rule of rules) {
+        if (rule.cssRules) kite.setSchemeOf(rule.cssRules, dark);
+        if (!rule.media) continue;
+        const text = kite.schemeTexts.get(rule) || rule.media.mediaText;
+        if (!text.includes('prefers-color-scheme')) continue;
+        kite.schemeTexts.set(rule, text);
+        rule.media.mediaText = text
+            .replace(/\(prefers-color-scheme: dark\)/g, dark ? always : never)
+            .replace(/\(prefers-color-scheme: light\)/g, dark ? never : always);
+    }
 };
 
 kite.mark = function (place, index) {
