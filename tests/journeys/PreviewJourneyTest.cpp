@@ -125,7 +125,7 @@ TEST_F(PreviewJourneyTest, ForEditingEveryPlaceIsMarkedInAnElementThatMayHoldBlo
 }
 
 TEST_F(PreviewJourneyTest, AnotherLayoutIsChosenByItsName) {
-    const std::string page = Preview("Dog", {"--layout", "All Members of a Class"});
+    const std::string page = Preview("Dog", {"--layout", "allmembers.html"});
     EXPECT_TRUE(Contains(page, "<h2>All Members</h2>")) << page;
     EXPECT_TRUE(Contains(page, "<code>Bark</code></td><td class=\"text\">Method</td>")) << page;
     ExpectNoBrokenLink(page, "/nowhere");
@@ -141,8 +141,8 @@ TEST_F(PreviewJourneyTest, WhatIsNotThereIsNamedWithWhatThereIs) {
     EXPECT_EQ(refused({"Dog", "--template", "Moderm"}),
               "There is no template \"Moderm\". There are Classic, Modern.\n");
     EXPECT_EQ(refused({"Dog", "--layout", "Clas"}),
-              "The template \"Modern\" has no layout \"Clas\". For this item it has \"Class\" and "
-              "\"All Members of a Class\".\n");
+              "The template \"Modern\" has no layout \"Clas\". For this item it has "
+              "\"type.html\" and \"allmembers.html\".\n");
     EXPECT_TRUE(Contains(refused({"Dog", "--template", mFolder / "none"}), "template.xml"));
     EXPECT_EQ(refused({"animals", "--template", Template("x")}),
               "The template \"Own\" has no layout for kite.source:Namespace.\n");

@@ -174,6 +174,8 @@ void HtmlEditView::PageReady() {
 
 void HtmlEditView::PageLost(WebLoss) {
     mReady = false;
+    // Nothing is selected any more, and no tool can do anything.
+    mEdit->UserSelection({}, {}, {}, {}, {}, {});
     if (++mLosses > kMostLosses) {
         Notice(tr("The page has ended several times and is not shown any more. What was written "
                   "is kept; choose the item again to try once more."));

@@ -2,13 +2,13 @@
 // Brings a page to life: fills its places, listens, and ties itself to the program.
 
 kite.style = `
-[data-kite-place] { display: block; min-height: 1.3em; border-radius: 3px;
+:where([data-kite-place]) { display: block; min-height: 1.3em; border-radius: 3px;
     outline: 1px dashed var(--kite-lines); outline-offset: 2px; cursor: text;
     overflow-wrap: break-word; }
 td[data-kite-place], th[data-kite-place] { display: table-cell; }
 body[data-kite-place] { outline: none; min-height: calc(100vh - 16px); }
-[data-kite-place]:hover { outline-color: var(--kite-highlight); }
-[data-kite-place]:focus { outline: 2px solid var(--kite-highlight); }
+:where([data-kite-place]):hover { outline-color: var(--kite-highlight); }
+:where([data-kite-place]):focus { outline: 2px solid var(--kite-highlight); }
 body[data-kite-place]:focus { outline: none; }
 [data-kite-empty]::before { content: attr(data-placeholder); color: var(--kite-quiet);
     position: absolute; pointer-events: none; }

@@ -1,0 +1,77 @@
+#include "journeys/PageTest.h"
+
+#include "host/HeadlessServices.h"
+
+#include <QEventLoop>
+#include <QTest>
+#include <QTimer>
+
+#include <stdexcept>
+
+namespace paperkite::test {
+
+PageTest::PageTest() {
+    LoadPageTemplates();
+}
+
+HtmlEditView& PageTest::Page() const {
+    for (auto* widget : mWindow->findChildren<QWidget*>())
+        if (auto* page = dynamic_cast<HtmlEditView*>(widget); page && page->isVisible())
+            return *page;
+    throw std::logic_error("The window shows no page");
+}
+
+void PageTest::OpenPage(const std::string& item) {
+    ClickItem(item);
+    WaitForPage();
+}
+
+void PageTest::WaitForPage() {
+    ASSERT_TRUE(Wait([&] { return Page().IsReady(); })) << Page().GetNotice().toStdString();
+}
+
+void PageTest::TypeOnPage(const std::string& text) {
+    mWindow->activateWindow();
+    Page().GetSurface()->FocusText();
+    // The page says so when the caret stands in a place.
+    const auto& edit = Editor().InPlaceEditor->GetEditControl();
+    ASSERT_TRUE(Wait([&] { return edit->IsCommandEnabled("bold"); }));
+    for (const char letter : text)
+        QTest::keyClick(Page().GetSurface()->InputWidget(), letter);
+}
+
+void PageTest::PressOnPage(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    QTest::keyClick(Page().GetSurface()->InputWidget(), key, modifiers);
+}
+
+bool PageTest::Wait(const std::function<bool()>& done) {
+    QEventLoop loop;
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, &loop, [&] {
+        if (done()) loop.quit();
+    });
+    QTimer::singleShot(10000, &loop, &QEventLoop::quit);
+    look.start(1);
+    if (!done()) loop.exec();
+    return done();
+}
+
+void PageTest::ChooseTab(const std::string& key) {
+    for (const auto& group : Editor().eb->GetGroups())
+        for (const auto& item : *group)
+            if (item->GetKey() == key) {
+                Editor().eb->UserClick(item);
+                Settle();
+                return;
+            }
+    FAIL() << "The bar has no tab " << key;
+}
+
+std::string PageTest::Places() const {
+    std::string texts;
+    for (const auto& place : Editor().InPlaceEditor->GetEditControl()->GetPlaces())
+        texts += place->GetId() + "=" + place->GetInnerHTML() + ";";
+    return texts;
+}
+
+} // namespace paperkite::test
