@@ -148,6 +148,8 @@ TEST_F(PageJourneyTest, AnEngineThatIsKilledWhileTypingLosesNothingAndComesBack)
     EXPECT_EQ(TextOf(kDog, "##"), "Barks;");
     WaitForPage();
     EXPECT_NE(Page().GetNotice().indexOf("started again"), -1);
+    TypeOnPage("");
+    PressOnPage(Qt::Key_End);
     TypeOnPage(" again");
     EXPECT_TRUE(Wait([&] { return TextOf(kDog, "##") == "Barks again;"; })) << TextOf(kDog, "##");
 }
