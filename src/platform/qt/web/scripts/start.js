@@ -10,8 +10,9 @@ body[data-kite-place] { outline: none; min-height: calc(100vh - 16px); }
 :where([data-kite-place]):hover { outline-color: var(--kite-highlight); }
 :where([data-kite-place]):focus { outline: 2px solid var(--kite-highlight); }
 body[data-kite-place]:focus { outline: none; }
+/* Floats are laid out with their place alone; absolute boxes would all be with every key. */
 [data-kite-empty]::before { content: attr(data-placeholder); color: var(--kite-quiet);
-    position: absolute; pointer-events: none; }
+    float: left; height: 0; pointer-events: none; }
 [data-kite-place] table:not([border]) td, [data-kite-place] table:not([border]) th {
     min-width: 2em; outline: 1px dotted var(--kite-lines); }
 `;
