@@ -262,7 +262,7 @@ void PageSurface::Run(const QString& command, const QStringList& arguments) {
         return mPage->triggerAction(*action);
     const QString list = QString::fromUtf8(
         QJsonDocument(QJsonArray::fromStringList(arguments)).toJson(QJsonDocument::Compact));
-    WhenReady(QStringLiteral("kite.run(%1, %2)").arg(Quoted(command), list));
+    WhenReady(QStringLiteral("kite.runBehind(%1, %2, %3)").arg(mKeys).arg(Quoted(command), list));
 }
 
 void PageSurface::FocusText() {

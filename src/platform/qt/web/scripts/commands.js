@@ -112,6 +112,21 @@ kite.run = function (name, args) {
     kite.changed(place);
 };
 
+// Keys come on another way than commands, which may overtake them: one that was pressed before a
+// command is waited for. The engine keeps some keys to itself, so that the wait is a short one.
+kite.pendingRuns = 0;
+kite.runBehind = function (keys, name, args) {
+    if (kite.keysSeen >= keys && !kite.pendingRuns) return kite.run(name, args);
+    ++kite.pendingRuns;
+    const until = performance.now() + 100;
+    const attempt = () => {
+        if (kite.keysSeen < keys && performance.now() < until) return requestAnimationFrame(attempt);
+        --kite.pendingRuns;
+        kite.run(name, args);
+    };
+    requestAnimationFrame(attempt);
+};
+
 kite.focusText = function () {
     const last = kite.last && kite.places[kite.last.place];
     const place = last || kite.places[0];

@@ -116,7 +116,7 @@ kite.send = function () {
 };
 
 // Keys come on another way than questions, which may overtake them.
-kite.hasSeen = keys => kite.keysSeen >= keys ? 'yes' : '';
+kite.hasSeen = keys => kite.keysSeen >= keys && !kite.pendingRuns ? 'yes' : '';
 
 kite.flush = function () {
     if (kite.inFlight >= 0) kite.dirty.add(kite.inFlight);
