@@ -12,7 +12,7 @@ UnsavedWork::StoredItem UnsavedWork::SnapshotOf(const std::string& item) const {
     for (const auto& comment : *comments)
         if (comment->GetState() != kTaggedCommentTombstone)
             stored[comment->GetId()] = {comment->GetTagIdentifier(), comment->GetQualifier(),
-                                        comment->GetXMLCommentType(), comment->GetText()};
+                                        comment->GetXMLCommentType(), comment->GetWrittenText()};
     return stored;
 }
 
@@ -66,7 +66,7 @@ void UnsavedWork::AddEntries(const std::string& item, std::vector<JournalEntry>&
             const auto typed = isCurrent ? TextBeingTyped(id) : std::optional<std::string>();
             const StoredComment now{comment->GetTagIdentifier(), comment->GetQualifier(),
                                     comment->GetXMLCommentType(),
-                                    typed ? *typed : comment->GetText()};
+                                    typed ? *typed : comment->GetWrittenText()};
             const StoredComment* stored = storedOf(id);
             present.insert(id);
             if (!isDeleted && stored && *stored == now) continue;
