@@ -157,6 +157,9 @@ void CommentEditor::InitControl() {
             ->SetControl(MakeRef<FramePanel>("fraExplorerBar"));
         splitMain->SetFirstPane(mShowCombo ? Ref<Control>() : Ref<Control>(eb));
         zMakeFixedDesigner();
+        if (const auto engine = CurrentServices().Spelling)
+            mOptionButton =
+                engine->Events.OptionBtnClick.Connect([this] { spell_OptionBtnClick(); });
         InPlaceEditor->SetLeft(kOffScreen);
         InPlaceEditor->SetVisible(false);
         mNamespaceChanged = true;
@@ -218,6 +221,7 @@ void CommentEditor::ReloadSettings() {
 void CommentEditor::Terminate() {
     if (mTerminated) return;
     mTerminated = true;
+    mOptionButton.Disconnect();
     Procedure(*this, "Terminate", [&](Frame&) {
         NamespaceDefs = nullptr;
         CurrentRootItem = nullptr;
@@ -240,6 +244,16 @@ void CommentEditor::Terminate() {
 void CommentEditor::SetKiteProject(const Ref<KiteProject>& value) {
     mKiteProject = value;
     InPlaceEditor->SetKiteProject(value);
+}
+
+void CommentEditor::SetCommentType(CommentType value) {
+    mCommentType = value;
+    InPlaceEditor->CommentType = value;
+}
+
+void CommentEditor::SetAutoSetFocus(bool value) {
+    mAutoSetFocus = value;
+    InPlaceEditor->AutoSetFocus = value;
 }
 
 void CommentEditor::Load(const Ref<paperkite::NamespaceDef>& NamespaceDef, const Ref<Object>& Item,

@@ -132,7 +132,8 @@ public:
     // Properties
 
     CommentType GetCommentType() const { return mCommentType; }
-    void SetCommentType(CommentType value) { mCommentType = value; }
+    /// Also given to the page surface.
+    void SetCommentType(CommentType value);
     bool GetDirty() const { return mDirty; }
     /// A different value raises DirtyStateChanged.
     void SetDirty(bool value);
@@ -172,7 +173,8 @@ public:
     bool GetEditInFocus() const { return mEditInFocus; }
     void SetEditInFocus(bool value) { mEditInFocus = value; }
     bool GetAutoSetFocus() const { return mAutoSetFocus; }
-    void SetAutoSetFocus(bool value) { mAutoSetFocus = value; }
+    /// Also given to the page surface.
+    void SetAutoSetFocus(bool value);
     /// Without the explorer bar: the surfaces fill the control.
     bool GetShowCombo() const { return mShowCombo; }
     void SetShowCombo(bool value);
@@ -361,6 +363,7 @@ private:
     bool zGoToPage();
     std::vector<Ref<GroupItem>> zTabsInUse() const;
     void zCheckTabs(const Ref<Object>& PassedSpell);
+    void spell_OptionBtnClick();
 
     // Lifecycle
     void InitControl();
@@ -414,6 +417,7 @@ private:
     // The first row of each caption; rows of one tag are told apart by it in one look-up.
     std::unordered_map<std::string, std::size_t> mFirstRowOfCaption;
     std::vector<Connection> mConnections;
+    Connection mOptionButton;
 };
 
 /// Whether a comma-separated list has an entry that ends with a name; letter case ignored, only the

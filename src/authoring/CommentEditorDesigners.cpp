@@ -166,9 +166,11 @@ void CommentEditor::SetActiveDesignerText() {
 }
 
 void CommentEditor::HideActiveDesigner() {
-    if (!ActiveDesigner) return;
-    ActiveDesigner->SetActive(false);
-    ActiveDesigner->Deactivate();
+    Procedure(*this, "HideActiveDesigner", [&](Frame&) {
+        if (!ActiveDesigner) return;
+        ActiveDesigner->SetActive(false);
+        ActiveDesigner->Deactivate();
+    });
 }
 
 Ref<Object> CommentEditor::zSpellObject() const {

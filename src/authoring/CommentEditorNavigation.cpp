@@ -207,7 +207,7 @@ void CommentEditor::SetShowCombo(bool value) {
             splitMain->SetFirstPane(eb);
             splitMain->SetSecondPane(tagsContainer);
             splitMain->SetVisible(true);
-            eb->SetVisible(UserControl->GetVisible() && mCurrentCodeElement);
+            eb->SetVisible(UserControl->GetVisible());
         }
         UserControl_Resize();
     });

@@ -109,6 +109,14 @@ void CommentEditor::zCheckTabs(const Ref<Object>& PassedSpell) {
     }
 }
 
+void CommentEditor::spell_OptionBtnClick() {
+    Procedure(*this, "spell_OptionBtnClick", [&](Frame&) {
+        // The host shows its dialog; what was stored there counts from now on.
+        Events.SpellingOptionsRequested.Raise();
+        ReloadSettings();
+    });
+}
+
 void CommentEditor::SetSpellOptions(const SpellOptions& value) {
     Procedure(*this, "SetSpellOptions", [&](Frame&) {
         mSpellOptions = value;

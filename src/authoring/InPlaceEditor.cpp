@@ -2,6 +2,7 @@
 
 #include "foundation/GlobalConfig.h"
 #include "foundation/PreviewLog.h"
+#include "foundation/ScopeExit.h"
 #include "foundation/Services.h"
 #include "foundation/Text.h"
 
@@ -154,14 +155,15 @@ void InPlaceEditor::Load(const Ref<Object>& CodeElement, const std::string& Layo
         Watch watchLayout(frame, "LayoutFileName", LayoutFileName);
         const bool ForEdit = !zIsPreview();
         mCodeElement = CodeElement;
+        bool isShown = false;
+        const ScopeExit otherwiseEmpty([&] {
+            if (!isShown) zShowEmptyPage();
+        });
         if (!CreatedFiles.empty()) RemoveTempFiles();
+        if (!CodeElement) return;
         zCollectDescription(CodeElement);
         mLayoutFileName = LayoutFileName;
-        if (!mDocType) {
-            // Another element's page must not be taken for this one's.
-            if (ed->GetDocument()) ed->SetDocumentHTML({});
-            return;
-        }
+        if (!mDocType) return;
         std::string HTML = zParsePage(ForEdit);
         ed->SetDirty(false);
         ed->SetBaseURL(zBaseAddress());
@@ -175,7 +177,16 @@ void InPlaceEditor::Load(const Ref<Object>& CodeElement, const std::string& Layo
                                   "'); BACKGROUND-REPEAT: repeat-x; isStyleInternal: True "
                                   "--></STYLE>");
         ed->SetDocumentHTML(HTML);
+        isShown = true;
     });
+}
+
+// Another element's page must not be taken for this one's, and whoever waits for a page must not
+// wait for ever.
+void InPlaceEditor::zShowEmptyPage() {
+    mLoading = false;
+    if (Ignoring([this] { ed->SetDocumentHTML({}); })) return;
+    Procedure(*this, "zShowEmptyPage", [&](Frame&) { Events.DocumentComplete.Raise(); });
 }
 
 void InPlaceEditor::zCollectDescription(const Ref<Object>& element) {
@@ -278,10 +289,10 @@ void InPlaceEditor::CommitEdit() {
 void InPlaceEditor::Terminate() {
     if (std::exchange(mTerminated, true)) return;
     Procedure(*this, "Terminate", [&](Frame&) {
-        RemoveTempFiles();
         mDocType = nullptr;
         mKiteProject = nullptr;
         mCodeElement = nullptr;
+        RemoveTempFiles();
         CreatedFiles.clear();
         ed->Terminate();
         mHost = nullptr;

@@ -49,7 +49,8 @@ public:
     void Initialize(ICommentDesignerHost* Host, const std::string& AppName,
                     const std::string& BaseURL);
     /// Shows the page of an element. An empty layout name stands for the first layout that serves
-    /// the host's namespace; where none does, the page is empty.
+    /// the host's namespace; where none does, or the page cannot be made, or there is no element,
+    /// the page is empty.
     void Load(const Ref<Object>& CodeElement, const std::string& LayoutFileName);
     void CommitEdit();
     void Terminate();
@@ -94,9 +95,11 @@ private:
     std::string zBaseAddress();
     void RemoveTempFiles();
     void zDeleteScratchFile();
+    void zShowEmptyPage();
 
     // The page
     void ed_DocumentComplete();
+    void zMakePlacesEditable();
     void zMakePlaceEditable(const Ref<HTMLElement>& span);
     bool zIsSkipped(const Ref<Object>& obj, const std::string& TagIdentifier) const;
     void ed_EditableSpanChanged(const Ref<HTMLElement>& Span);

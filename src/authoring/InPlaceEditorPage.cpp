@@ -37,6 +37,14 @@ std::string WithoutOuterBlanks(std::string text) {
     return text;
 }
 
+// What was taken out of the document while its places were made is none of them any more.
+bool StandsIn(const HTMLDocument& document, const Ref<HTMLElement>& element) {
+    Ref<HTMLElement> top = element;
+    while (const auto parent = top->GetParentElement())
+        top = parent;
+    return top == document.GetDocumentElement();
+}
+
 bool IsProjectOf(const Ref<Object>& item, const std::string& extension) {
     if (!IsType(item, "CodeProject") && !IsType(item, "ProjectItem")) return false;
     std::string found;
@@ -54,18 +62,19 @@ bool IsBlock(const Ref<Object>& item) {
 } // namespace
 
 void InPlaceEditor::ed_DocumentComplete() {
+    // A place that fails must not leave the page deaf, nor those who wait for it waiting.
+    zMakePlacesEditable();
+    zDeleteScratchFile();
+    mResetUndo = true;
+    mLoading = false;
+    Procedure(*this, "ed_DocumentComplete", [&](Frame&) { Events.DocumentComplete.Raise(); });
+}
+
+void InPlaceEditor::zMakePlacesEditable() {
     Procedure(*this, "ed_DocumentComplete", [&](Frame&) {
-        {
-            // A place that fails must not leave the page deaf.
-            const ScopeExit loaded([this] {
-                mResetUndo = true;
-                mLoading = false;
-            });
-            for (const auto& span : ed->GetDocument()->Tags("SPAN"))
-                if (IsPlace(span)) zMakePlaceEditable(span);
-            zDeleteScratchFile();
-        }
-        Events.DocumentComplete.Raise();
+        const auto document = ed->GetDocument();
+        for (const auto& span : document->Tags("SPAN"))
+            if (IsPlace(span) && StandsIn(*document, span)) zMakePlaceEditable(span);
     });
 }
 
@@ -91,7 +100,7 @@ void InPlaceEditor::zMakePlaceEditable(const Ref<HTMLElement>& span) {
     if (const auto hint = span->GetAttribute("data-placeholder"))
         place->SetAttribute("data-placeholder", *hint);
     const int tCommentState = tc->GetState();
-    tc->SetText(place->GetInnerHTML());
+    tc->SetNormalisedText(place->GetInnerHTML());
     tc->SetState(tCommentState);
     span->InsertAdjacentElement(InsertPosition::AfterEnd, place);
     span->SetOuterHTML({});

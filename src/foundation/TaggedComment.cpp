@@ -45,6 +45,18 @@ void TaggedComment::Set(std::string_view member, const Value& value) {
     if (!Members().Set(*this, member, value)) Object::Set(member, value);
 }
 
+void TaggedComment::SetText(std::string value) {
+    if (value == mText) return;
+    mText = std::move(value);
+    mWrittenText.reset();
+}
+
+void TaggedComment::SetNormalisedText(std::string value) {
+    if (value == mText) return;
+    if (!mWrittenText) mWrittenText = std::make_unique<const std::string>(mText);
+    mText = std::move(value);
+}
+
 Ref<TaggedCommentDef> TaggedComment::GetTaggedCommentDef() const {
     return GlobalConfig().TaggedCommentDefs->Find(mTagIdentifier);
 }

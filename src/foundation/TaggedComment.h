@@ -2,6 +2,7 @@
 
 #include "foundation/Object.h"
 
+#include <memory>
 #include <string>
 
 namespace paperkite {
@@ -32,7 +33,13 @@ public:
 
     /// HTML, or a plain value.
     const std::string& GetText() const { return mText; }
-    void SetText(std::string value) { mText = std::move(value); }
+    void SetText(std::string value);
+
+    /// Another form of the same text, as a page's parser writes it. GetText gives it; what was
+    /// written before stays what is stored, until SetText says something else.
+    void SetNormalisedText(std::string value);
+    /// The text as it was written, which is what is stored.
+    const std::string& GetWrittenText() const { return mWrittenText ? *mWrittenText : mText; }
 
     /// The text after links and model comments were worked in; empty until somebody does.
     const std::string& GetResolvedText() const { return mResolvedText; }
@@ -56,6 +63,8 @@ private:
     std::string mTagIdentifier;
     std::string mQualifier;
     std::string mText;
+    /// Nothing while it is mText.
+    std::unique_ptr<const std::string> mWrittenText;
     std::string mResolvedText;
     std::string mXMLCommentType;
     int mState = 0;

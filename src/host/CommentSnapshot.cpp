@@ -34,7 +34,7 @@ Ref<TaggedComment> Restored(const CommentSnapshot::Comment& wanted, const Tagged
 
 CommentSnapshot::Comment CommentSnapshot::Of(const TaggedComment& comment) {
     return {comment.GetId(), comment.GetTagIdentifier(), comment.GetQualifier(),
-            comment.GetXMLCommentType(), comment.GetText()};
+            comment.GetXMLCommentType(), comment.GetWrittenText()};
 }
 
 CommentSnapshot CommentSnapshot::Of(const ProjectSession& session, const std::string& item) {

@@ -37,8 +37,8 @@ void CommentClipboard::Copy(const Ref<Object>& item) {
     const Ref<TaggedCommentCollection> comments = CommentsOf(*item);
     for (const auto& comment : *comments) {
         if (comment->GetState() == kTaggedCommentTombstone) continue;
-        entries.push_back({comment->GetTagIdentifier(), comment->GetQualifier(), comment->GetText(),
-                           comment->GetXMLCommentType()});
+        entries.push_back({comment->GetTagIdentifier(), comment->GetQualifier(),
+                           comment->GetWrittenText(), comment->GetXMLCommentType()});
     }
     mItemName = item->Get("Name").ToText();
     mQualifiedName = item->Get("QualifiedName").ToText();

@@ -16,21 +16,21 @@ Ref<TaggedComment> FindPresent(const JournalEntry& entry, const CommentStore& st
             return comment->GetState() == kTaggedCommentTombstone ? Ref<TaggedComment>() : comment;
     if (!entry.Stored || entry.Stored->empty()) return {};
     for (const auto& comment : *comments)
-        if (comment->GetTagIdentifier() == entry.Tag && comment->GetText() == *entry.Stored)
+        if (comment->GetTagIdentifier() == entry.Tag && comment->GetWrittenText() == *entry.Stored)
             return comment;
     return {};
 }
 
 bool IsAsPresent(const JournalEntry& entry, const Ref<TaggedComment>& present) {
     if (!entry.Text) return !present;
-    return present && present->GetText() == *entry.Text &&
+    return present && present->GetWrittenText() == *entry.Text &&
            present->GetTagIdentifier() == entry.Tag && present->GetQualifier() == entry.Qualifier &&
            present->GetXMLCommentType() == entry.XmlTag;
 }
 
 bool IsAsStored(const JournalEntry& entry, const Ref<TaggedComment>& present) {
     if (!entry.Stored) return !present;
-    return present && present->GetText() == *entry.Stored;
+    return present && present->GetWrittenText() == *entry.Stored;
 }
 
 void Take(const JournalEntry& entry, TaggedComment& comment) {
@@ -91,14 +91,14 @@ std::vector<JournalEntry> CommentRecovery::Apply(const std::vector<RecoverableCo
         if (!entry.Text) {
             if (!present || choice == Keeping::Both) continue;
             entry.Id = present->GetId();
-            entry.Stored = present->GetText();
+            entry.Stored = present->GetWrittenText();
             present->SetState(kTaggedCommentTombstone);
             unsaved.push_back(std::move(entry));
         } else if (!present || choice == Keeping::Both) {
             unsaved.push_back(AddNew(std::move(entry), store));
         } else {
             entry.Id = present->GetId();
-            entry.Stored = present->GetText();
+            entry.Stored = present->GetWrittenText();
             Take(entry, *present);
             unsaved.push_back(std::move(entry));
         }

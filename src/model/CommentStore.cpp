@@ -20,7 +20,7 @@ Ref<TaggedComment> CopyUnderFreshId(const TaggedComment& comment) {
     auto copy = MakeRef<TaggedComment>();
     copy->SetTagIdentifier(comment.GetTagIdentifier());
     copy->SetQualifier(comment.GetQualifier());
-    copy->SetText(comment.GetText());
+    copy->SetText(comment.GetWrittenText());
     copy->SetXMLCommentType(comment.GetXMLCommentType());
     copy->SetState(comment.GetState());
     return copy;

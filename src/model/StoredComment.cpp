@@ -26,7 +26,7 @@ XmlElement ToElement(const std::string& item, const TaggedComment& comment) {
     element.With("item", item).With("tag", comment.GetTagIdentifier()).With("id", comment.GetId());
     if (!comment.GetQualifier().empty()) element.With("qualifier", comment.GetQualifier());
     if (!comment.GetXMLCommentType().empty()) element.With("xmltag", comment.GetXMLCommentType());
-    element.SetContentLines(comment.GetText());
+    element.SetContentLines(comment.GetWrittenText());
     return element;
 }
 
@@ -61,7 +61,7 @@ bool SaysTheSame(std::string_view bytes, const TaggedComment& comment) {
            stored.GetTagIdentifier() == comment.GetTagIdentifier() &&
            stored.GetQualifier() == comment.GetQualifier() &&
            stored.GetXMLCommentType() == comment.GetXMLCommentType() &&
-           stored.GetText() == comment.GetText();
+           stored.GetText() == comment.GetWrittenText();
 }
 
 } // namespace paperkite::StoredComment

@@ -2,6 +2,8 @@
 
 #include "authoring/CommentEditor.h"
 #include "foundation/Text.h"
+#include "model/TemplateParser.h"
+#include "platform/html/HtmlServices.h"
 #include "support/ModelServices.h"
 #include "support/TestModel.h"
 #include "widgets/Keys.h"
@@ -16,6 +18,8 @@ namespace paperkite::test {
 class CommentEditorFixture : public testing::Test {
 protected:
     CommentEditorFixture() {
+        CurrentServices().HTMLDOMFactory = MakeHTMLDOMFactory();
+        CurrentServices().CreateParserTemplate = [] { return MakeRef<TemplateParser>(); };
         Define("##", "Description").IsGeneral = true;
         Tag("##").XMLTags = "summary,para";
         Define("#remarks", "Remarks").XMLTags = "remarks,note";
