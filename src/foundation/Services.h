@@ -7,6 +7,7 @@
 #include "foundation/ParserTemplate.h"
 #include "foundation/RegistryHelper.h"
 #include "foundation/SpellEngine.h"
+#include "foundation/SpellQuestion.h"
 #include "foundation/Theme.h"
 
 #include <functional>
@@ -123,6 +124,9 @@ struct Services {
     std::function<Ref<paperkite::DesignerControl>(const std::string&)> CreateDesigner;
     /// The engine of surfaces that were given no other one; nothing: nobody checks spelling.
     Ref<paperkite::SpellEngine> Spelling;
+    /// Asks the author what to do with a misspelt word, and waits for the answer; nothing: a spell
+    /// check has nobody to ask and changes nothing.
+    std::function<SpellAnswer(const SpellQuestion&)> AskSpelling;
     /// Nothing stands for a system without visual themes.
     std::shared_ptr<paperkite::ThemeColours> ThemeColours;
     /// Nothing: texts are taken to fit.

@@ -1,20 +1,9 @@
 #include "host/HomelessWork.h"
 
+#include "host/OutsideChange.h"
 #include "host/TagName.h"
 
-#include <algorithm>
-
 namespace paperkite {
-
-namespace {
-
-std::string TagOf(const TaggedComment& comment) {
-    std::string tag = TagName(comment.GetTagIdentifier());
-    if (!comment.GetQualifier().empty()) tag += " " + comment.GetQualifier();
-    return tag;
-}
-
-} // namespace
 
 CommentStore& HomelessWork::GetStore() const {
     return *mWorkspace.GetSession().GetProject()->GetComments();
@@ -38,7 +27,7 @@ std::vector<HomelessWork::Comment> HomelessWork::CommentsOf(const std::string& g
     if (!comments) return result;
     for (const auto& comment : *comments)
         if (comment->GetState() != kTaggedCommentTombstone)
-            result.push_back({TagOf(*comment), comment->GetText()});
+            result.push_back({TagNameOf(*comment), comment->GetText()});
     return result;
 }
 
@@ -77,36 +66,11 @@ void HomelessWork::Delete(const std::string& gone) {
     });
 }
 
-template <class Work>
-void HomelessWork::Change(const std::vector<std::string>& items, const Work& work) {
-    if (items.empty()) return;
-    // The open item may be the new home: what was typed there comes first.
-    mWorkspace.GetEditor().CommitEdit();
-    if (mUnsaved)
-        for (const std::string& item : items)
-            mUnsaved->ItemShown(item);
-    work();
-    mWorkspace.GetSession().GetProject()->SetDirty(true);
-    for (const std::string& item : items) {
-        if (mUnsaved) mUnsaved->ItemChanged(item);
-        ShowBold(item);
-    }
-    ShowOpenItemAnew(items);
+void HomelessWork::Change(const std::vector<std::string>& items,
+                          const std::function<void()>& work) {
+    OutsideChange(mWorkspace, mUnsaved).Run(items, work);
     for (const std::string& item : items)
         Events.Changed.Raise(item);
-}
-
-void HomelessWork::ShowBold(const std::string& item) {
-    const ProjectView& tree = mWorkspace.GetEditor().Project;
-    if (!tree.GetHighlightCommentedItems()) return;
-    if (const auto node = tree.GetNodes().Find(item)) node->SetBold(GetStore().IsDocumented(item));
-}
-
-void HomelessWork::ShowOpenItemAnew(const std::vector<std::string>& items) {
-    const ProjectView& tree = mWorkspace.GetEditor().Project;
-    const auto node = tree.GetSelectedItem();
-    if (!node || std::find(items.begin(), items.end(), node->GetKey()) == items.end()) return;
-    tree.tvwProject->UserClick(node);
 }
 
 } // namespace paperkite

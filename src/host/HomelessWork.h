@@ -6,6 +6,7 @@
 #include "model/HomelessComments.h"
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -54,11 +55,8 @@ public:
 private:
     CommentStore& GetStore() const;
     const SourceNamespaceProvider& GetProvider() const;
-    /// Remembers what is stored of the items, does the work, and tells of it.
-    template <class Work>
-    void Change(const std::vector<std::string>& items, const Work& work);
-    void ShowBold(const std::string& item);
-    void ShowOpenItemAnew(const std::vector<std::string>& items);
+    /// Does the work (see OutsideChange), and tells of it.
+    void Change(const std::vector<std::string>& items, const std::function<void()>& work);
 
     Workspace& mWorkspace;
     UnsavedWork* mUnsaved;
