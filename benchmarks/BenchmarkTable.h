@@ -71,6 +71,8 @@ void AddTreeViewRows(std::vector<Row>& rows);
 void AddScanRows(std::vector<Row>& rows);
 void AddStoreRows(std::vector<Row>& rows);
 void AddEditorRows(std::vector<Row>& rows);
+void AddTextRows(std::vector<Row>& rows);
+void AddLayoutRows(std::vector<Row>& rows);
 void AddStartRows(std::vector<Row>& rows);
 
 } // namespace paperkite::bench

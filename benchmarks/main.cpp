@@ -40,7 +40,7 @@ int Run(int argc, char** argv) {
     }
     std::vector<Row> rows;
     for (const auto add : {AddTreeRows, AddTreeViewRows, AddScanRows, AddStoreRows, AddEditorRows,
-                           AddProcedureRows, AddStartRows})
+                           AddTextRows, AddLayoutRows, AddProcedureRows, AddStartRows})
         add(rows);
     if (onlyNames) {
         for (const Row& row : rows)
