@@ -72,6 +72,8 @@ void AddScanRows(std::vector<Row>& rows);
 void AddStoreRows(std::vector<Row>& rows);
 void AddEditorRows(std::vector<Row>& rows);
 void AddPageRows(std::vector<Row>& rows);
+void AddTextRows(std::vector<Row>& rows);
+void AddLayoutRows(std::vector<Row>& rows);
 void AddStartRows(std::vector<Row>& rows);
 
 } // namespace paperkite::bench

@@ -49,7 +49,8 @@ int Run(int argc, char** argv) {
     }
     std::vector<Row> rows;
     for (const auto add : {AddTreeRows, AddTreeViewRows, AddScanRows, AddStoreRows, AddEditorRows,
-                           AddProcedureRows, AddPageRows, AddStartRows})
+                           AddTextRows, AddLayoutRows, AddProcedureRows, AddPageRows,
+                           AddStartRows})
         add(rows);
     if (onlyNames) {
         for (const Row& row : rows)

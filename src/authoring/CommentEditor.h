@@ -218,6 +218,8 @@ public:
     /// True when the check ran to its end; an element without comments ends at once.
     bool SpellCheck(bool ShowCompletionMessage, const Ref<Object>& PassedSpell = {});
     bool GetSpellCheckInProgress() const;
+    /// Lets the author change the options of spell checking; the engine takes them up at once.
+    void ShowSpellingOptions();
     void AddIgnoreAll(const std::string& Word);
     /// Searches the page of the element, or else the designers of all tags that are in use.
     void DoFind(const std::string& SearchFor, bool WholeWord, bool CaseSensitive,

@@ -7,6 +7,7 @@
 #include "foundation/ParserTemplate.h"
 #include "foundation/RegistryHelper.h"
 #include "foundation/SpellEngine.h"
+#include "foundation/SpellQuestion.h"
 #include "foundation/Theme.h"
 
 #include <functional>
@@ -18,6 +19,7 @@
 namespace paperkite {
 
 class DesignerControl;
+class ISimplePageHost;
 
 enum class MessageIcon { None, Information, Warning, Question, Critical };
 enum class MessageButtons { Ok, OkCancel, YesNo, YesNoCancel };
@@ -52,6 +54,16 @@ public:
     virtual void SetNewFolder(bool value) = 0;
     /// The chosen folder; empty when the user cancels.
     virtual std::string Run() = 0;
+};
+
+/// A dialog with one page of settings.
+struct PageDialog {
+    std::string Caption;
+    std::string PageClass;
+    std::string PageTitle;
+    /// The key below that of the current user where the page keeps its settings.
+    std::string SettingsKey;
+    ISimplePageHost* Host = nullptr;
 };
 
 /// The mouse pointer of the whole screen.
@@ -123,10 +135,16 @@ struct Services {
     std::function<Ref<paperkite::DesignerControl>(const std::string&)> CreateDesigner;
     /// The engine of surfaces that were given no other one; nothing: nobody checks spelling.
     Ref<paperkite::SpellEngine> Spelling;
+    /// Asks the author what to do with a misspelt word, and waits for the answer; nothing: a spell
+    /// check has nobody to ask and changes nothing.
+    std::function<SpellAnswer(const SpellQuestion&)> AskSpelling;
     /// Nothing stands for a system without visual themes.
     std::shared_ptr<paperkite::ThemeColours> ThemeColours;
     /// Nothing: texts are taken to fit.
     std::shared_ptr<paperkite::TextMeasure> TextMeasure;
+    /// Shows a page of settings and waits; 1 when the author accepted it. Error 429 for a class that
+    /// nobody knows.
+    std::function<int(const PageDialog&)> ShowPageDialog;
     /// Lets pending events of the window system run.
     std::function<void()> RunPendingEvents;
     /// The folder of the program, with its icons below.

@@ -3,9 +3,11 @@
 #include "foundation/Version.h"
 #include "host/Commands.h"
 #include "host/ConvertCommand.h"
+#include "host/FindCommand.h"
 #include "host/HomelessCommand.h"
 #include "host/MergeCommand.h"
 #include "host/PreviewCommand.h"
+#include "host/SpellCommand.h"
 
 #include <CLI/CLI.hpp>
 
@@ -33,6 +35,7 @@ struct Arguments {
     MergeCommand Merge;
     ConvertCommand Convert;
     PreviewCommand Preview;
+    FindCommand Find;
     ScreenshotRequest Screenshot;
     std::string Size = "1280x800";
     bool Json = false;
@@ -174,6 +177,32 @@ void AddPreview(CLI::App& app, Arguments& arguments) {
                         "the page is printed");
 }
 
+void AddFind(CLI::App& app, Arguments& arguments) {
+    CLI::App* command = AddCommand(app, arguments, "find", "Find a text in all comments");
+    FindCommand& find = arguments.Find;
+    command->add_option("TEXT", find.Search.SearchFor, "The text, as a reader sees it")->required();
+    auto* replace = command->add_option("--replace", find.ReplaceWith,
+                                        "Put this in its place everywhere, and save");
+    command->add_flag("--whole-word", find.Search.WholeWord, "Only whole words");
+    command->add_flag("--case", find.Search.CaseSensitive, "Capitals and small letters differ");
+    command->add_flag("--in-html", find.Search.SearchInHTML,
+                      "Search the HTML source, tags included, instead of the text");
+    command
+        ->add_flag("--dry-run", find.DryRun,
+                   "With --replace: show what would change, write nothing")
+        ->needs(replace);
+    command->add_flag("--json", arguments.Json, "Print JSON");
+    command->callback([&find, replace] { find.Replace = replace->count() > 0; });
+}
+
+void AddSpell(CLI::App& app, Arguments& arguments) {
+    CLI::App* command = AddCommand(app, arguments, "spell",
+                                   "Check the spelling of all comments, or of those of an item and "
+                                   "what stands below it");
+    AddItem(command, arguments, false);
+    command->add_flag("--json", arguments.Json, "Print JSON");
+}
+
 int RunChosen(const CLI::App& app, Arguments& arguments, const WindowCommands& windows,
               Output& output) {
     const auto chosen = app.get_subcommands();
@@ -183,6 +212,7 @@ int RunChosen(const CLI::App& app, Arguments& arguments, const WindowCommands& w
     if (name == "new") return arguments.New.Run(arguments.Project, output);
     if (name == "homeless") return arguments.Homeless.Run(arguments.Project, output);
     if (name == "merge") return arguments.Merge.Run(output);
+    if (name == "find") return arguments.Find.Run(arguments.Project, output);
     if (name == "convert") return arguments.Convert.Run(output);
     if (name == "open") return windows.Open(arguments.Project);
     if (name == "screenshot") {
@@ -195,6 +225,7 @@ int RunChosen(const CLI::App& app, Arguments& arguments, const WindowCommands& w
     }
     CommandTarget target{arguments.Project, arguments.Item};
     if (name == "preview") return arguments.Preview.Run(target, output);
+    if (name == "spell") return RunSpell(target, output);
     if (name == "tree") return arguments.Tree.Run(target, output);
     if (name == "comments") return RunComments(target, output);
     if (name == "comment") return arguments.Comment.Run(target, output);
@@ -223,6 +254,8 @@ int RunCommandLine(int argc, const char* const* argv, const WindowCommands& wind
     AddMerge(app, arguments);
     AddConvert(app, arguments);
     AddPreview(app, arguments);
+    AddFind(app, arguments);
+    AddSpell(app, arguments);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

@@ -10,6 +10,7 @@
 #include "platform/files/LocalFileSystem.h"
 #include "platform/html/HtmlServices.h"
 #include "platform/settings/SettingsRegistry.h"
+#include "platform/spelling/SpellServices.h"
 
 #include <iostream>
 
@@ -47,6 +48,7 @@ std::shared_ptr<ModelControlHelper> InstallHeadlessServices(const std::string& a
     services.CreateParserTemplate = [] { return MakeRef<TemplateParser>(); };
     services.HTMLDOMFactory = MakeHTMLDOMFactory();
     services.HTMLTidy = MakeHTMLTidy();
+    services.Spelling = MakeSpelling();
     services.ApplicationFolder = applicationFolder;
     const std::string configuration = applicationFolder + "/config";
     if (const auto problem =

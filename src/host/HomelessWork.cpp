@@ -1,20 +1,9 @@
 #include "host/HomelessWork.h"
 
+#include "host/OutsideChange.h"
 #include "host/TagName.h"
 
-#include <algorithm>
-
 namespace paperkite {
-
-namespace {
-
-std::string TagOf(const TaggedComment& comment) {
-    std::string tag = TagName(comment.GetTagIdentifier());
-    if (!comment.GetQualifier().empty()) tag += " " + comment.GetQualifier();
-    return tag;
-}
-
-} // namespace
 
 CommentStore& HomelessWork::GetStore() const {
     return *mWorkspace.GetSession().GetProject()->GetComments();
@@ -38,7 +27,7 @@ std::vector<HomelessWork::Comment> HomelessWork::CommentsOf(const std::string& g
     if (!comments) return result;
     for (const auto& comment : *comments)
         if (comment->GetState() != kTaggedCommentTombstone)
-            result.push_back({TagOf(*comment), comment->GetText()});
+            result.push_back({TagNameOf(*comment), comment->GetText()});
     return result;
 }
 
@@ -59,14 +48,14 @@ HomelessComments::Moves HomelessWork::Adopt(const std::string& gone, const std::
     std::vector<std::string> items;
     for (const auto& [from, to] : moves)
         items.insert(items.end(), {from, to});
-    Change(items, [&] { HomelessComments::Adopt(GetStore(), GetProvider(), gone, home); });
+    Change("Adopting Homeless Comments", items, [&] { HomelessComments::Adopt(GetStore(), GetProvider(), gone, home); });
     return moves;
 }
 
 void HomelessWork::Delete(const std::string& gone) {
     const auto comments = GetStore().Find(gone);
     if (!comments || GetProvider().Exists(gone)) return;
-    Change({gone}, [&] {
+    Change("Deleting Homeless Comments", {gone}, [&] {
         const std::vector<Ref<TaggedComment>> all(comments->begin(), comments->end());
         for (const auto& comment : all)
             // What was never stored leaves nothing behind.
@@ -77,21 +66,9 @@ void HomelessWork::Delete(const std::string& gone) {
     });
 }
 
-template <class Work>
-void HomelessWork::Change(const std::vector<std::string>& items, const Work& work) {
-    if (items.empty()) return;
-    // The open item may be the new home: what was typed there comes first.
-    mWorkspace.GetEditor().CommitEdit();
-    Events.Changing.Raise(items);
-    if (mUnsaved)
-        for (const std::string& item : items)
-            mUnsaved->ItemShown(item);
-    work();
-    mWorkspace.GetSession().GetProject()->SetDirty(true);
-    if (mUnsaved)
-        for (const std::string& item : items)
-            mUnsaved->ItemChanged(item);
-    mWorkspace.ShowChanged(items);
+void HomelessWork::Change(const std::string& caption, const std::vector<std::string>& items,
+                          const std::function<void()>& work) {
+    OutsideChange(mWorkspace, mUnsaved, mHistory).Run(caption, items, work);
     for (const std::string& item : items)
         Events.Changed.Raise(item);
 }

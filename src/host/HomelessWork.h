@@ -1,11 +1,13 @@
 #pragma once
 
 #include "foundation/Event.h"
+#include "host/CommentHistory.h"
 #include "host/UnsavedWork.h"
 #include "host/Workspace.h"
 #include "model/HomelessComments.h"
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -27,9 +29,9 @@ public:
         std::string Text;
     };
 
-    /// The journal may be nothing; both outlive this.
-    HomelessWork(Workspace& workspace, UnsavedWork* unsaved)
-        : mWorkspace(workspace), mUnsaved(unsaved) {}
+    /// Journal and history may be nothing; all outlive this.
+    HomelessWork(Workspace& workspace, UnsavedWork* unsaved, CommentHistory* history = nullptr)
+        : mWorkspace(workspace), mUnsaved(unsaved), mHistory(history) {}
 
     /// The items that are gone, sorted; quick also where there are a million items.
     std::vector<std::string> Names() const;
@@ -47,8 +49,6 @@ public:
     void Delete(const std::string& gone);
 
     struct {
-        /// The comments of these items are about to change.
-        Event<const std::vector<std::string>&> Changing;
         /// An item got comments or lost them; raised when everything is in place.
         Event<const std::string&> Changed;
     } Events;
@@ -56,12 +56,13 @@ public:
 private:
     CommentStore& GetStore() const;
     const SourceNamespaceProvider& GetProvider() const;
-    /// Remembers what is stored of the items, does the work, and tells of it.
-    template <class Work>
-    void Change(const std::vector<std::string>& items, const Work& work);
+    /// Does the work (see OutsideChange), and tells of it.
+    void Change(const std::string& caption, const std::vector<std::string>& items,
+                const std::function<void()>& work);
 
     Workspace& mWorkspace;
     UnsavedWork* mUnsaved;
+    CommentHistory* mHistory;
 };
 
 } // namespace paperkite

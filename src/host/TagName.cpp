@@ -9,4 +9,10 @@ std::string TagName(const std::string& tagIdentifier) {
     return definition ? definition->DisplayName : tagIdentifier;
 }
 
+std::string TagNameOf(const TaggedComment& comment) {
+    std::string tag = TagName(comment.GetTagIdentifier());
+    if (!comment.GetQualifier().empty()) tag += " " + comment.GetQualifier();
+    return tag;
+}
+
 } // namespace paperkite

@@ -20,6 +20,7 @@ Workspace::Workspace(std::unique_ptr<ProjectSession> session) : mSession(std::mo
     // What is deleted stays in the collection until it was saved without it.
     mEditor.SetKeepTombstones(true);
     mEditor.BindToWrapper(mWrapper);
+    mSpelling = std::make_unique<WorkspaceSpelling>(*mSession, mEditor);
     Load();
 }
 
@@ -32,6 +33,7 @@ void Workspace::Adopt(ProjectSession::ScannedCode code) {
     mEditor.CommitEdit();
     mEditor.Clear();
     mSession->Adopt(std::move(code));
+    mSpelling->CodeChanged();
     Load();
     mEditor.Project.SetTreePath(treePath);
 }
@@ -70,6 +72,7 @@ std::unique_ptr<ProjectSession> Workspace::Release() {
     mEditor.CommitEdit();
     mEditor.cEditor.SetCurrentCodeElement(nullptr);
     mEditor.Clear();
+    mSpelling.reset();
     return std::move(mSession);
 }
 

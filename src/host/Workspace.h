@@ -3,6 +3,7 @@
 #include "authoring/ProjectEditor.h"
 #include "host/CommandWrapper.h"
 #include "host/ProjectSession.h"
+#include "host/WorkspaceSpelling.h"
 
 #include <memory>
 #include <optional>
@@ -21,6 +22,9 @@ public:
     ProjectSession& GetSession() { return *mSession; }
     ProjectEditor& GetEditor() { return mEditor; }
     const Ref<CommandWrapper>& GetWrapper() const { return mWrapper; }
+
+    /// Nothing after Release.
+    WorkspaceSpelling* GetSpelling() { return mSpelling.get(); }
 
     /// Loads the tree anew.
     void Load();
@@ -51,6 +55,7 @@ private:
     std::unique_ptr<ProjectSession> mSession;
     Ref<CommandWrapper> mWrapper = MakeRef<CommandWrapper>();
     ProjectEditor mEditor;
+    std::unique_ptr<WorkspaceSpelling> mSpelling;
 };
 
 } // namespace paperkite

@@ -206,6 +206,15 @@ std::vector<std::string> CommentStore::QualifiedNames() const {
     return names;
 }
 
+void CommentStore::ForEach(const std::function<void(const std::string& qualifiedName,
+                                                    const TaggedComment& comment)>& visit) const {
+    for (auto& [name, record] : mRecords) {
+        Parse(record);
+        for (const auto& comment : *record.Comments)
+            if (comment->GetState() != kTaggedCommentTombstone) visit(name, *comment);
+    }
+}
+
 void CommentStore::AddTo(Record& record, const Ref<TaggedComment>& comment, Origin origin) {
     const bool isTaken = record.Comments->Contains(comment->GetId());
     const Ref<TaggedComment> stored = isTaken ? CopyUnderFreshId(*comment) : comment;

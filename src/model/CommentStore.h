@@ -78,6 +78,11 @@ public:
     /// The names under which there are comments, sorted by their bytes.
     std::vector<std::string> QualifiedNames() const;
 
+    /// Shows all comments, tombstones left out; the items in no order, the comments of an item in
+    /// theirs.
+    void ForEach(const std::function<void(const std::string& qualifiedName,
+                                          const TaggedComment& comment)>& visit) const;
+
     /// Adds a comment that was read. One whose Id the item has already gets a fresh one: two
     /// branches may have copied it.
     void Load(const std::string& qualifiedName, const Ref<TaggedComment>& comment, Origin origin);

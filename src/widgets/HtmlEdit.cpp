@@ -106,15 +106,15 @@ const MemberTable<HtmlEdit>& Members() {
          [](E& e, const Arguments& a) { return e.AddIgnoreAll(At(a, 0).ToText()), Value(); }},
         {"DoFind", nullptr, nullptr,
          [](E& e, const Arguments& a) {
-             e.DoFind(At(a, 0).ToText(), At(a, 1).ToBoolean(), At(a, 2).ToBoolean(),
-                      At(a, 3).ToBoolean());
-             return Value();
+             return Value(e.DoFind(At(a, 0).ToText(), At(a, 1).ToBoolean(), At(a, 2).ToBoolean(),
+                                   At(a, 3).ToBoolean()));
          }},
         {"DoReplace", nullptr, nullptr,
          [](E& e, const Arguments& a) {
-             e.DoReplace(At(a, 0).ToText(), At(a, 1).ToText(), At(a, 2).ToBoolean(),
-                         At(a, 3).ToBoolean(), At(a, 4).ToBoolean());
-             return Value();
+             const std::size_t count =
+                 e.DoReplace(At(a, 0).ToText(), At(a, 1).ToText(), At(a, 2).ToBoolean(),
+                             At(a, 3).ToBoolean(), At(a, 4).ToBoolean());
+             return Value(static_cast<std::int32_t>(count));
          }},
     };
     return members;
@@ -147,6 +147,8 @@ void HtmlEdit::SetDocumentHTML(const std::string& html) {
     const auto document = Required(CurrentServices().HTMLDOMFactory).CreateFromString(html);
     mDocument = document;
     mPlacesKnown = false;
+    mSteps.clear();
+    mStepsDone = 0;
     mDirty = false;
     mDocumentChanged = document->Events.Changed.Connect(
         [this](const Ref<HTMLElement>& element) { DocumentChanged(element); });
@@ -165,6 +167,8 @@ std::string HtmlEdit::GetDocumentHTML() const {
 }
 
 void HtmlEdit::ForgetSelection() {
+    mSelection = {};
+    mFound = {};
     mSelectedText.clear();
     mSelectedLink.clear();
     mForeColorName.clear();
@@ -224,6 +228,8 @@ void HtmlEdit::CommitEdit() {
 }
 
 void HtmlEdit::ClearUndo() {
+    mSteps.clear();
+    mStepsDone = 0;
     Tell<HtmlEditObserver>([](HtmlEditObserver& observer) { observer.ClearUndoWanted(); });
 }
 
@@ -235,6 +241,8 @@ void HtmlEdit::Terminate() {
     mDocument = {};
     mPlaces.clear();
     mPlacesKnown = false;
+    mSteps.clear();
+    mStepsDone = 0;
     mSpell = {};
     ForgetSelection();
     Tell<HtmlEditObserver>([](HtmlEditObserver& observer) { observer.DocumentReplaced(); });
@@ -265,7 +273,7 @@ void HtmlEdit::ClickEditTool(const std::string& name) {
         SetView(HtmlView::Preview);
     else if (tool == "createlink")
         CreateLink();
-    else
+    else if (!Step(tool))
         TellCommand(tool);
 }
 
@@ -317,7 +325,7 @@ bool HtmlEdit::IsCommandOn(const std::string& name) const {
 }
 
 bool HtmlEdit::IsCommandEnabled(const std::string& name) const {
-    return Holds(mCommandsEnabled, name);
+    return Holds(mCommandsEnabled, name) || CanStep(LowerCase(name));
 }
 
 void HtmlEdit::UserSpanChanged(std::size_t place, const std::string& html) {

@@ -4,10 +4,14 @@
 #include "foundation/SpellEngine.h"
 #include "widgets/Control.h"
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace paperkite {
+
+class HtmlSearch;
 
 /// How an HtmlEdit shows its document.
 enum class HtmlView { Normal = 0, Source = 1, Preview = 2 };
@@ -24,6 +28,16 @@ struct TextRange {
     std::size_t Length = 0;
 
     bool operator==(const TextRange&) const = default;
+};
+
+/// A selection in a place, which counts GetPlaces from 0: characters of its text in UTF-16 units,
+/// as pages count them.
+struct HtmlSelection {
+    std::size_t Place = 0;
+    std::size_t Start = 0;
+    std::size_t End = 0;
+
+    bool operator==(const HtmlSelection&) const = default;
 };
 
 /// Told beyond the common things.
@@ -49,6 +63,9 @@ public:
 
     /// The words that are marked as misspelt, or whether they are marked, changed.
     virtual void MarksChanged() {}
+
+    /// That text is to be selected and brought into sight.
+    virtual void SelectionWanted(const HtmlSelection& /*selection*/) {}
 };
 
 /// An HTML editing widget: a document with places that the author may edit.
@@ -145,6 +162,8 @@ public:
     /// Whether a command is in force at the author's selection ("bold"), or can be used ("undo").
     bool IsCommandOn(const std::string& name) const;
     bool IsCommandEnabled(const std::string& name) const;
+    /// Where the author stands, or what was found last; nothing where that is not known.
+    const std::optional<HtmlSelection>& GetSelection() const { return mSelection; }
     const std::string& GetSelectedText() const { return mSelectedText; }
     /// Where the link leads in which the selection stands; empty outside links.
     const std::string& GetSelectedLink() const { return mSelectedLink; }
@@ -154,24 +173,29 @@ public:
     /// Whether DoFind and DoReplace, and DoSpellCheck, are there to be used.
     bool CanFind() const;
     bool CanCheckSpelling() const;
-    /// Selects the next place behind the selection, from the beginning again at the end. With
-    /// searchInHTML the text between "<" and ">" counts too.
-    void DoFind(const std::string& searchFor, bool wholeWord, bool caseSensitive,
+    /// Selects what comes next behind the selection, from the beginning again at the end; false,
+    /// and nothing changes, where it stands nowhere. What is found, and what a replacement does,
+    /// says HtmlSearch.
+    bool DoFind(const std::string& searchFor, bool wholeWord, bool caseSensitive,
                 bool searchInHTML);
-    /// Replaces every place in what may be edited; each changed span is reported.
-    void DoReplace(const std::string& searchFor, const std::string& replaceWith, bool wholeWord,
-                   bool caseSensitive, bool searchInHTML);
+    /// Replaces it wherever it stands in what may be edited; each changed span is reported. Gives
+    /// how often it was replaced. "undo" takes all of it back at once.
+    std::size_t DoReplace(const std::string& searchFor, const std::string& replaceWith,
+                          bool wholeWord, bool caseSensitive, bool searchInHTML);
     void SetSpellObject(const Ref<SpellEngine>& engine);
     const Ref<SpellEngine>& GetSpellObject() const { return mSpell; }
     void SetSpellOptions(const SpellOptions& options);
     void AddIgnoreAll(const std::string& word);
-    /// Goes through the misspelt words of what may be edited, one question each.
+    /// Goes through the misspelt words of what may be edited and asks the service AskSpelling what
+    /// to do with each; without it, or without an engine, nothing happens. `cancel` becomes true
+    /// when the author ends the check. What was changed is one step for "undo".
     void DoSpellCheck(const Ref<Object>& passedSpell, bool& cancel);
     bool GetSpellCheckInProgress() const { return mSpellCheckInProgress; }
     /// Misspelt words are underlined while the author types; nothing of it is in the document.
     bool GetSpellAsYouType() const { return mSpellAsYouType; }
     void SetSpellAsYouType(bool value);
-    /// The words of a text that the engine does not know; none without an engine.
+    /// The words of a plain text that the engine does not know, as SpellWords says; none without an
+    /// engine.
     std::vector<TextRange> FindMisspelt(const std::string& text) const;
 
     struct {
@@ -202,6 +226,8 @@ public:
     void UserSelection(const std::string& text, std::vector<std::string> on,
                        std::vector<std::string> enabled, const std::string& foreColor,
                        const std::string& fillColor, const std::string& link = {});
+    /// Where the author stands now.
+    void UserSelectionMoved(const HtmlSelection& selection) { mSelection = selection; }
     /// Raises BeforeShowContextMenuEx, where a handler may narrow the menu.
     HtmlMenuAnswer UserContextMenu(int x, int y, const Ref<HTMLElement>& objectAtPoint,
                                    HtmlMenuType type);
@@ -211,12 +237,39 @@ public:
     void UserLearnWord(const std::string& word);
 
 private:
+    /// One change of several places, to be taken back at once.
+    struct PlaceStep {
+        struct Change {
+            Ref<HTMLElement> Place;
+            std::string Before;
+            std::string After;
+        };
+        std::vector<Change> Changes;
+    };
+    /// What DoFind selected last, and where it ends in the source of its place.
+    struct Found {
+        std::optional<HtmlSelection> Selection;
+        std::size_t SourceEnd = 0;
+    };
+
     void DocumentChanged(const Ref<HTMLElement>& element);
     void ForgetSelection();
     void CreateLink();
     void TellCommand(const std::string& name, const std::vector<std::string>& arguments = {});
     /// The engine of this widget, or that of the process, or nothing.
     Ref<SpellEngine> Engine() const;
+    void FollowEngine();
+    /// Selects bytes of the source of a place.
+    void SelectSource(std::size_t place, const std::string& html, std::size_t from, std::size_t to);
+    bool FindIn(std::size_t place, const HtmlSearch& search, std::size_t from);
+    std::size_t FindFrom(std::size_t place) const;
+    bool IsPlace(const Ref<HTMLElement>& element) const;
+    /// Writes the text of a place as if the author had typed it, and remembers that in a step.
+    void ChangePlace(const Ref<HTMLElement>& place, const std::string& html, PlaceStep& step);
+    void KeepStep(PlaceStep step);
+    bool CanStep(const std::string& tool) const;
+    bool Step(const std::string& tool);
+    friend class HtmlSpellCheck;
 
     Ref<HTMLDocument> mDocument;
     std::string mBaseURL;
@@ -226,6 +279,11 @@ private:
     std::string mFillColorName;
     std::string mSelectedText;
     std::string mSelectedLink;
+    std::optional<HtmlSelection> mSelection;
+    Found mFound;
+    /// Changes of whole documents; the first mStepsDone of them are in force.
+    std::vector<PlaceStep> mSteps;
+    std::size_t mStepsDone = 0;
     std::vector<std::string> mCommandsOn;
     std::vector<std::string> mCommandsEnabled;
     Ref<SpellEngine> mSpell;

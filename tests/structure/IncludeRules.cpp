@@ -30,7 +30,7 @@ constexpr LibraryHeaders kLibraries[] = {{"Q[A-Z][A-Za-z]*|Qt[A-Za-z]*/.*", "Qt6
                                          {"(gtest|gmock)/.*", "GTest"}};
 
 /// What the system itself gives, from the open levels on.
-const std::regex kSystem("(unistd|fcntl|spawn|poll|signal|pwd)\\.h|sys/[a-z]+\\.h");
+const std::regex kSystem("(unistd|fcntl|iconv|spawn|poll|signal|pwd)\\.h|sys/[a-z]+\\.h");
 const std::regex kStandard("[a-z_0-9]+");
 
 std::string TextOf(const fs::path& file) {

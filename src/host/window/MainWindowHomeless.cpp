@@ -34,19 +34,13 @@ void MainWindow::CountHomeless() {
 
 void MainWindow::ShowHomeless() {
     if (mHomelessCount == 0) return;
-    HomelessWork work(*mWorkspace, mKeeping ? &mKeeping->GetWork() : nullptr);
-    const Connection begins =
-        work.Events.Changing.Connect([this](const std::vector<std::string>& items) {
-            mHistory->BeginStep("Moving Homeless Comments");
-            for (const std::string& item : items)
-                mHistory->ItemShown(item);
-        });
+    HomelessWork work(*mWorkspace, mKeeping ? &mKeeping->GetWork() : nullptr,
+                      mHistory.get());
     const Connection changes =
         work.Events.Changed.Connect([this](const std::string& item) { NoteHomelessChange(item); });
     HomelessDialog dialog(work, this);
     dialog.Choose(mLastHomeless);
     dialog.exec();
-    mHistory->EndStep();
     ShowHistory();
     CountHomeless();
     mLastHomeless = dialog.GetChosen();
@@ -54,7 +48,6 @@ void MainWindow::ShowHomeless() {
 }
 
 void MainWindow::NoteHomelessChange(const std::string& item) {
-    mHistory->ItemChanged(item);
     const auto& session = mWorkspace->GetSession();
     // Coverage knows nothing of items that are gone.
     if (session.GetProvider()->Exists(item))

@@ -270,6 +270,13 @@ void HtmlEditView::MarksChanged() {
     if (mSurface) mSurface->RefreshMarks(mEdit->GetSpellAsYouType());
 }
 
+void HtmlEditView::SelectionWanted(const HtmlSelection& selection) {
+    if (!mSurface || mEdit->GetView() != HtmlView::Normal) return;
+    UpdatePlaces();
+    mSurface->Select(static_cast<int>(selection.Place), static_cast<int>(selection.Start),
+                     static_cast<int>(selection.End - selection.Start));
+}
+
 // What the author did
 
 void HtmlEditView::PlaceTyped(const WebReport& report) {
@@ -285,6 +292,10 @@ void HtmlEditView::PlaceTyped(const WebReport& report) {
 }
 
 void HtmlEditView::SelectionMoved(const WebSelection& selection) {
+    if (selection.Place >= 0)
+        mEdit->UserSelectionMoved({static_cast<std::size_t>(selection.Place),
+                                   static_cast<std::size_t>(selection.Start),
+                                   static_cast<std::size_t>(selection.End)});
     mEdit->UserSelection(FromQString(selection.Text), Texts(selection.On), Texts(selection.Enabled),
                          FromQString(selection.ForeColor), FromQString(selection.FillColor),
                          FromQString(selection.Link));
@@ -323,10 +334,17 @@ void HtmlEditView::MenuWanted(const WebMenuRequest& request) {
 QList<WebMark> HtmlEditView::MisspeltWords(const QString& text) {
     QList<WebMark> marks;
     const std::string bytes = FromQString(text);
+    std::size_t counted = 0; // bytes
+    qsizetype units = 0;
+    const auto unitsBefore = [&](std::size_t offset) {
+        units += QString::fromUtf8(bytes.data() + counted, static_cast<qsizetype>(offset - counted))
+                     .size();
+        counted = offset;
+        return static_cast<int>(units);
+    };
     for (const TextRange& range : mEdit->FindMisspelt(bytes)) {
-        const auto start = ToQString(bytes.substr(0, range.Start)).size();
-        const auto length = ToQString(bytes.substr(range.Start, range.Length)).size();
-        marks += {static_cast<int>(start), static_cast<int>(length)};
+        const int start = unitsBefore(range.Start);
+        marks += {start, unitsBefore(range.Start + range.Length) - start};
     }
     return marks;
 }

@@ -49,6 +49,7 @@ private:
     void CommandWanted(const std::string& name, const std::vector<std::string>& arguments) override;
     void QueuedFocusWanted() override;
     void MarksChanged() override;
+    void SelectionWanted(const HtmlSelection& selection) override;
 
     // from the page
     void PageReady() override;

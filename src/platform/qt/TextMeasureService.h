@@ -1,8 +1,8 @@
 #pragma once
 
-#include <string>
-
 #include "foundation/Theme.h"
+
+#include <string>
 
 namespace paperkite {
 

@@ -36,6 +36,10 @@ struct WebSelection {
     QString ForeColor;
     QString FillColor;
     QString Link;
+    /// The selection in the text of a place, in UTF-16 units; no place outside them.
+    int Place = -1;
+    int Start = 0;
+    int End = 0;
 };
 
 /// What the author pointed at when the menu key or button was pressed.
@@ -76,7 +80,8 @@ public:
     virtual void SelectionMoved(const WebSelection& selection) = 0;
     virtual void LinkClicked(const QString& href) = 0;
     virtual void MenuWanted(const WebMenuRequest& request) = 0;
-    /// The author pressed the key of a command that the page cannot do alone ("createlink").
+    /// The author pressed the key of a command that the page cannot do alone: "createlink", and
+    /// "undo" or "redo" where its own history is at its end.
     virtual void CommandPressed(const QString& name) = 0;
     /// The author pasted or dropped picture data, which the page does not take.
     virtual void PictureRefused() = 0;

@@ -316,9 +316,11 @@ void PageSurface::SelectionTold(const QString& json) {
     const QJsonObject state = ObjectOf(json);
     mPosition = state["position"].toObject();
     if (!mListener) return;
-    mListener->SelectionMoved({state["text"].toString(), TextsOf(state["on"]),
-                               TextsOf(state["enabled"]), state["fore"].toString(),
-                               state["fill"].toString(), state["link"].toString()});
+    const QJsonObject caret = mPosition["caret"].toObject();
+    mListener->SelectionMoved(
+        {state["text"].toString(), TextsOf(state["on"]), TextsOf(state["enabled"]),
+         state["fore"].toString(), state["fill"].toString(), state["link"].toString(),
+         caret["place"].toInt(-1), caret["start"].toInt(), caret["end"].toInt()});
 }
 
 void PageSurface::MenuTold(const QString& json) {

@@ -135,7 +135,13 @@ kite.shortcut = function (event) {
         return true;
     }
     if (!kite.keys[key] || (event.shiftKey && key !== 'z')) return false;
-    kite.run(event.shiftKey ? 'redo' : kite.keys[key], []);
+    const name = event.shiftKey ? 'redo' : kite.keys[key];
+    // The program may know of an older change, one of several places.
+    const isHistory = name === 'undo' || name === 'redo';
+    if (isHistory && !document.queryCommandEnabled(name))
+        kite.bridge.command(kite.generation, name);
+    else
+        kite.run(name, []);
     return true;
 };
 

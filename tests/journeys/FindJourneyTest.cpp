@@ -1,0 +1,84 @@
+#include "journeys/CommandLineTest.h"
+
+namespace paperkite::test {
+
+namespace {
+
+class FindJourneyTest : public CommandLineTest {
+protected:
+    FindJourneyTest() {
+        mFolder.Write("zoo/animals.h", "class Dog {\npublic:\n    void Bark(int times);\n};\n");
+        Do({"new", Project(), "--source", mFolder / "zoo"});
+        Do({"comment", Project(), "Dog", "--tag", "##", "--text",
+            "<p>Guards the <b>colour</b>ed house.</p>"});
+        Do({"comment", Project(), "Dog::Bark", "--tag", "Remarks", "--text", "Colour me lowd."});
+    }
+    std::string Project() const { return mFolder / "zoo.kiteproject"; }
+};
+
+TEST_F(FindJourneyTest, HitsAreListedWithItemTagAndLine) {
+    EXPECT_EQ(Do({"find", Project(), "colour"}),
+              "zoo~Dog: General Description: Guards the coloured house.\n"
+              "zoo~Dog~Bark: Remarks: Colour me lowd.\n"
+              "Found 2 times in 2 comments of 2 items.\n");
+    EXPECT_EQ(Do({"find", Project(), "colour", "--whole-word", "--case"}),
+              "No comment holds \"colour\".\n");
+    const Json hits = DoJson({"find", Project(), "colour"})["hits"];
+    ASSERT_EQ(hits.size(), 2u);
+    EXPECT_EQ(hits[0]["qualifiedName"], "zoo~Dog");
+    EXPECT_EQ(hits[0]["tag"], "##");
+    EXPECT_EQ(hits[0]["at"], 11);
+    EXPECT_EQ(hits[0]["length"], 6);
+}
+
+TEST_F(FindJourneyTest, ADryRunShowsWhatWouldChangeAndWritesNothing) {
+    const auto before = FilesBelow(mFolder.Path());
+    const std::string shown = Do({"find", Project(), "colour", "--replace", "color", "--dry-run"});
+    EXPECT_TRUE(Contains(shown, "    becomes: Guards the colored house.\n")) << shown;
+    EXPECT_TRUE(Contains(shown, "Would replace it 2 times in 2 comments of 2 items.")) << shown;
+    EXPECT_EQ(FilesBelow(mFolder.Path()), before);
+    EXPECT_EQ(DoJson({"find", Project(), "colour", "--replace", "x", "--dry-run"})["written"],
+              false);
+}
+
+TEST_F(FindJourneyTest, ReplacingIsSavedAndKeepsTheMarkup) {
+    const std::string shown = Do({"find", Project(), "colour", "--replace", "color"});
+    EXPECT_TRUE(Contains(shown, "Replaced it 2 times in 2 comments of 2 items.")) << shown;
+    EXPECT_TRUE(Contains(Do({"comments", Project(), "Dog"}), "<b>color</b>ed house"));
+    EXPECT_TRUE(Contains(Do({"comments", Project(), "Dog::Bark"}), "color me lowd."));
+    Do({"find", Project(), "colour", "--replace", "color"});
+}
+
+TEST_F(FindJourneyTest, WrongUseIsRefusedWithWords) {
+    EXPECT_TRUE(Contains(Refused({"find", Project(), ""}), "the text is empty"));
+    EXPECT_TRUE(Contains(Refused({"find", Project(), "x", "--dry-run"}), "--replace"));
+    EXPECT_TRUE(Contains(Refused({"find", mFolder / "none.kiteproject", "x"}), "none"));
+}
+
+TEST_F(FindJourneyTest, MisspeltWordsAreListedWithSuggestions) {
+    const ProgramResult result = mProgram.Run({"spell", Project()});
+    EXPECT_EQ(result.ExitCode, 1);
+    EXPECT_EQ(result.Err, "");
+    EXPECT_TRUE(Contains(result.Out, "zoo~Dog~Bark: Remarks: Colour me lowd.\n    lowd: "))
+        << result.Out;
+    EXPECT_TRUE(Contains(result.Out, "loud")) << result.Out;
+    const Json json = Json::parse(mProgram.Run({"spell", Project(), "Dog::Bark", "--json"}).Out);
+    ASSERT_FALSE(json["misspelt"].empty());
+    EXPECT_EQ(json["misspelt"].back()["word"], "lowd");
+    EXPECT_TRUE(json["misspelt"].back()["suggestions"].is_array());
+}
+
+TEST_F(FindJourneyTest, WordsOfTheProjectAndItsCodeAreRight) {
+    mFolder.Write("zoo.words", "lowd\ncolour\ncoloured\n");
+    Do({"comment", Project(), "Dog::Bark", "--tag", "Parameter", "--text", "Times, as in Bark."});
+    EXPECT_EQ(Do({"spell", Project()}), "No word is misspelt.\n");
+    EXPECT_EQ(DoJson({"spell", Project()})["misspelt"], Json::array());
+}
+
+TEST_F(FindJourneyTest, AFileOfWordsThatCannotBeReadIsTold) {
+    std::filesystem::create_directory(mFolder / "zoo.words");
+    EXPECT_TRUE(Contains(Refused({"spell", Project()}), "zoo.words"));
+}
+
+} // namespace
+} // namespace paperkite::test
