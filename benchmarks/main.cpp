@@ -49,8 +49,7 @@ int Run(int argc, char** argv) {
     }
     std::vector<Row> rows;
     for (const auto add : {AddTreeRows, AddTreeViewRows, AddScanRows, AddStoreRows, AddEditorRows,
-                           AddTextRows, AddLayoutRows, AddProcedureRows, AddPageRows,
-                           AddStartRows})
+                           AddTextRows, AddLayoutRows, AddProcedureRows, AddPageRows, AddStartRows})
         add(rows);
     if (onlyNames) {
         for (const Row& row : rows)

@@ -213,7 +213,7 @@ void CommentEditor::UserControl_Show() {
 
 void CommentEditor::ReloadSettings() {
     Procedure(*this, "ReloadSettings", [&](Frame&) {
-        if (mSpell) InitSpellingObject(*mSpell);
+        zReloadSpelling();
         zReadDescriptionPane();
     });
 }

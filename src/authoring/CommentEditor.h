@@ -357,6 +357,7 @@ private:
     void HideActiveDesigner();
     Ref<DataCells> GetDataCells(const Ref<TaggedCommentDef>& TaggedCommentDef) const;
     Ref<Object> zSpellObject() const;
+    void zReloadSpelling();
     void zEndDesigners();
 
     // Searching

@@ -3,6 +3,7 @@
 
 #include "foundation/ScopeExit.h"
 #include "foundation/Services.h"
+#include "foundation/Settings.h"
 #include "foundation/Text.h"
 
 namespace paperkite {
@@ -111,10 +112,25 @@ void CommentEditor::zCheckTabs(const Ref<Object>& PassedSpell) {
 
 void CommentEditor::spell_OptionBtnClick() {
     Procedure(*this, "spell_OptionBtnClick", [&](Frame&) {
-        // The host shows its dialog; what was stored there counts from now on.
         Events.SpellingOptionsRequested.Raise();
-        ReloadSettings();
+        ShowSpellingOptions();
     });
+}
+
+void CommentEditor::ShowSpellingOptions() {
+    Procedure(*this, "ShowSpellingOptions", [&](Frame&) {
+        const auto& show = CurrentServices().ShowPageDialog;
+        if (!show)
+            RaiseError(ErrorNumber::CannotCreateComponent, "This host shows no pages of settings");
+        const int answer =
+            show({"Spelling Options", "CommonPages.PageSpelling", "Common.PageSpelling",
+                  "Software\\Brindlewick\\" + GetAppName() + "\\Spelling", this});
+        if (answer == 1) zReloadSpelling();
+    });
+}
+
+void CommentEditor::zReloadSpelling() {
+    if (const auto engine = zSpellObject()) InitSpellingObject(*engine);
 }
 
 void CommentEditor::SetSpellOptions(const SpellOptions& value) {

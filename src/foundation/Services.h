@@ -142,8 +142,8 @@ struct Services {
     std::shared_ptr<paperkite::ThemeColours> ThemeColours;
     /// Nothing: texts are taken to fit.
     std::shared_ptr<paperkite::TextMeasure> TextMeasure;
-    /// Shows a page of settings and waits; 1 when the author accepted it. Error 429 for a class that
-    /// nobody knows.
+    /// Shows a page of settings and waits; 1 when the author accepted it. Error 429 for a class
+    /// that nobody knows.
     std::function<int(const PageDialog&)> ShowPageDialog;
     /// Lets pending events of the window system run.
     std::function<void()> RunPendingEvents;

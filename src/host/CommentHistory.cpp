@@ -97,13 +97,14 @@ std::string CommentHistory::CaptionOf(const Change& change) const {
 }
 
 void CommentHistory::BeginStep(const std::string& caption) {
-    EndStep();
     Pause();
+    if (++mDepth > 1) return;
     mOpen.emplace();
     mOpen->Caption = caption;
 }
 
 void CommentHistory::EndStep() {
+    if (mDepth == 0 || --mDepth > 0) return;
     auto step = std::exchange(mOpen, std::nullopt);
     Pause();
     if (step && !step->Changes.empty()) Push(std::move(*step));
@@ -119,16 +120,16 @@ std::string CommentHistory::RedoCaption() const {
 
 std::vector<std::string> CommentHistory::Undo() {
     mWorkspace.GetEditor().CommitEdit();
-    EndStep();
-    if (!CanUndo()) return {};
+    Pause();
+    if (mOpen || !CanUndo()) return {};
     --mNext;
     return Apply(mSteps[mNext], true);
 }
 
 std::vector<std::string> CommentHistory::Redo() {
     mWorkspace.GetEditor().CommitEdit();
-    EndStep();
-    if (!CanRedo()) return {};
+    Pause();
+    if (mOpen || !CanRedo()) return {};
     ++mNext;
     return Apply(mSteps[mNext - 1], false);
 }
@@ -159,6 +160,7 @@ void CommentHistory::Clear() {
     mSteps.clear();
     mNext = 0;
     mOpen.reset();
+    mDepth = 0;
     mTyping.reset();
 }
 

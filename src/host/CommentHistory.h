@@ -31,7 +31,8 @@ public:
     /// Ends what is typed: what comes next is a step of its own.
     void Pause() { mTyping.reset(); }
 
-    /// Takes changes together until EndStep. The caption says what is done: "Replace \"old\"".
+    /// Takes changes together until EndStep. The caption says what is done: "Replacing \"old\"".
+    /// Steps inside another one belong to it.
     void BeginStep(const std::string& caption);
     void EndStep();
 
@@ -81,6 +82,7 @@ private:
     /// The steps before this one are done, the others taken back.
     std::size_t mNext = 0;
     std::optional<Step> mOpen;
+    int mDepth = 0;
     std::optional<Typing> mTyping;
     bool mApplying = false;
 };

@@ -48,7 +48,8 @@ HomelessComments::Moves HomelessWork::Adopt(const std::string& gone, const std::
     std::vector<std::string> items;
     for (const auto& [from, to] : moves)
         items.insert(items.end(), {from, to});
-    Change("Adopting Homeless Comments", items, [&] { HomelessComments::Adopt(GetStore(), GetProvider(), gone, home); });
+    Change("Adopting Homeless Comments", items,
+           [&] { HomelessComments::Adopt(GetStore(), GetProvider(), gone, home); });
     return moves;
 }
 

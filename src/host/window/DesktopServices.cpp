@@ -5,6 +5,8 @@
 #include "foundation/Services.h"
 #include "host/HeadlessServices.h"
 #include "host/StateFolder.h"
+#include "host/window/SpellDialog.h"
+#include "host/window/SpellOptionsDialog.h"
 #include "model/ModelControlHelper.h"
 #include "platform/qt/MessageBoxService.h"
 #include "platform/qt/TextMeasureService.h"
@@ -76,6 +78,15 @@ private:
     std::string mTitle;
 };
 
+int ShowPage(const PageDialog& wanted) {
+    if (wanted.PageClass != "CommonPages.PageSpelling")
+        RaiseError(ErrorNumber::CannotCreateComponent,
+                   "There is no page \"" + wanted.PageClass + "\" in this program");
+    SpellOptionsDialog dialog(wanted.SettingsKey, QString::fromStdString(wanted.Caption),
+                              QApplication::activeWindow());
+    return dialog.exec() == QDialog::Accepted ? 1 : 0;
+}
+
 } // namespace
 
 void InstallDesktopServices(ModelControlHelper& helper) {
@@ -86,6 +97,10 @@ void InstallDesktopServices(ModelControlHelper& helper) {
     services.CreateFolderBrowser = [] { return std::make_shared<DesktopFolderBrowser>(); };
     services.TextMeasure = std::make_shared<TextMeasureService>();
     services.CreateDesigner = [](const std::string& progID) { return MakeDesigner(progID); };
+    services.AskSpelling = [](const SpellQuestion& question) {
+        return SpellDialog::Ask(question, QApplication::activeWindow());
+    };
+    services.ShowPageDialog = [](const PageDialog& dialog) { return ShowPage(dialog); };
     services.RunPendingEvents = [] { QApplication::processEvents(); };
     GlobalConfig().ApplicationDataFolder = StateFolder();
     // Who writes remarks goes on writing remarks on the next item.

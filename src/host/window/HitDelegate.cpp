@@ -13,10 +13,10 @@ QString HitDelegate::HtmlOf(const TextContext& context) const {
         return QString::fromStdString(context.Line.substr(from, length)).toHtmlEscaped();
     };
     const QString found = part(context.At, context.Length);
-    const QString piece = Replacement.isNull() || Replacement.isEmpty()
-                              ? "<b>" + found + "</b>"
-                              : "<s>" + found + "</s>&nbsp;<b>" + Replacement.toHtmlEscaped() +
-                                    "</b>";
+    const QString piece =
+        Replacement.isNull() || Replacement.isEmpty()
+            ? "<b>" + found + "</b>"
+            : "<s>" + found + "</s>&nbsp;<b>" + Replacement.toHtmlEscaped() + "</b>";
     return part(0, context.At) + piece + part(context.At + context.Length, std::string::npos);
 }
 
@@ -38,8 +38,8 @@ void HitDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     text.setDefaultTextOption(lines);
     QAbstractTextDocumentLayout::PaintContext colours;
     const bool isSelected = row.state.testFlag(QStyle::State_Selected);
-    const auto group = row.state.testFlag(QStyle::State_Active) ? QPalette::Active
-                                                                : QPalette::Inactive;
+    const auto group =
+        row.state.testFlag(QStyle::State_Active) ? QPalette::Active : QPalette::Inactive;
     colours.palette.setColor(
         QPalette::Text,
         row.palette.color(group, isSelected ? QPalette::HighlightedText : QPalette::Text));

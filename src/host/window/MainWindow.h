@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/CommentSearch.h"
+#include "host/TextChanges.h"
 #include "host/Workspace.h"
 #include "host/window/ItemFinder.h"
 #include "host/window/RecentProjects.h"
@@ -24,6 +26,7 @@ namespace paperkite {
 class BackgroundReading;
 class CommentHistory;
 class CoverageStatus;
+class FindDialog;
 class HomelessStatus;
 class ProjectLock;
 class SafeKeeping;
@@ -159,6 +162,18 @@ private:
     void ClickTreeCommand(const char* name);
     void ShowProperties();
 
+    // Searching and spelling
+    void FindInComments();
+    void FindNextInComments();
+    FindDialog& Finding();
+    void ShowHit(const std::string& item, const SearchOptions& options);
+    void CheckSpelling();
+    void CheckSpellingOfProject();
+    void ShowSpellingOptions();
+    /// Makes changes from outside the editor, as one step of that name; gives how many comments
+    /// were left alone, since they say something else by now.
+    std::size_t ChangeTexts(const TextChanges::Changes& changes, const std::string& caption);
+
     // Appearance
     void LargerText() { ScaleText(10); }
     void SmallerText() { ScaleText(-10); }
@@ -188,6 +203,7 @@ private:
     QMenu* mRecentMenu = nullptr;
     QMenu* mTemplateMenu = nullptr;
     QLabel* mRecentLinks = nullptr;
+    FindDialog* mFindDialog = nullptr;
     QLabel* mPath;
     QLabel* mModified;
     CoverageStatus* mCoverage;

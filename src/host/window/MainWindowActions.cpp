@@ -84,6 +84,17 @@ void MainWindow::MakeEditMenu() {
     AddAction(menu, "PasteComments", tr("&Paste Comments to the Item"), "edit-paste",
               QKeySequence("Ctrl+Shift+V"), &MainWindow::PasteComments);
     menu.addSeparator();
+    AddAction(menu, "FindInComments", tr("Fi&nd and Replace in Comments …"), "edit-find-replace",
+              QKeySequence("Ctrl+Shift+F"), &MainWindow::FindInComments);
+    AddAction(menu, "FindNextInComments", tr("Find Ne&xt in Comments"), "", QKeySequence::FindNext,
+              &MainWindow::FindNextInComments);
+    AddAction(menu, "CheckSpelling", tr("Check &Spelling of the Item"), "tools-check-spelling",
+              QKeySequence("F7"), &MainWindow::CheckSpelling);
+    AddAction(menu, "CheckSpellingOfProject", tr("Check Spelling of the Pro&ject"), "",
+              QKeySequence("Shift+F7"), &MainWindow::CheckSpellingOfProject);
+    AddAction(menu, "SpellingOptions", tr("Spelling &Options …"), "", {},
+              &MainWindow::ShowSpellingOptions);
+    menu.addSeparator();
     AddAction(menu, "ResolveConflicts", tr("&Choose Between Versions …"), "", {},
               &MainWindow::ResolveConflicts);
     AddAction(menu, "Homeless", tr("&Homeless Comments …"), "", QKeySequence("Ctrl+Shift+H"),
@@ -186,7 +197,8 @@ void MainWindow::UpdateActions() {
     const bool open = mWorkspace != nullptr;
     ShowHistory();
     for (const char* name :
-         {"FindItem", "ResolveConflicts", "Save", "SaveAs", "Rescan", "Properties", "Close",
+         {"FindInComments", "FindNextInComments", "CheckSpellingOfProject", "SpellingOptions",
+          "FindItem", "ResolveConflicts", "Save", "SaveAs", "Rescan", "Properties", "Close",
           "NextSibling", "PreviousSibling", "NextUndocumented", "PreviousUndocumented"})
         GetAction(name)->setEnabled(open);
     GetAction("Homeless")->setEnabled(mHomelessCount > 0);
@@ -195,6 +207,8 @@ void MainWindow::UpdateActions() {
                       ? tr("&Homeless Comments (Not All Code Was Read Yet)")
                   : open && mHomelessCount == 0 ? tr("No &Homeless Comments")
                                                 : tr("&Homeless Comments …"));
+    GetAction("CheckSpelling")
+        ->setEnabled(open && mWorkspace->GetEditor().cEditor.GetCurrentCodeElement());
     GetAction("CopyComments")
         ->setEnabled(open && mWorkspace->GetEditor().cEditor.GetCurrentCodeElement());
     GetAction("PasteComments")

@@ -34,8 +34,7 @@ void MainWindow::CountHomeless() {
 
 void MainWindow::ShowHomeless() {
     if (mHomelessCount == 0) return;
-    HomelessWork work(*mWorkspace, mKeeping ? &mKeeping->GetWork() : nullptr,
-                      mHistory.get());
+    HomelessWork work(*mWorkspace, mKeeping ? &mKeeping->GetWork() : nullptr, mHistory.get());
     const Connection changes =
         work.Events.Changed.Connect([this](const std::string& item) { NoteHomelessChange(item); });
     HomelessDialog dialog(work, this);

@@ -4,6 +4,7 @@
 #include "foundation/Utilities.h"
 #include "host/CommentHistory.h"
 #include "host/window/CoverageStatus.h"
+#include "host/window/FindDialog.h"
 #include "host/window/SafeKeeping.h"
 
 #include <QAction>
@@ -45,6 +46,7 @@ void MainWindow::ShowItem(const Ref<TreeNode>& node) {
     if (item) ShowSource(item);
     const std::string name = node->GetKey();
     NoteChangeable();
+    if (mFindDialog && item) mFindDialog->SetItem(name);
     mPath->setText(item ? QString::fromStdString(ReplaceAll(name, "~", " ~ "))
                         : QString::fromStdString(node->GetText()));
     mPath->setToolTip(mPath->text());

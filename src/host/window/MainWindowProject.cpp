@@ -3,6 +3,7 @@
 #include "host/CommentHistory.h"
 #include "host/window/BackgroundReading.h"
 #include "host/window/CoverageStatus.h"
+#include "host/window/FindDialog.h"
 #include "host/window/NewProjectDialog.h"
 #include "host/window/SafeKeeping.h"
 #include "host/window/ScanDialog.h"
@@ -165,6 +166,7 @@ void MainWindow::HideProject() {
     mSourcePane = nullptr;
     mNoItem = nullptr;
     mFinder = nullptr;
+    delete std::exchange(mFindDialog, nullptr);
     mHistory.reset();
     mWorkspace.reset();
     mPath->clear();

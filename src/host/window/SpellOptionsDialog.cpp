@@ -38,7 +38,8 @@ SpellOptionsDialog::SpellOptionsDialog(std::string key, const QString& caption, 
 std::string SpellOptionsDialog::Stored(const std::string& name) const {
     std::string text;
     Ignoring([&] {
-        text = Required(CurrentServices().Registry).ReadValue(HKEY_CURRENT_USER, mKey, name).ToText();
+        text =
+            Required(CurrentServices().Registry).ReadValue(HKEY_CURRENT_USER, mKey, name).ToText();
     });
     return text;
 }

@@ -22,8 +22,8 @@ private:
     QWidget* MakeRules();
     QWidget* MakeFiles();
     void AddRule(QWidget* parent, const char* name, bool byDefault, const QString& text);
-    QLineEdit* AddFile(QWidget* parent, const char* name, const QString& text,
-                       const QString& hint, const QString& filter);
+    QLineEdit* AddFile(QWidget* parent, const char* name, const QString& text, const QString& hint,
+                       const QString& filter);
     std::string Stored(const std::string& name) const;
 
     struct Rule {
