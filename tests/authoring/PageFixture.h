@@ -49,11 +49,8 @@ public:
         std::string text = element->Text;
         const auto owner = mModel.Provider->Items.find(item);
         if (owner != mModel.Provider->Items.end())
-            for (const auto& comment : *owner->second->Comments()->UnDeletedTaggedComments())
-                if (EqualIgnoringCase(comment->GetTagIdentifier(), tag)) {
-                    text = comment->GetText();
-                    break;
-                }
+            if (const auto comment = mHelper.FindTaggedComment(owner->second->Comments(), tag))
+                text = comment->GetText();
         if (!ForEdit) return text;
         return "<span id=\"TaggedComment|" + item + "|" + tag + "\" contenteditable=\"true\">" +
                text + "</span>";
@@ -65,6 +62,7 @@ public:
 private:
     TestModel& mModel;
     EventLog& mLog;
+    ModelControlHelper mHelper;
 };
 
 /// A comment editor with a template of two layouts, "class.html" for classes and "method.html" for

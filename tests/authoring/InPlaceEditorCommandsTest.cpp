@@ -1,0 +1,241 @@
+#include "authoring/PageFixture.h"
+
+namespace paperkite::test {
+namespace {
+
+struct EditWatcher : HtmlEditObserver {
+    void ClearUndoWanted() override { ++UndoCleared; }
+    void FlushWanted() override {
+        ++Flushed;
+        if (OnFlush) OnFlush();
+    }
+    void CommandWanted(const std::string& name,
+                       const std::vector<std::string>& arguments) override {
+        Commands += name;
+        for (const auto& argument : arguments)
+            Commands += "," + argument;
+        Commands += " ";
+    }
+    int UndoCleared = 0;
+    int Flushed = 0;
+    std::function<void()> OnFlush;
+    std::string Commands;
+};
+
+/// The views of a page, its commands and its links.
+class InPlaceEditorCommandsTest : public PageFixture {
+protected:
+    void LoadPage() {
+        Write("class.html", "page " + PlaceTag("P~A", "#note", "hint"));
+        Load();
+        mPageLog.Take();
+    }
+    std::string Selected() { return Page().FlatStrip->GetSelectedTab()->Key; }
+    HtmlMenuAnswer Menu() { return Widget().UserContextMenu(1, 2, {}, HtmlMenuType::Default); }
+};
+
+TEST_F(InPlaceEditorCommandsTest, TheStripHasThreeViews) {
+    ASSERT_EQ(Page().FlatStrip->Count(), 3u);
+    EXPECT_EQ(Page().FlatStrip->Item(1)->Key, "normal");
+    EXPECT_EQ(Page().FlatStrip->Item(2)->Key, "htmlsource");
+    EXPECT_EQ(Page().FlatStrip->Item(3)->Key, "preview");
+    EXPECT_EQ(Selected(), "normal");
+}
+
+TEST_F(InPlaceEditorCommandsTest, EverySwitchBuildsThePageAgain) {
+    LoadPage();
+    ShowView("htmlsource");
+    EXPECT_EQ(Widget().GetView(), HtmlView::Source);
+    EXPECT_EQ(mPageLog.Take(), "ForEdit=True editcommenttype=1 RootItem=P "
+                               "Prepare(Test:Class,P~A,Classes,nothing)");
+    EXPECT_TRUE(Widget().HasFocus());
+    ShowView("preview");
+    EXPECT_EQ(Widget().GetView(), HtmlView::Normal);
+    EXPECT_EQ(mPageLog.Take(), "ForEdit=False editcommenttype=1 RootItem=P "
+                               "Prepare(Test:Class,P~A,Classes,nothing)");
+    ShowView("normal");
+    EXPECT_EQ(Widget().GetView(), HtmlView::Normal);
+    EXPECT_NE(mPageLog.Take().find("ForEdit=True"), std::string::npos);
+    EXPECT_EQ(mServices.TakeReports(), "");
+}
+
+TEST_F(InPlaceEditorCommandsTest, AnotherTabLeavesTheViewAndBuildsThePage) {
+    LoadPage();
+    ShowView("htmlsource");
+    mPageLog.Take();
+    Page().FlatStrip->Add("extra", "Extra");
+    ShowView("extra");
+    EXPECT_EQ(Widget().GetView(), HtmlView::Source);
+    EXPECT_NE(mPageLog.Take().find("Prepare"), std::string::npos);
+    Page().FlatStrip->Events.Change.Raise({}, {});
+    EXPECT_EQ(mPageLog.Take(), "");
+    EXPECT_EQ(mServices.TakeReports(), "");
+}
+
+TEST_F(InPlaceEditorCommandsTest, InThePreviewNothingCanBeTyped) {
+    mItem->Comment("#note", "text", "n", 1);
+    LoadPage();
+    ShowView("preview");
+    EXPECT_TRUE(Widget().GetPlaces().empty());
+    EXPECT_EQ(Body(), "page text");
+    mLog.Take();
+    Widget().UserSpanChanged(0, "typed");
+    EXPECT_EQ(mLog.Take(), "");
+    EXPECT_EQ(mItem->Comments()->Item("n")->GetText(), "text");
+    ShowView("normal");
+    Type("P~A", "#note", "typed");
+    EXPECT_EQ(mItem->Comments()->Item("n")->GetText(), "typed");
+}
+
+TEST_F(InPlaceEditorCommandsTest, WhatWasTypedReachesTheModelBeforeTheViewChanges) {
+    LoadPage();
+    EditWatcher watcher;
+    const auto tie = Widget().Observe(watcher);
+    watcher.OnFlush = [&] {
+        if (watcher.Flushed == 1) Widget().UserSpanChanged(0, "typed late");
+    };
+    ShowView("preview");
+    ASSERT_EQ(mItem->Comments()->Count(), 1u);
+    EXPECT_EQ(Body(), "page typed late");
+}
+
+TEST_F(InPlaceEditorCommandsTest, ViewSourceHasNoEffect) {
+    LoadPage();
+    Widget().ClickEditTool("ViewSource");
+    EXPECT_EQ(Widget().GetView(), HtmlView::Normal);
+    EXPECT_EQ(Selected(), "normal");
+    EXPECT_EQ(mPageLog.Take(), "");
+}
+
+TEST_F(InPlaceEditorCommandsTest, ViewPreviewShowsThePreviewOfTheStrip) {
+    LoadPage();
+    Widget().ClickEditTool("ViewPreview");
+    EXPECT_EQ(Selected(), "preview");
+    EXPECT_EQ(Widget().GetView(), HtmlView::Normal);
+    EXPECT_NE(mPageLog.Take().find("ForEdit=False"), std::string::npos);
+    EXPECT_TRUE(Widget().GetPlaces().empty());
+}
+
+TEST_F(InPlaceEditorCommandsTest, OtherCommandsGoOnToTheWidget) {
+    LoadPage();
+    EditWatcher watcher;
+    const auto tie = Widget().Observe(watcher);
+    mEditor.ClickEditTool("bold");
+    mEditor.ClickEditTool("insertunorderedlist");
+    EXPECT_EQ(watcher.Commands, "bold insertunorderedlist ");
+}
+
+TEST_F(InPlaceEditorCommandsTest, ThePreviewHasTheDefaultMenuOnly) {
+    LoadPage();
+    EXPECT_EQ(Menu(), HtmlMenuAnswer::Full);
+    ShowView("htmlsource");
+    EXPECT_EQ(Menu(), HtmlMenuAnswer::Full);
+    ShowView("preview");
+    EXPECT_EQ(Menu(), HtmlMenuAnswer::DefaultOnly);
+}
+
+TEST_F(InPlaceEditorCommandsTest, UndoIsForgottenOnceBehindEachPage) {
+    LoadPage();
+    EditWatcher watcher;
+    const auto tie = Widget().Observe(watcher);
+    Widget().UserSelection("", {}, {"undo"}, "", "");
+    EXPECT_EQ(watcher.UndoCleared, 0);
+    ShowView("htmlsource");
+    EXPECT_EQ(watcher.UndoCleared, 1);
+    Widget().UserSelection("", {}, {"undo"}, "", "");
+    EXPECT_EQ(watcher.UndoCleared, 1);
+    Load("P~B");
+    EXPECT_EQ(watcher.UndoCleared, 2);
+}
+
+TEST_F(InPlaceEditorCommandsTest, LinksAreBuiltByTheHost) {
+    LoadPage();
+    std::string told;
+    const auto tie = mEditor.Events.BuildLinkRequest.Connect(
+        [&](const std::string& existing, bool getCaption, std::string& caption,
+            std::string& newLink, bool external, const std::string& title, const std::string& tip,
+            bool extension) {
+            told = existing + "|" + std::to_string(getCaption) + "|" + caption + "|" +
+                   std::to_string(external) + "|" + title + "|" + tip + "|" +
+                   std::to_string(extension);
+            newLink = "new.html";
+            caption = "New";
+        });
+    EditWatcher watcher;
+    const auto watch = Widget().Observe(watcher);
+    Widget().UserSelection("text", {}, {}, "", "", "old.html");
+    Widget().ClickEditTool("createlink");
+    EXPECT_EQ(told, "old.html|0|text|1|Get URL|Link to|1");
+    EXPECT_EQ(watcher.Commands, "createlink,new.html, ");
+    watcher.Commands.clear();
+    Widget().UserSelection("", {}, {}, "", "");
+    Widget().ClickEditTool("createlink");
+    EXPECT_EQ(told, "|1||1|Get URL|Link to|1");
+    EXPECT_EQ(watcher.Commands, "createlink,new.html,New ");
+}
+
+TEST_F(InPlaceEditorCommandsTest, WithoutALinkOfTheHostNothingIsLinked) {
+    LoadPage();
+    EditWatcher watcher;
+    const auto watch = Widget().Observe(watcher);
+    Widget().UserSelection("text", {}, {}, "", "", "old.html");
+    Widget().ClickEditTool("createlink");
+    EXPECT_EQ(watcher.Commands, "");
+}
+
+TEST_F(InPlaceEditorCommandsTest, EventsOfThePageReachTheEditor) {
+    LoadPage();
+    EventLog log;
+    auto& events = mEditor.Events;
+    log.Keep(events.HyperlinkClick.Connect([&](const auto& href) { log.Add("click " + href); }));
+    log.Keep(
+        events.SpellIgnoreWordAdded.Connect([&](const auto& word) { log.Add("word " + word); }));
+    log.Keep(events.InsertHyperLinkRequest.Connect(
+        [&](const auto& text, std::string& link, bool& cancel) {
+            log.Add("insert " + text);
+            link = "given.html";
+            cancel = text == "stop";
+        }));
+    EditWatcher watcher;
+    const auto watch = Widget().Observe(watcher);
+    Widget().UserHyperlinkClick("there.html");
+    Widget().UserIgnoreWord("kite");
+    Widget().UserSelection("stop", {}, {}, "", "");
+    Widget().ClickEditTool("createlink");
+    EXPECT_EQ(watcher.Commands, "");
+    Widget().UserSelection("go", {}, {}, "", "");
+    Widget().ClickEditTool("createlink");
+    EXPECT_EQ(watcher.Commands, "createlink,given.html, ");
+    EXPECT_EQ(log.Take(), "click there.html word kite insert stop insert go");
+}
+
+TEST_F(InPlaceEditorCommandsTest, AFailingHandlerOfALinkIsReportedOnce) {
+    LoadPage();
+    const auto tie = mEditor.Events.HyperlinkClick.Connect(
+        [](const auto&) { RaiseError(ErrorNumber::InvalidCall); });
+    Widget().UserHyperlinkClick("there.html");
+    EXPECT_EQ(mServices.TakeReports(), "CommentEditor.InPlaceEditor_HyperlinkClick (5)\n");
+}
+
+TEST_F(InPlaceEditorCommandsTest, AHandlerMayLoadAnotherItemWhenALinkIsClicked) {
+    LoadPage();
+    const auto tie = mEditor.Events.HyperlinkClick.Connect([this](const auto&) { Load("P~B"); });
+    Widget().UserHyperlinkClick("there.html");
+    EXPECT_TRUE(mEditor.GetCurrentCodeElement() == mModel.Item("P~B"));
+    EXPECT_EQ(mServices.TakeReports(), "");
+}
+
+TEST_F(InPlaceEditorCommandsTest, TheFocusAndTheOpenEditArePassedOn) {
+    LoadPage();
+    EditWatcher watcher;
+    const auto watch = Widget().Observe(watcher);
+    Page().SetEditFocus();
+    EXPECT_TRUE(Widget().HasFocus());
+    Page().CommitEdit();
+    EXPECT_EQ(watcher.Flushed, 1);
+    mEditor.CommitEdit();
+    EXPECT_EQ(watcher.Flushed, 2);
+}
+
+} // namespace
+} // namespace paperkite::test
