@@ -1,11 +1,13 @@
 #include "host/HeadlessServices.h"
 
+#include "designers/DesignerFactory.h"
 #include "foundation/GlobalConfig.h"
 #include "foundation/Services.h"
 #include "model/CommentPipeModel.h"
 #include "model/ConfigurationReader.h"
 #include "model/PageTemplateDocument.h"
 #include "model/TemplateParser.h"
+#include "model/XmlCheck.h"
 #include "platform/files/LocalFileSystem.h"
 #include "platform/html/HtmlServices.h"
 #include "platform/settings/SettingsRegistry.h"
@@ -46,6 +48,8 @@ std::shared_ptr<ModelControlHelper> InstallHeadlessServices(const std::string& a
     services.CreateParserTemplate = [] { return MakeRef<TemplateParser>(); };
     services.HTMLDOMFactory = MakeHTMLDOMFactory();
     services.HTMLTidy = MakeHTMLTidy();
+    services.CheckXML = &CheckXml;
+    services.CreateDesigner = &MakeDesigner;
     services.ApplicationFolder = applicationFolder;
     const std::string configuration = applicationFolder + "/config";
     if (const auto problem =

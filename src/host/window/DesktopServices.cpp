@@ -2,6 +2,7 @@
 
 #include "foundation/Services.h"
 #include "model/ModelControlHelper.h"
+#include "platform/qt/FileFollower.h"
 #include "platform/qt/MessageBoxService.h"
 
 #include <QApplication>
@@ -79,6 +80,7 @@ void InstallDesktopServices(ModelControlHelper& helper) {
     services.Screen = std::make_shared<DesktopScreen>();
     services.Shell = std::make_shared<DesktopShell>();
     services.CreateFolderBrowser = [] { return std::make_shared<DesktopFolderBrowser>(); };
+    services.FollowFile = &FollowFile;
     services.RunPendingEvents = [] { QApplication::processEvents(); };
     helper.SetSystemClipboard = [](const std::string& text) {
         QApplication::clipboard()->setText(QString::fromStdString(text));
