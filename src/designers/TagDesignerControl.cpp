@@ -108,6 +108,9 @@ void TagDesignerControl::ShowChooser() {
     lblPosition->SetCaption(std::to_string(mPosition + 1) + " of " + std::to_string(count));
     Dock->Commands.Item("PreviousComment")->SetEnabled(mPosition > 0);
     Dock->Commands.Item("NextComment")->SetEnabled(mPosition + 1 < count);
+    for (const char* command : {"PreviousComment", "NextComment", "DeleteComment"})
+        Dock->Commands.Item(command)->SetVisible(count > 1);
+    lblPosition->SetVisible(count > 1);
     const auto definition = GetDefinition();
     const bool mayAdd = mSeveral == Several::Offered && (!definition || !definition->IsGeneral);
     const auto add = Dock->Commands.Item("AddComment");

@@ -203,7 +203,9 @@ void dsrExampleSource::ShowExample() {
                                     "\". Choose another, or put it back; what is stored stays.";
     txtCode->SetFileName(mReference.File);
     txtCode->SetFirstLine(static_cast<int>(snippet.FirstLine));
-    txtCode->SetText(snippet.Text);
+    std::string code = snippet.Text;
+    if (code.ends_with('\n')) code.pop_back();
+    txtCode->SetText(code);
     if (!snippet.Problem.empty() || mReference.File.empty())
         return lblMessage->SetCaption(
             mReference.File.empty()

@@ -17,6 +17,7 @@ constexpr const char* kPage =
     "<!DOCTYPE html><html><head><style>"
     "body { margin: 8px 12px; font: 14px/1.5 sans-serif; background: var(--kite-base); "
     "color: var(--kite-text); }"
+    "#comment { min-height: calc(100vh - 24px); }"
     "p { margin: 0 0 .6em; } ul, ol { margin: 0 0 .6em; padding-left: 1.8em; }"
     "h1, h2, h3, h4 { line-height: 1.25; margin: .8em 0 .4em; }"
     "a { color: var(--kite-link); }"

@@ -136,16 +136,16 @@ TEST_F(dsrExampleSourceTest, APartIsTakenFromTheFile) {
     Show({});
     mControl->txtFile->UserType("ex/a.cpp");
     EXPECT_EQ(mHost.Take(), "+source: ex/a.cpp;");
-    EXPECT_EQ(Code(), "int a;\n  int b;\nint c;\n") << "marks of regions are no example";
+    EXPECT_EQ(Code(), "int a;\n  int b;\nint c;") << "marks of regions are no example";
     mControl->optRegion->UserClick();
     mControl->cboRegion->UserChoose(0);
     EXPECT_EQ(Texts(), "source: ex/a.cpp#one;");
-    EXPECT_EQ(Code(), "  int b;\n");
+    EXPECT_EQ(Code(), "  int b;");
     EXPECT_EQ(mControl->txtCode->GetFirstLine(), 3);
     mControl->optLines->UserClick();
     mControl->txtFrom->UserType("6");
     EXPECT_EQ(Texts(), "source: ex/a.cpp:6;");
-    EXPECT_EQ(Code(), "int c;\n");
+    EXPECT_EQ(Code(), "int c;");
     mControl->txtCaption->UserType("Three");
     EXPECT_EQ(Texts(), "source: ex/a.cpp:6\nThree;");
 }
@@ -155,7 +155,7 @@ TEST_F(dsrExampleSourceTest, TheFileIsFollowed) {
     EXPECT_EQ(mFollowed, "/project/ex/a.cpp");
     mServices.Files->Texts["/project/ex/a.cpp"] = "//! [one]\nnew\n//! [one]\n";
     mChanged();
-    EXPECT_EQ(Code(), "new\n");
+    EXPECT_EQ(Code(), "new");
     mServices.Files->Texts["/project/ex/a.cpp"] = "//! [other]\nnew\n//! [other]\n";
     mDesigner->SetActive(true);
     EXPECT_EQ(Code(), "");

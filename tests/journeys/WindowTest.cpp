@@ -4,6 +4,7 @@
 #include "host/HeadlessServices.h"
 #include "host/window/DesktopServices.h"
 #include "platform/settings/SettingsRegistry.h"
+#include "support/ListedTags.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -17,6 +18,7 @@ namespace paperkite::test {
 WindowTest::WindowTest() : mBefore(CurrentServices()) {
     const auto helper = InstallHeadlessServices(PAPERKITE_SOURCE_DIR);
     InstallDesktopServices(*helper);
+    ListAllTags();
     CurrentServices().Registry = std::make_shared<SettingsRegistry>(mFolder / "settings/user.ini",
                                                                     mFolder / "settings/all.ini");
     GlobalConfig().ProjectViewOptions = {};

@@ -20,6 +20,7 @@
 #include <QLineEdit>
 #include <QPixmap>
 #include <QPlainTextEdit>
+#include <QToolButton>
 
 namespace paperkite::test {
 namespace {
@@ -63,7 +64,8 @@ protected:
         ASSERT_TRUE(Wait([&] { return PagesStand(); }));
         // The engine draws a page some time after it stands.
         if (!Pages().empty()) QTest::qWait(400);
-        QApplication::processEvents();
+        // Bars come in a step of their own.
+        QTest::qWait(20);
         const QPixmap picture = mWindow->grab();
         EXPECT_FALSE(picture.isNull());
         const QString folder = qEnvironmentVariable("PAPERKITE_PICTURES");
@@ -71,7 +73,9 @@ protected:
     }
     void ExpectNoClippedWord() {
         for (auto* button : mWindow->findChildren<QAbstractButton*>()) {
-            if (!button->isVisible() || button->text().isEmpty()) continue;
+            const auto* tool = qobject_cast<QToolButton*>(button);
+            const bool showsNoText = tool && tool->toolButtonStyle() == Qt::ToolButtonIconOnly;
+            if (!button->isVisible() || button->text().isEmpty() || showsNoText) continue;
             const QString text = QString(button->text()).remove(QLatin1Char('&'));
             EXPECT_GE(button->width() + 1, button->fontMetrics().horizontalAdvance(text))
                 << text.toStdString();

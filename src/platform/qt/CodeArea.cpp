@@ -6,7 +6,6 @@
 #include <QFontDatabase>
 #include <QPaintEvent>
 #include <QPainter>
-#include <QScopedValueRollback>
 #include <QTextBlock>
 
 namespace paperkite {
@@ -30,7 +29,6 @@ CodeArea::CodeArea(QWidget* parent) : QPlainTextEdit(parent), mNumbers(new QWidg
 }
 
 void CodeArea::UseFixedFont() {
-    const QScopedValueRollback changing(mChangingFont, true);
     QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     fixed.setPointSizeF(QApplication::font().pointSizeF());
     setFont(fixed);
@@ -102,11 +100,14 @@ void CodeArea::resizeEvent(QResizeEvent* event) {
     MakeRoom();
 }
 
+bool CodeArea::event(QEvent* event) {
+    const bool handled = QPlainTextEdit::event(event);
+    if (event->type() == QEvent::ApplicationFontChange) UseFixedFont();
+    return handled;
+}
+
 void CodeArea::changeEvent(QEvent* event) {
     QPlainTextEdit::changeEvent(event);
-    const bool isFont = event->type() == QEvent::FontChange;
-    if ((isFont || event->type() == QEvent::ApplicationFontChange) && !mChangingFont)
-        UseFixedFont();
     if (event->type() == QEvent::PaletteChange) ShowMark();
 }
 

@@ -15,6 +15,7 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -28,7 +29,6 @@ private:
     int mFirstLine = 1;
     int mMarkedLine = 0;
     int mMarkedPosition = 0;
-    bool mChangingFont = false;
 };
 
 } // namespace paperkite
