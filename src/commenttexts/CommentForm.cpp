@@ -12,10 +12,14 @@ struct FormOfClass {
 };
 
 constexpr FormOfClass kForms[] = {
-    {".dsrKeywords", CommentForm::Keywords},         {".dsrIsNew", CommentForm::IsNew},
-    {".dsrIsExample", CommentForm::IsExample},       {".dsrExampleSource", CommentForm::ExampleSource},
-    {".dsrCommentsFrom", CommentForm::CommentsFrom}, {".dsrMenuItem", CommentForm::MenuItem},
-    {".dsrSubItem", CommentForm::SubItems},          {".dsrXMLIsland", CommentForm::Xml},
+    {".dsrKeywords", CommentForm::Keywords},
+    {".dsrIsNew", CommentForm::IsNew},
+    {".dsrIsExample", CommentForm::IsExample},
+    {".dsrExampleSource", CommentForm::ExampleSource},
+    {".dsrCommentsFrom", CommentForm::CommentsFrom},
+    {".dsrMenuItem", CommentForm::MenuItem},
+    {".dsrSubItem", CommentForm::SubItems},
+    {".dsrXMLIsland", CommentForm::Xml},
 };
 
 } // namespace

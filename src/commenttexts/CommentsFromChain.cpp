@@ -8,9 +8,8 @@ CommentsFromChain CommentsFromChain::Follow(const std::string& from, const std::
                                             const Reference& reference) {
     CommentsFromChain chain;
     for (std::string name = first; !name.empty(); name = reference(name)) {
-        chain.IsCircle = name == from ||
-                         std::find(chain.Names.begin(), chain.Names.end(), name) !=
-                             chain.Names.end();
+        chain.IsCircle = name == from || std::find(chain.Names.begin(), chain.Names.end(), name) !=
+                                             chain.Names.end();
         if (chain.IsCircle) break;
         chain.Names.push_back(name);
     }

@@ -64,7 +64,8 @@ Mark MarkOf(std::string_view line) {
     if (!mayName && FindIgnoringCase(line, "region") == line.npos) return {};
     const std::string text = TrimWhiteSpace(InComment(line));
     const std::size_t start = line.find_first_not_of(" \t");
-    const bool isComment = start != line.npos && kCommentSigns.find(line[start]) != kCommentSigns.npos;
+    const bool isComment =
+        start != line.npos && kCommentSigns.find(line[start]) != kCommentSigns.npos;
     if (isComment && text.size() > 2 && text.starts_with('[') && text.ends_with(']') &&
         text.find(']') == text.size() - 1)
         return {Mark::Kind::Toggle, TrimWhiteSpace(text.substr(1, text.size() - 2))};
@@ -107,8 +108,10 @@ public:
             }
             return false;
         case Mark::Kind::Begin:
-            if (mDepthInside > 0) ++mDepthInside;
-            else if (mark.Name == mWanted) mDepthInside = 1;
+            if (mDepthInside > 0)
+                ++mDepthInside;
+            else if (mark.Name == mWanted)
+                mDepthInside = 1;
             mFound = mFound || mDepthInside > 0;
             return false;
         case Mark::Kind::End:
@@ -158,7 +161,8 @@ void TakeLines(const ExampleReference& reference, std::string_view source,
     const auto lines = SourceLines(source);
     const bool isWhole = reference.Taken == ExampleReference::Part::Whole;
     const std::size_t to = isWhole ? lines.size() : reference.To;
-    for (std::size_t line = isWhole ? 1 : reference.From; line <= std::min(to, lines.size()); ++line)
+    for (std::size_t line = isWhole ? 1 : reference.From; line <= std::min(to, lines.size());
+         ++line)
         if (MarkOf(lines[line - 1]).What == Mark::Kind::None)
             AddLine(snippet, lines[line - 1], line);
     if (to > lines.size())
@@ -184,7 +188,8 @@ std::optional<ExampleReference> ExampleReference::Read(std::string_view text) {
     if (cut != place.npos && place[cut] == '#') {
         reference.Taken = Part::Region;
         reference.Region = place.substr(cut + 1);
-    } else if (cut != place.npos && !ReadLines(std::string_view(place).substr(cut + 1), reference)) {
+    } else if (cut != place.npos &&
+               !ReadLines(std::string_view(place).substr(cut + 1), reference)) {
         return {};
     }
     reference.File = DecodedFile(place.substr(0, cut));

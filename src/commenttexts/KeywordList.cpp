@@ -77,8 +77,10 @@ std::vector<std::string> KeywordList::Levels(std::string_view keyword) {
     for (std::size_t at = 0; at < line.size(); ++at) {
         const bool isLone = line[at] == '>' && at > 0 && at + 1 < line.size() &&
                             line[at - 1] == ' ' && line[at + 1] == ' ';
-        if (isLone) levels.push_back(TrimWhiteSpace(std::exchange(level, {})));
-        else level += line[at];
+        if (isLone)
+            levels.push_back(TrimWhiteSpace(std::exchange(level, {})));
+        else
+            level += line[at];
     }
     levels.push_back(TrimWhiteSpace(level));
     std::erase_if(levels, [](const std::string& text) { return text.empty(); });

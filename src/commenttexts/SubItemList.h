@@ -8,7 +8,8 @@
 namespace paperkite {
 
 /// Parts of an item that have no comments of their own, each with a name and what there is to say
-/// about it: the values of a text parameter, the columns of a table, the entries of a settings file.
+/// about it: the values of a text parameter, the columns of a table, the entries of a settings
+/// file.
 ///
 /// The text is a definition list of HTML, a line for each part:
 ///

@@ -16,16 +16,16 @@ FieldsDesigner::FieldsDesigner(std::string name, Several several)
     txtForeign->SetAccessibleName("The comment as it stands");
     cmdAnew->SetCaption("&Begin Anew");
     cmdAnew->SetToolTipText("Empty fields; the old text goes when you fill them");
-    pnlForeign->SetLayout(FormLayout::Column(
-        {FormLayout::Item(lblForeign), FormLayout::Item(txtForeign, 1),
-         FormLayout::Row({FormLayout::Stretch(), FormLayout::Item(cmdAnew)})}));
+    pnlForeign->SetLayout(
+        FormLayout::Column({FormLayout::Item(lblForeign), FormLayout::Item(txtForeign, 1),
+                            FormLayout::Row({FormLayout::Stretch(), FormLayout::Item(cmdAnew)})}));
     pnlForeign->SetVisible(false);
 
     const auto form = MakeRef<Container>("pnlForm");
     form->Controls.Add(pnlFields);
     form->Controls.Add(pnlForeign);
-    form->SetLayout(FormLayout::Padded(
-        {FormLayout::Item(pnlFields, 1), FormLayout::Item(pnlForeign, 1)}));
+    form->SetLayout(
+        FormLayout::Padded({FormLayout::Item(pnlFields, 1), FormLayout::Item(pnlForeign, 1)}));
     Dock->SetClient(form);
     On(txtForeign->Events.Change, "txtForeign_Change", [this] {
         if (mShowing) return;

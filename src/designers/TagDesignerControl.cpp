@@ -44,8 +44,7 @@ void TagDesignerControl::MakeChooser() {
     add("DeleteComment", "Delete this comment", "edit-delete");
     bar->SetVisible(false);
     mAddsElsewhere = Dock->Commands.Contains("AddComment");
-    if (!mAddsElsewhere)
-        add("AddComment", "Add another comment of this kind", "list-add");
+    if (!mAddsElsewhere) add("AddComment", "Add another comment of this kind", "list-add");
 }
 
 Ref<TaggedCommentDef> TagDesignerControl::GetDefinition() const {
@@ -64,8 +63,8 @@ void TagDesignerControl::Show(const Ref<Object>& element,
     if (comments)
         for (const auto& comment : *comments)
             if (EqualIgnoringCase(comment->GetTagIdentifier(), tag)) mComments.push_back(comment);
-    const auto place = before ? std::find(mComments.begin(), mComments.end(), before)
-                              : mComments.end();
+    const auto place =
+        before ? std::find(mComments.begin(), mComments.end(), before) : mComments.end();
     ShowAt(place == mComments.end() ? 0 : static_cast<std::size_t>(place - mComments.begin()));
 }
 

@@ -24,9 +24,7 @@ constexpr const char* kPage =
 
 Ref<TaggedCommentCollection> CommentsOf(const Ref<Object>& item) {
     Ref<TaggedCommentCollection> comments;
-    Ignoring([&] {
-        comments = item->Get("TaggedComments").ToObjectOf<TaggedCommentCollection>();
-    });
+    Ignoring([&] { comments = item->Get("TaggedComments").ToObjectOf<TaggedCommentCollection>(); });
     return comments ? comments->UnDeletedTaggedComments() : MakeRef<TaggedCommentCollection>();
 }
 
@@ -39,8 +37,7 @@ std::string NameOfTag(const TaggedComment& comment) {
 std::string ShownText(const TaggedComment& comment) {
     const bool isHtml = FormOf(comment.GetTaggedCommentDef()) == CommentForm::Html ||
                         FormOf(comment.GetTaggedCommentDef()) == CommentForm::SubItems;
-    return isHtml ? comment.GetText()
-                  : "<pre>" + PlainText::Escaped(comment.GetText()) + "</pre>";
+    return isHtml ? comment.GetText() : "<pre>" + PlainText::Escaped(comment.GetText()) + "</pre>";
 }
 
 } // namespace
@@ -75,8 +72,8 @@ void dsrCommentsFrom::MakeLayout() {
     split->SetSecondPane(right);
     split->SetPercentage(45);
     SetFields(FormLayout::Column(
-        {FormLayout::Row({FormLayout::Item(lblItem), FormLayout::Item(txtItem, 1),
-                          FormLayout::Item(cmdTake)}),
+        {FormLayout::Row(
+             {FormLayout::Item(lblItem), FormLayout::Item(txtItem, 1), FormLayout::Item(cmdTake)}),
          FormLayout::Item(lblMessage), FormLayout::Item(split, 1)},
         1));
 }

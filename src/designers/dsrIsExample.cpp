@@ -30,18 +30,18 @@ void dsrIsExample::MakeLayout() {
     const auto lblTree = Field<Label>("lblTree");
     lblItems->SetCaption("It &shows how to use:");
     lblTree->SetCaption("All &items:");
-    const auto shown = FormLayout::Column(
-        {FormLayout::Item(lblItems), FormLayout::Item(lstItems, 1),
-         FormLayout::Row({FormLayout::Stretch(), FormLayout::Item(cmdRemove)})},
-        1);
-    const auto all = FormLayout::Column(
-        {FormLayout::Item(lblTree), FormLayout::Item(tvwItems, 1),
-         FormLayout::Row({FormLayout::Stretch(), FormLayout::Item(cmdAdd)})},
-        1);
-    SetFields(FormLayout::Column(
-        {FormLayout::Item(chkExample), FormLayout::Fields({{"&What it does:", txtTitle}}),
-         FormLayout::Row({shown, all}, 1), FormLayout::Item(lblMessage)},
-        1));
+    const auto shown =
+        FormLayout::Column({FormLayout::Item(lblItems), FormLayout::Item(lstItems, 1),
+                            FormLayout::Row({FormLayout::Stretch(), FormLayout::Item(cmdRemove)})},
+                           1);
+    const auto all =
+        FormLayout::Column({FormLayout::Item(lblTree), FormLayout::Item(tvwItems, 1),
+                            FormLayout::Row({FormLayout::Stretch(), FormLayout::Item(cmdAdd)})},
+                           1);
+    SetFields(FormLayout::Column({FormLayout::Item(chkExample),
+                                  FormLayout::Fields({{"&What it does:", txtTitle}}),
+                                  FormLayout::Row({shown, all}, 1), FormLayout::Item(lblMessage)},
+                                 1));
 }
 
 void dsrIsExample::Connect() {
@@ -128,11 +128,11 @@ void dsrIsExample::ShowButtons() {
     cmdRemove->SetEnabled(lstItems->GetListIndex() >= 0);
     cmdAdd->SetEnabled(!mTree.GetChosen().empty());
     if (!chkExample->GetChecked())
-        lblMessage->SetCaption("Tick the box when this code is there to show how other code is used.");
+        lblMessage->SetCaption(
+            "Tick the box when this code is there to show how other code is used.");
     else
-        lblMessage->SetCaption(mNote.Items.empty()
-                                   ? "Choose an item at the right and press Add."
-                                   : "");
+        lblMessage->SetCaption(mNote.Items.empty() ? "Choose an item at the right and press Add."
+                                                   : "");
 }
 
 } // namespace paperkite

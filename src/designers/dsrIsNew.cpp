@@ -10,10 +10,10 @@ dsrIsNew::dsrIsNew(std::string name)
     chkNew->SetCaption("This item is &new");
     txtVersion->SetPlaceholderText("1.4");
     lblShown->SetWordWrap(true);
-    SetFields(FormLayout::Column(
-        {FormLayout::Item(chkNew), FormLayout::Fields({{"&Since version:", txtVersion}}),
-         FormLayout::Item(lblShown), FormLayout::Stretch()},
-        1));
+    SetFields(FormLayout::Column({FormLayout::Item(chkNew),
+                                  FormLayout::Fields({{"&Since version:", txtVersion}}),
+                                  FormLayout::Item(lblShown), FormLayout::Stretch()},
+                                 1));
     On(chkNew->Events.Click, "chkNew_Click", [this] {
         if (!IsShowing() && !chkNew->GetChecked()) txtVersion->SetText({});
         ShowSentence();

@@ -15,10 +15,10 @@ constexpr const char* kHint = "A lower level stands behind \" > \": files > open
 } // namespace
 
 dsrKeywords::dsrKeywords(std::string name)
-    : FieldsDesigner(std::move(name), Several::OnlyShown),
-      txtKeyword(Field<TextBox>("txtKeyword")), cmdAdd(Field<Button>("cmdAdd")),
-      cmdChange(Field<Button>("cmdChange")), lblMessage(Field<Label>("lblMessage")),
-      lstKeywords(Field<ListBox>("lstKeywords")), cmdRemove(Field<Button>("cmdRemove")) {
+    : FieldsDesigner(std::move(name), Several::OnlyShown), txtKeyword(Field<TextBox>("txtKeyword")),
+      cmdAdd(Field<Button>("cmdAdd")), cmdChange(Field<Button>("cmdChange")),
+      lblMessage(Field<Label>("lblMessage")), lstKeywords(Field<ListBox>("lstKeywords")),
+      cmdRemove(Field<Button>("cmdRemove")) {
     const auto lblKeyword = Field<Label>("lblKeyword");
     const auto lblKeywords = Field<Label>("lblKeywords");
     lblKeyword->SetCaption("&Keyword:");

@@ -11,10 +11,10 @@ dsrMenuItem::dsrMenuItem(std::string name)
     txtPath->SetPlaceholderText("File > Export > As PDF…");
     txtKeys->SetPlaceholderText("Ctrl+Shift+E");
     lblShown->SetWordWrap(true);
-    SetFields(FormLayout::Column(
-        {FormLayout::Fields({{"&Menu path:", txtPath}, {"&Keys:", txtKeys}}),
-         FormLayout::Item(lblShown), FormLayout::Stretch()},
-        1));
+    SetFields(
+        FormLayout::Column({FormLayout::Fields({{"&Menu path:", txtPath}, {"&Keys:", txtKeys}}),
+                            FormLayout::Item(lblShown), FormLayout::Stretch()},
+                           1));
     const auto changed = [this] {
         ShowSentence();
         FieldsChanged();

@@ -46,11 +46,11 @@ void dsrSubItem::MakeLayout() {
          FormLayout::Row({FormLayout::Item(cmdAdd), FormLayout::Item(cmdRemove)}),
          FormLayout::Row({FormLayout::Item(cmdUp), FormLayout::Item(cmdDown)})},
         2);
-    const auto part = FormLayout::Column(
-        {FormLayout::Item(label("lblName", "&Name:")), FormLayout::Item(txtName),
-         FormLayout::Item(label("lblText", "&Text:")), FormLayout::Item(txtText, 1),
-         FormLayout::Item(lblMessage)},
-        3);
+    const auto part =
+        FormLayout::Column({FormLayout::Item(label("lblName", "&Name:")), FormLayout::Item(txtName),
+                            FormLayout::Item(label("lblText", "&Text:")),
+                            FormLayout::Item(txtText, 1), FormLayout::Item(lblMessage)},
+                           3);
     SetFields(FormLayout::Row({list, part}, 1));
 }
 
@@ -153,9 +153,9 @@ void dsrSubItem::ShowItem() {
     cmdRemove->SetEnabled(item != nullptr);
     cmdUp->SetEnabled(index > 0);
     cmdDown->SetEnabled(item && index + 1 < lstItems->GetListCount());
-    const auto sameName = std::count_if(
-        mItems.Items.begin(), mItems.Items.end(),
-        [&](const auto& other) { return EqualIgnoringCase(other.Name, shown.Name); });
+    const auto sameName =
+        std::count_if(mItems.Items.begin(), mItems.Items.end(),
+                      [&](const auto& other) { return EqualIgnoringCase(other.Name, shown.Name); });
     if (!item)
         lblMessage->SetCaption("Press Add for the first part: a value, a column, an entry that has "
                                "no comments of its own.");

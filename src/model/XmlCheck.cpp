@@ -81,9 +81,9 @@ private:
 } // namespace
 
 std::optional<MarkupProblem> CheckXml(const std::string& text) {
-    constexpr unsigned kAsTyped = (pugi::parse_full | pugi::parse_ws_pcdata | pugi::parse_fragment) &
-                                  ~(pugi::parse_escapes | pugi::parse_eol |
-                                    pugi::parse_wconv_attribute);
+    constexpr unsigned kAsTyped =
+        (pugi::parse_full | pugi::parse_ws_pcdata | pugi::parse_fragment) &
+        ~(pugi::parse_escapes | pugi::parse_eol | pugi::parse_wconv_attribute);
     std::string parsed = text;
     parsed.push_back('\0');
     pugi::xml_document document;

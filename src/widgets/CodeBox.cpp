@@ -29,7 +29,8 @@ void CodeBox::GoToMark() {
     for (int line = 1; line < mMarkedLine && at != std::string::npos; ++line)
         at = text.find('\n', at) == std::string::npos ? text.size() : text.find('\n', at) + 1;
     for (int column = 1; column < mMarkedColumn && at < text.size() && text[at] != '\n'; ++column)
-        do ++at;
+        do
+            ++at;
         while (at < text.size() && !BeginsCharacter(text[at]));
     SetFocus();
     SetSelStart(std::min(at, text.size()));

@@ -32,7 +32,13 @@ namespace {
     "struct switch true typedef union unsigned void volatile while NULL "
 
 constexpr CodeColouring::Language kLanguages[] = {
-    {".c .h .cc .cpp .cxx .hpp .hh .hxx .ipp .inl .m .mm ", "//", "/*", "*/", "\"'", {"", ""}, '#',
+    {".c .h .cc .cpp .cxx .hpp .hh .hxx .ipp .inl .m .mm ",
+     "//",
+     "/*",
+     "*/",
+     "\"'",
+     {"", ""},
+     '#',
      false,
      PAPERKITE_C_WORDS "alignas alignof and catch class co_await co_return co_yield concept "
                        "consteval constexpr constinit const_cast decltype delete dynamic_cast "
@@ -40,7 +46,14 @@ constexpr CodeColouring::Language kLanguages[] = {
                        "not operator or override private protected public reinterpret_cast "
                        "requires static_assert static_cast template this thread_local throw try "
                        "typename using virtual xor "},
-    {".cs ", "//", "/*", "*/", "\"'", {"\"\"\"", ""}, '#', false,
+    {".cs ",
+     "//",
+     "/*",
+     "*/",
+     "\"'",
+     {"\"\"\"", ""},
+     '#',
+     false,
      " abstract as async await base bool break byte case catch char checked class const continue "
      "decimal default delegate do double else enum event explicit extern false finally fixed "
      "float for foreach get goto if implicit in init int interface internal is lock long "
@@ -48,45 +61,107 @@ constexpr CodeColouring::Language kLanguages[] = {
      "readonly record ref return sbyte sealed set short sizeof stackalloc static string struct "
      "switch this throw true try typeof uint ulong unchecked unsafe ushort using value var "
      "virtual void volatile when where while yield "},
-    {".java .kt .scala .groovy ", "//", "/*", "*/", "\"'", {"\"\"\"", ""}, '\0', false,
+    {".java .kt .scala .groovy ",
+     "//",
+     "/*",
+     "*/",
+     "\"'",
+     {"\"\"\"", ""},
+     '\0',
+     false,
      " abstract assert boolean break byte case catch char class const continue default do double "
      "else enum extends false final finally float for fun if implements import instanceof int "
      "interface long native new null object override package permits private protected public "
      "record return sealed short static strictfp super switch synchronized this throw throws "
      "transient true try val var void volatile when while yield "},
-    {".js .jsx .mjs .ts .tsx .json ", "//", "/*", "*/", "\"'", {"`", ""}, '\0', false,
+    {".js .jsx .mjs .ts .tsx .json ",
+     "//",
+     "/*",
+     "*/",
+     "\"'",
+     {"`", ""},
+     '\0',
+     false,
      " abstract any as async await boolean break case catch class const constructor continue "
      "debugger declare default delete do else enum export extends false finally for from function "
      "get if implements import in instanceof interface let namespace never new null number object "
      "of override private protected public readonly return set static string super switch symbol "
      "this throw true try type typeof undefined unknown var void while with yield "},
-    {".go ", "//", "/*", "*/", "\"'", {"`", ""}, '\0', false,
+    {".go ",
+     "//",
+     "/*",
+     "*/",
+     "\"'",
+     {"`", ""},
+     '\0',
+     false,
      " any bool break byte case chan const continue default defer else error fallthrough false "
      "float32 float64 for func go goto if import int int32 int64 interface iota map nil package "
      "range return rune select string struct switch true type uint uint32 uint64 uintptr var "},
-    {".rs ", "//", "/*", "*/", "\"", {"", ""}, '\0', false,
+    {".rs ",
+     "//",
+     "/*",
+     "*/",
+     "\"",
+     {"", ""},
+     '\0',
+     false,
      " as async await bool break char const continue crate dyn else enum extern f32 f64 false fn "
      "for i32 i64 if impl in let loop match mod move mut pub ref return self Self static str "
      "struct super trait true type u32 u64 u8 union unsafe use usize where while "},
-    {".php ", "//", "/*", "*/", "\"'", {"", ""}, '\0', false,
+    {".php ",
+     "//",
+     "/*",
+     "*/",
+     "\"'",
+     {"", ""},
+     '\0',
+     false,
      " abstract and array as break callable case catch class clone const continue declare default "
      "do echo else elseif empty enum extends false final finally fn for foreach function global "
      "if implements include instanceof interface isset list match namespace new null or private "
      "protected public readonly require return static switch this throw trait true try use var "
      "while yield "},
-    {".py .pyi ", "#", "", "", "\"'", {"\"\"\"", "'''"}, '@', false,
+    {".py .pyi ",
+     "#",
+     "",
+     "",
+     "\"'",
+     {"\"\"\"", "'''"},
+     '@',
+     false,
      " False None True and as assert async await break case class continue def del elif else "
      "except finally for from global if import in is lambda match nonlocal not or pass raise "
      "return self try while with yield "},
-    {".rb ", "#", "=begin", "=end", "\"'", {"", ""}, '\0', false,
+    {".rb ",
+     "#",
+     "=begin",
+     "=end",
+     "\"'",
+     {"", ""},
+     '\0',
+     false,
      " BEGIN END alias and begin break case class def defined do else elsif end ensure false for "
      "if in module next nil not or redo rescue retry return self super then true undef unless "
      "until when while yield "},
-    {".sh .bash .zsh .cmake .toml .yml .yaml .ini .conf CMakeLists.txt ", "#", "", "", "\"'",
-     {"", ""}, '\0', false,
+    {".sh .bash .zsh .cmake .toml .yml .yaml .ini .conf CMakeLists.txt ",
+     "#",
+     "",
+     "",
+     "\"'",
+     {"", ""},
+     '\0',
+     false,
      " case do done elif else endforeach endfunction endif esac exit export fi for foreach "
      "function if in local return set then while "},
-    {".sql .lua .hs .adb .ads ", "--", "", "", "\"'", {"", ""}, '\0', false,
+    {".sql .lua .hs .adb .ads ",
+     "--",
+     "",
+     "",
+     "\"'",
+     {"", ""},
+     '\0',
+     false,
      " add all alter and as begin by case create data default delete desc distinct do drop else "
      "elseif end exists false for from function group if in index inner insert into is join key "
      "left like local nil not null on or order outer primary repeat return select set table then "
@@ -94,8 +169,15 @@ constexpr CodeColouring::Language kLanguages[] = {
      "BY CASE CREATE DEFAULT DELETE DESC DISTINCT DROP ELSE END EXISTS FROM GROUP IF IN INDEX "
      "INNER INSERT INTO IS JOIN KEY LEFT LIKE NOT NULL ON OR ORDER OUTER PRIMARY SELECT SET TABLE "
      "THEN UNION UNIQUE UPDATE VALUES VIEW WHEN WHERE WITH "},
-    {".xml .html .htm .xhtml .svg .xsd .xsl .kiteproject .ktc .ui .qrc ", "", "<!--", "-->", "\"'",
-     {"", ""}, '\0', true, " "},
+    {".xml .html .htm .xhtml .svg .xsd .xsl .kiteproject .ktc .ui .qrc ",
+     "",
+     "<!--",
+     "-->",
+     "\"'",
+     {"", ""},
+     '\0',
+     true,
+     " "},
 };
 
 // What a line may leave open, beside 0 for nothing.
@@ -127,8 +209,10 @@ std::size_t Behind(std::string_view line, std::size_t from, std::string_view end
 std::size_t EndOfText(std::string_view line, std::size_t at) {
     const char quote = line[at];
     for (++at; at < line.size(); ++at) {
-        if (line[at] == '\\') ++at;
-        else if (line[at] == quote) return at + 1;
+        if (line[at] == '\\')
+            ++at;
+        else if (line[at] == quote)
+            return at + 1;
     }
     return line.size();
 }

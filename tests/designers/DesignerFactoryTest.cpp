@@ -9,9 +9,9 @@ namespace paperkite {
 namespace {
 
 TEST(DesignerFactoryTest, MakesEveryClassUnderItsName) {
-    for (const char* name : {"dsrHTMLEdit", "dsrIsExample", "dsrCommentsFrom", "dsrMenuItem",
-                             "dsrKeywords", "dsrExampleSource", "dsrXMLIsland", "dsrSubItem",
-                             "dsrIsNew"}) {
+    for (const char* name :
+         {"dsrHTMLEdit", "dsrIsExample", "dsrCommentsFrom", "dsrMenuItem", "dsrKeywords",
+          "dsrExampleSource", "dsrXMLIsland", "dsrSubItem", "dsrIsNew"}) {
         const auto control = MakeDesigner(std::string("kite4commentdesigners.") + name);
         EXPECT_EQ(control->GetName(), std::string("Kite4CommentDesigners") + name);
         EXPECT_TRUE(control->GetObject());

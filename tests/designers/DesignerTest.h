@@ -32,8 +32,7 @@ public:
         Of(Item)->Remove(comment->GetId());
     }
     std::string ICommentDesignerHost_AppName() const override { return "Test"; }
-    std::vector<std::string>
-    ICommentDesignerHost_ModuleNames(const std::string&) const override {
+    std::vector<std::string> ICommentDesignerHost_ModuleNames(const std::string&) const override {
         return {};
     }
     std::vector<std::string> ICommentDesignerHost_ProjectNames() const override { return {}; }
@@ -42,8 +41,7 @@ public:
     Ref<Object> ICommentDesignerHost_CurrentParentItem() const override { return {}; }
     Ref<Object> ICommentDesignerHost_CurrentItem() const override { return {}; }
     Ref<Object> ICommentDesignerHost_CurrentRootItem() const override { return {}; }
-    Ref<Object>
-    ICommentDesignerHost_GetObjectFromQualifiedName(const std::string& name) override {
+    Ref<Object> ICommentDesignerHost_GetObjectFromQualifiedName(const std::string& name) override {
         const auto found = Items.find(name);
         return found == Items.end() ? Ref<Object>() : found->second;
     }

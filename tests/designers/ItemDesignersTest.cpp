@@ -79,8 +79,8 @@ protected:
 };
 
 TEST_F(dsrIsExampleTest, ShowingAndLeavingChangesNothing) {
-    for (const char* text : {"", "Title", "Title\nof: zoo~Cat\nof: zoo~Gone", "of: a\nof: a",
-                             "one\ntwo", "<p>x</p>"})
+    for (const char* text :
+         {"", "Title", "Title\nof: zoo~Cat\nof: zoo~Gone", "of: a\nof: a", "one\ntwo", "<p>x</p>"})
         ExpectKept(text);
 }
 
@@ -125,10 +125,9 @@ protected:
 };
 
 TEST_F(dsrExampleSourceTest, ShowingAndLeavingChangesNothing) {
-    for (const char* text :
-         {"", "source: ex/a.cpp", "source: ex/a.cpp#one", "source: ex/a.cpp:3-9", "source: gone.c:1",
-          "source:  ex/a.cpp#two \n\n Caption \n", "source: ex/a.cpp:9-3", "<pre>x</pre>",
-          "See the manual.", "source: "})
+    for (const char* text : {"", "source: ex/a.cpp", "source: ex/a.cpp#one", "source: ex/a.cpp:3-9",
+                             "source: gone.c:1", "source:  ex/a.cpp#two \n\n Caption \n",
+                             "source: ex/a.cpp:9-3", "<pre>x</pre>", "See the manual.", "source: "})
         ExpectKept(text);
 }
 

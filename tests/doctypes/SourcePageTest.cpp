@@ -424,9 +424,9 @@ TEST_F(SourcePageTest, AnItemShowsTheCommentsThatItTakes) {
     Write("p~zoo~Animal", "##remarks", "Eats.");
     Write("p~zoo~Animal", "##example", "of the animal");
     Write(mDog, "##example", "of the dog");
-    const std::string page = Page(mDog, Element("comment tag=\"##\"") +
-                                  Element("section tag=\"##remarks\"") +
-                                  Element("section tag=\"##example\""));
+    const std::string page =
+        Page(mDog, Element("comment tag=\"##\"") + Element("section tag=\"##remarks\"") +
+                       Element("section tag=\"##example\""));
     EXPECT_NE(page.find("Lives."), std::string::npos) << page;
     EXPECT_NE(page.find("Eats."), std::string::npos) << page;
     EXPECT_NE(page.find("of the dog"), std::string::npos) << page;
@@ -458,7 +458,8 @@ TEST_F(SourcePageTest, CommentsThatAreNoHtmlAreShownAsWhatTheyAre) {
     Write(mDog, "##menuitem", "File > New\nkeys: Ctrl+N");
     Write(mDog, "##xml", "<a>&amp;</a>");
     Write(mDog, "##isexample", "Feeds\nof: p~zoo~Animal");
-    const std::string page = Page(mDog, Element("head") + Element("flags") + Element("othercomments"));
+    const std::string page =
+        Page(mDog, Element("head") + Element("flags") + Element("othercomments"));
     const auto has = [&](const char* text) {
         EXPECT_NE(page.find(text), std::string::npos) << text << " is not in " << page;
     };

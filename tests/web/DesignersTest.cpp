@@ -45,9 +45,7 @@ protected:
         mWindow->resize(size);
         mView->setGeometry(QRect(QPoint(), size));
     }
-    static bool Wait(const std::function<bool()>& done) {
-        return QTest::qWaitFor(done, 15000);
-    }
+    static bool Wait(const std::function<bool()>& done) { return QTest::qWaitFor(done, 15000); }
     std::vector<HtmlEditView*> Pages() const {
         std::vector<HtmlEditView*> pages;
         for (auto* widget : mWindow->findChildren<QWidget*>())
@@ -108,9 +106,7 @@ protected:
 
 class ShownHTMLEditTest : public ShownDesignerTest<dsrHTMLEdit> {
 protected:
-    ShownHTMLEditTest() : ShownDesignerTest("dsrHTMLEdit") {
-        mPage = Pages().front();
-    }
+    ShownHTMLEditTest() : ShownDesignerTest("dsrHTMLEdit") { mPage = Pages().front(); }
     void ShowPage(const std::vector<std::string>& texts) {
         Show(texts);
         ASSERT_TRUE(Wait([&] { return mPage->IsReady(); }));

@@ -77,7 +77,10 @@ std::string PageElements::ExampleText(const TaggedComment& comment) const {
     const std::filesystem::path folder = mProvider->GetComments()->GetFolder();
     ExampleSnippet snippet;
     std::string source;
-    if (const auto problem = SafeFile::Read((folder / reference->File).string(), source))
+    if (folder.empty() && std::filesystem::path(reference->File).is_relative())
+        snippet.Problem = "The project is in no file yet, so \"" + reference->File +
+                          "\" cannot be found.";
+    else if (const auto problem = SafeFile::Read((folder / reference->File).string(), source))
         snippet.Problem = problem->Message();
     else
         snippet = TakeExample(*reference, source);
@@ -129,9 +132,8 @@ std::string PageElements::TakenFrom(const std::string& qualifiedName) const {
 }
 
 std::vector<std::string> PageElements::SourcesOf(const std::string& qualifiedName) const {
-    return CommentsFromChain::Follow(
-               qualifiedName, TakenFrom(qualifiedName),
-               [this](const std::string& name) { return TakenFrom(name); })
+    return CommentsFromChain::Follow(qualifiedName, TakenFrom(qualifiedName),
+                                     [this](const std::string& name) { return TakenFrom(name); })
         .Names;
 }
 

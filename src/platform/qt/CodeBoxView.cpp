@@ -29,9 +29,9 @@ protected:
         const QScopedValueRollback showing(mShowing, true);
         mArea->setReadOnly(mBox->GetLocked());
         // A locked text is gone through with the keyboard too.
-        mArea->setTextInteractionFlags(mBox->GetLocked()
-                                           ? Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard
-                                           : Qt::TextEditorInteraction);
+        mArea->setTextInteractionFlags(mBox->GetLocked() ? Qt::TextSelectableByMouse |
+                                                               Qt::TextSelectableByKeyboard
+                                                         : Qt::TextEditorInteraction);
         mArea->setPlaceholderText(ToQString(mBox->GetPlaceholderText()));
         mArea->SetFirstLine(mBox->GetFirstLine());
         mHighlighter->SetFileName(mBox->GetFileName());

@@ -29,6 +29,12 @@ public:
         WatchFile();
     }
 
+    /// It may be let go by what it calls, so that it ends later.
+    void End() {
+        mEnded = true;
+        deleteLater();
+    }
+
 private:
     using Stamp = std::pair<qint64, QDateTime>;
 
@@ -42,7 +48,7 @@ private:
     void Settled() {
         const Stamp before = mSeen;
         WatchFile();
-        if (mSeen != before) mChanged();
+        if (mSeen != before && !mEnded) mChanged();
     }
 
     QString mPath;
@@ -50,14 +56,14 @@ private:
     QFileSystemWatcher mWatcher;
     QTimer mSettling;
     Stamp mSeen;
+    bool mEnded = false;
 };
 
 } // namespace
 
 std::shared_ptr<void> FollowFile(const std::string& path, std::function<void()> changed) {
-    // It may be let go by what it calls.
     return {new FileFollower(ToQString(path), std::move(changed)),
-            [](FileFollower* follower) { follower->deleteLater(); }};
+            [](FileFollower* follower) { follower->End(); }};
 }
 
 } // namespace paperkite
