@@ -1,13 +1,9 @@
 #include "designers/dsrHTMLEdit.h"
 
-#include "designers/HTMLEditDesigner.h"
 #include "foundation/CommentDesignerHost.h"
-#include "foundation/GlobalConfig.h"
 #include "foundation/ScopeExit.h"
 #include "foundation/TaggedCommentDef.h"
 #include "foundation/Text.h"
-
-#include <algorithm>
 
 namespace paperkite {
 
@@ -21,6 +17,7 @@ constexpr const char* kPage =
     "<!DOCTYPE html><html><head><style>"
     "body { margin: 8px 12px; font: 14px/1.5 sans-serif; background: var(--kite-base); "
     "color: var(--kite-text); }"
+    "#comment { min-height: calc(100vh - 24px); }"
     "p { margin: 0 0 .6em; } ul, ol { margin: 0 0 .6em; padding-left: 1.8em; }"
     "h1, h2, h3, h4 { line-height: 1.25; margin: .8em 0 .4em; }"
     "a { color: var(--kite-link); }"
@@ -69,25 +66,13 @@ constexpr TableSize kTableSizes[] = {{"table 2 2", "2 rows, 2 columns"},
 } // namespace
 
 dsrHTMLEdit::dsrHTMLEdit(std::string name)
-    : DesignerControl(std::move(name)), Dock(MakeRef<DockHost>("Dock")),
-      ed(MakeRef<HtmlEdit>("ed")), lblPosition(MakeRef<Label>("lblPosition")),
-      mDesigner(MakeRef<HTMLEditDesigner>(*this)) {
-    Controls.Add(Dock);
-    SetLayout(FormLayout::Column({FormLayout::Item(Dock, 1)}));
+    : TagDesignerControl(std::move(name), Several::Offered), ed(MakeRef<HtmlEdit>("ed")) {
     MakeToolbar();
     MakeChooser();
     Dock->SetClient(ed);
     ed->SetSpellAsYouType(true);
     ConnectEditor();
     ShowTools();
-}
-
-dsrHTMLEdit::~dsrHTMLEdit() {
-    mDesigner->mControl = nullptr;
-}
-
-Ref<CommentDesigner> dsrHTMLEdit::GetObject() {
-    return mDesigner;
 }
 
 void dsrHTMLEdit::MakeToolbar() {
@@ -111,71 +96,47 @@ void dsrHTMLEdit::MakeToolbar() {
     bar->Add(add, true);
 }
 
-void dsrHTMLEdit::MakeChooser() {
-    const auto bar = Dock->AddToolbar("Comments");
-    const auto add = [&](const char* name, const char* caption, const char* icon) {
-        const auto command = Dock->Commands.Add(name, caption, icon);
-        command->SetToolTipText(caption);
-        bar->Add(command);
-    };
-    add("PreviousComment", "Previous comment of this kind", "go-previous");
-    bar->AddControl(lblPosition);
-    add("NextComment", "Next comment of this kind", "go-next");
-    add("DeleteComment", "Delete this comment", "edit-delete");
-    bar->SetVisible(false);
-    mConnections.push_back(Dock->Events.CommandClick.Connect(
-        [this](const Ref<DockCommand>& command) { Dock_CommandClick(*command); }));
-}
-
 void dsrHTMLEdit::ConnectEditor() {
     auto& events = ed->Events;
-    mConnections.push_back(events.DocumentComplete.Connect([this] {
+    On(events.DocumentComplete, "ed_DocumentComplete", [this] {
         FillPlace();
         DesignerEvents.DocumentComplete.Raise();
-    }));
-    mConnections.push_back(events.EditableSpanChanged.Connect([this](const Ref<HTMLElement>& span) {
-        if (!mLoading && mHost && mElement) Store(mText.Stored(span->GetInnerHTML()));
-    }));
-    mConnections.push_back(events.ToolsRefreshed.Connect([this] { ShowTools(); }));
-    mConnections.push_back(events.GetURL.Connect(
-        [this](std::string& url, std::string& caption, bool&, bool, bool showCaption, bool,
-               bool& cancelDefault) { ed_GetURL(url, caption, showCaption, cancelDefault); }));
-    mConnections.push_back(events.HyperlinkClick.Connect(
-        [this](const std::string& href) { DesignerEvents.HyperlinkClick.Raise(href); }));
-    mConnections.push_back(events.InsertHyperLinkRequest.Connect(
-        [this](const std::string& text, std::string& link, bool& cancel) {
-            DesignerEvents.InsertHyperLinkRequest.Raise(text, link, cancel);
-        }));
-    mConnections.push_back(events.SpellIgnoreWordAdded.Connect(
-        [this](const std::string& word) { DesignerEvents.SpellIgnoreWordAdded.Raise(word); }));
+    });
+    On(events.EditableSpanChanged, "ed_EditableSpanChanged", [this](const Ref<HTMLElement>& span) {
+        if (mLoading) return;
+        const std::string text = mText.Stored(span->GetInnerHTML());
+        Store(text.empty() ? std::nullopt : std::optional(text));
+    });
+    On(events.ToolsRefreshed, "ed_ToolsRefreshed", [this] { ShowTools(); });
+    On(events.GetURL, "ed_GetURL",
+       [this](std::string& url, std::string& caption, bool&, bool, bool showCaption, bool,
+              bool& cancelDefault) { ed_GetURL(url, caption, showCaption, cancelDefault); });
+    On(events.HyperlinkClick, "ed_HyperlinkClick",
+       [this](const std::string& href) { DesignerEvents.HyperlinkClick.Raise(href); });
+    On(events.InsertHyperLinkRequest, "ed_InsertHyperLinkRequest",
+       [this](const std::string& text, std::string& link, bool& cancel) {
+           DesignerEvents.InsertHyperLinkRequest.Raise(text, link, cancel);
+       });
+    On(events.SpellIgnoreWordAdded, "ed_SpellIgnoreWordAdded",
+       [this](const std::string& word) { DesignerEvents.SpellIgnoreWordAdded.Raise(word); });
 }
 
 void dsrHTMLEdit::ed_GetURL(std::string& url, std::string& caption, bool showCaption,
                             bool& cancelDefault) {
-    if (!mHost) return;
-    const std::string link = mHost->ICommentDesignerHost_BuildLink(url, showCaption, caption, true,
-                                                                   "Get URL", "Link to", true);
+    if (!GetHost()) return;
+    const std::string link = GetHost()->ICommentDesignerHost_BuildLink(
+        url, showCaption, caption, true, "Get URL", "Link to", true);
     // Where nobody composes links the widget's own question is better than none.
     cancelDefault = !link.empty();
     url = link;
 }
 
-void dsrHTMLEdit::Show(const Ref<Object>& element, const Ref<TaggedCommentCollection>& comments,
-                       const std::string& tag) {
-    ed->CommitEdit();
-    mElement = element;
-    mTag = tag;
-    mComments.clear();
-    if (comments)
-        for (const auto& comment : *comments)
-            if (EqualIgnoringCase(comment->GetTagIdentifier(), tag)) mComments.push_back(comment);
-    ShowComment(0);
+void dsrHTMLEdit::HostCame(ICommentDesignerHost& host) {
+    ed->SetApplicationName(host.ICommentDesignerHost_AppName());
+    ed->SetBaseURL(host.ICommentDesignerHost_BaseURL());
 }
 
-void dsrHTMLEdit::ShowComment(std::size_t position) {
-    mPosition = position;
-    if (mComments.empty()) mComments.emplace_back();
-    ShowChooser();
+void dsrHTMLEdit::ShowComment() {
     mLoading = true;
     const ScopeExit loaded([this] { mLoading = false; });
     ed->SetDocumentHTML(kPage);
@@ -183,50 +144,24 @@ void dsrHTMLEdit::ShowComment(std::size_t position) {
 
 void dsrHTMLEdit::FillPlace() {
     const auto place = ed->GetDocument()->All(kPlace);
-    const auto definition = GlobalConfig().TaggedCommentDefs->Find(mTag);
+    const auto definition = GetDefinition();
     const std::string name = definition ? definition->DisplayName : std::string();
     place->SetAttribute("data-placeholder", name.empty() ? "Write here" : "Write here: " + name);
-    const Ref<TaggedComment> comment =
-        mPosition < mComments.size() ? mComments[mPosition] : Ref<TaggedComment>();
-    const std::string text = comment ? comment->GetText() : std::string();
+    const std::string text = StoredText().value_or(std::string());
     place->SetInnerHTML(text);
     mText.Take(text, place->GetInnerHTML());
 }
 
-void dsrHTMLEdit::Store(const std::string& text) {
-    Ref<TaggedComment>& comment = mComments[mPosition];
-    if (!comment && text.empty()) return;
-    if (!comment) {
-        comment = MakeRef<TaggedComment>();
-        comment->SetTagIdentifier(mTag);
-        comment->SetText(text);
-        comment->SetItem(mElement);
-        comment->SetState(kTaggedCommentNew);
-        const Ref<TaggedComment> added = comment;
-        mHost->ICommentDesignerHost_TaggedCommentAdded(mElement, added);
-    } else if (text.empty()) {
-        const Ref<TaggedComment> deleted = std::exchange(comment, {});
-        mHost->ICommentDesignerHost_TaggedCommentDeleted(mElement, deleted);
-    } else if (comment->GetText() != text) {
-        comment->SetText(text);
-        const Ref<TaggedComment> changed = comment;
-        mHost->ICommentDesignerHost_TaggedCommentChanged(mElement, changed);
-    }
-    ShowChooser();
+void dsrHTMLEdit::CommitFields() {
+    ed->CommitEdit();
 }
 
-void dsrHTMLEdit::ShowChooser() {
-    const std::size_t count = mComments.size();
-    const auto bar = Dock->GetToolbar("Comments");
-    lblPosition->SetCaption(std::to_string(mPosition + 1) + " of " + std::to_string(count));
-    Dock->Commands.Item("PreviousComment")->SetEnabled(mPosition > 0);
-    Dock->Commands.Item("NextComment")->SetEnabled(mPosition + 1 < count);
-    bar->SetVisible(count > 1);
-    const auto definition = GlobalConfig().TaggedCommentDefs->Find(mTag);
-    const auto add = Dock->Commands.Item("AddComment");
-    add->SetVisible(!definition || !definition->IsGeneral);
-    add->SetEnabled(std::all_of(mComments.begin(), mComments.end(),
-                                [](const auto& comment) { return bool(comment); }));
+void dsrHTMLEdit::FocusFields() {
+    ed->SetEditFocusQueued();
+}
+
+void dsrHTMLEdit::Ended() {
+    ed->Terminate();
 }
 
 void dsrHTMLEdit::ShowTools() {
@@ -241,7 +176,6 @@ void dsrHTMLEdit::ShowTools() {
 
 void dsrHTMLEdit::Dock_CommandClick(const DockCommand& command) {
     const std::string& name = command.GetName();
-    if (EndsWithIgnoringCase(name, "Comment")) return ChooseComment(name);
     if (name == "inserttable") return;
     if (name.starts_with(kTableSize))
         ed->InsertTable(static_cast<int>(LeadingNumber(Token(name, " ", 2))),
@@ -249,35 +183,6 @@ void dsrHTMLEdit::Dock_CommandClick(const DockCommand& command) {
     else
         ed->ClickEditTool(name);
     ed->SetEditFocus();
-}
-
-void dsrHTMLEdit::ChooseComment(const std::string& command) {
-    ed->CommitEdit();
-    if (command == "DeleteComment") return DeleteComment();
-    if (command == "AddComment") {
-        mComments.emplace_back();
-        ShowComment(mComments.size() - 1);
-    } else {
-        const std::size_t next = command == "NextComment" ? mPosition + 1 : mPosition - 1;
-        if (next < mComments.size()) ShowComment(next);
-    }
-    ed->SetEditFocusQueued();
-}
-
-void dsrHTMLEdit::DeleteComment() {
-    const Ref<TaggedComment> comment = mComments[mPosition];
-    mComments.erase(mComments.begin() + static_cast<std::ptrdiff_t>(mPosition));
-    if (comment) mHost->ICommentDesignerHost_TaggedCommentDeleted(mElement, comment);
-    ShowComment(mPosition > 0 && mPosition >= mComments.size() ? mPosition - 1 : mPosition);
-    ed->SetEditFocusQueued();
-}
-
-void dsrHTMLEdit::Forget() {
-    ed->CommitEdit();
-    mHost = nullptr;
-    mElement = {};
-    mComments.clear();
-    ed->Terminate();
 }
 
 } // namespace paperkite

@@ -93,6 +93,15 @@ public:
     virtual void DeleteFile(const std::string& path) = 0;
 };
 
+/// Why a text is no well-formed XML, and where.
+struct MarkupProblem {
+    /// From 1; columns count characters.
+    std::size_t Line = 0;
+    std::size_t Column = 0;
+    /// A sentence.
+    std::string What;
+};
+
 /// What a report about a failure is sent to, where the host has such a component.
 class ErrorComponent {
 public:
@@ -140,6 +149,12 @@ struct Services {
     std::function<SpellAnswer(const SpellQuestion&)> AskSpelling;
     /// Nothing stands for a system without visual themes.
     std::shared_ptr<paperkite::ThemeColours> ThemeColours;
+    /// What keeps a text from being XML, or nothing; pieces without a root element count as XML.
+    std::function<std::optional<MarkupProblem>(const std::string& text)> CheckXML;
+    /// Calls `changed` when the file at a path is written, replaced, made or deleted, until what it
+    /// gives is let go. Nothing: nobody follows files.
+    std::function<std::shared_ptr<void>(const std::string& path, std::function<void()> changed)>
+        FollowFile;
     /// Nothing: texts are taken to fit.
     std::shared_ptr<paperkite::TextMeasure> TextMeasure;
     /// Shows a page of settings and waits; 1 when the author accepted it. Error 429 for a class

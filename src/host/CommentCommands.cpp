@@ -53,6 +53,7 @@ public:
     /// False when the tag does not apply to the item.
     bool Write(const std::string& text, bool another) {
         if (mDefinition.TagType == "f") return Tick(true);
+        if (!mDefinition.TabName.empty()) return HasTab() && WriteAsDesigner(text, another);
         const auto row = another ? Ref<PropertyItem>() : FindRow(false);
         if (!row && !BeginNew()) return false;
         if (row) {
@@ -66,6 +67,7 @@ public:
 
     std::size_t DeleteAll() {
         if (mDefinition.TagType == "f") return IsTicked() && Tick(false) ? 1 : 0;
+        if (!mDefinition.TabName.empty()) return DeleteAsDesigner();
         std::size_t count = 0;
         for (auto row = FindRow(false); row; row = FindRow(false), ++count) {
             mEditor.prpTags->SetSelectedItem(row);
@@ -75,6 +77,49 @@ public:
     }
 
 private:
+    bool HasTab() const {
+        for (const auto& group : mEditor.eb->GetGroups())
+            if (group->Find(mDefinition.TagIdentifier)) return true;
+        return false;
+    }
+
+    /// The comments of the tag, in order.
+    std::vector<Ref<TaggedComment>> Comments() const {
+        std::vector<Ref<TaggedComment>> found;
+        const auto comments = mEditor.GetTaggedComments()->UnDeletedTaggedComments();
+        for (const auto& comment : *comments)
+            if (EqualIgnoringCase(comment->GetTagIdentifier(), mDefinition.TagIdentifier))
+                found.push_back(comment);
+        return found;
+    }
+
+    /// A tag with a tab has no row: its text goes the way of the designers.
+    bool WriteAsDesigner(const std::string& text, bool another) {
+        ICommentDesignerHost& host = mEditor;
+        const auto item = mEditor.GetCurrentCodeElement();
+        const auto comments = Comments();
+        if (!another && !comments.empty()) {
+            comments.front()->SetText(text);
+            host.ICommentDesignerHost_TaggedCommentChanged(item, comments.front());
+            return true;
+        }
+        const auto comment = MakeRef<TaggedComment>();
+        comment->SetTagIdentifier(mDefinition.TagIdentifier);
+        comment->SetText(text);
+        comment->SetItem(item);
+        host.ICommentDesignerHost_TaggedCommentAdded(item, comment);
+        return true;
+    }
+
+    std::size_t DeleteAsDesigner() {
+        ICommentDesignerHost& host = mEditor;
+        const auto comments = Comments();
+        for (const auto& comment : comments)
+            host.ICommentDesignerHost_TaggedCommentDeleted(mEditor.GetCurrentCodeElement(),
+                                                           comment);
+        return comments.size();
+    }
+
     bool BeginNew() {
         const auto offer = FindRow(true);
         if (!offer) return false;

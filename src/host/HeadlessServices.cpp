@@ -1,5 +1,6 @@
 #include "host/HeadlessServices.h"
 
+#include "designers/DesignerFactory.h"
 #include "foundation/GlobalConfig.h"
 #include "foundation/Services.h"
 #include "foundation/Text.h"
@@ -7,6 +8,7 @@
 #include "model/ConfigurationReader.h"
 #include "model/PageTemplateDocument.h"
 #include "model/TemplateParser.h"
+#include "model/XmlCheck.h"
 #include "platform/files/LocalFileSystem.h"
 #include "platform/html/HtmlServices.h"
 #include "platform/settings/SettingsRegistry.h"
@@ -49,6 +51,8 @@ std::shared_ptr<ModelControlHelper> InstallHeadlessServices(const std::string& a
     services.HTMLDOMFactory = MakeHTMLDOMFactory();
     services.HTMLTidy = MakeHTMLTidy();
     services.Spelling = MakeSpelling();
+    services.CheckXML = &CheckXml;
+    services.CreateDesigner = &MakeDesigner;
     services.ApplicationFolder = applicationFolder;
     const std::string configuration = applicationFolder + "/config";
     if (const auto problem =

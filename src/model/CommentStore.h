@@ -53,6 +53,10 @@ public:
 
     std::string TypeName() const override { return "CommentStore"; }
 
+    /// What paths in comments are relative to: the folder of the project file; empty for none.
+    const std::string& GetFolder() const { return mFolder; }
+    void SetFolder(std::string value) { mFolder = std::move(value); }
+
     /// The comments of an item, which become its own (their Item); an empty collection when it has
     /// none. Asking makes no comment.
     Ref<TaggedCommentCollection> CommentsOf(const Ref<Object>& item,
@@ -127,6 +131,7 @@ private:
     void HandToHolders();
     void Keep(const std::string& qualifiedName, const Ref<TaggedCommentCollection>& comments);
 
+    std::string mFolder;
     /// Comments are made of bytes when somebody asks, which changes nothing for anybody.
     mutable Records mRecords;
     /// The collections without comments that somebody holds, but for the newest.

@@ -21,11 +21,16 @@ std::string RootNameFor(const std::string& folder) {
 
 ProjectDocument::OpenResult ProjectDocument::New(const std::string& path) {
     auto project = MakeRef<ProjectDocument>();
-    project->mPath = ProjectPaths::Normal(path);
+    project->MoveStoreTo(path);
     const std::string contentFile =
         ProjectPaths::FolderOf(path) + "/" + ProjectPaths::BaseName(path) + ".ktc";
     if (auto problem = project->AddContentFile(contentFile)) return {{}, problem};
     return {project, {}};
+}
+
+void ProjectDocument::MoveStoreTo(const std::string& path) {
+    mPath = path.empty() ? path : ProjectPaths::Normal(path);
+    mComments->SetFolder(mPath.empty() ? mPath : ProjectPaths::FolderOf(mPath));
 }
 
 std::string ProjectDocument::GetTitle() const {

@@ -169,6 +169,8 @@ private:
     void MarkStored(const Ref<ContentFile>& file);
     std::optional<FileProblem> StoreProjectFile(Overwriting overwriting);
     void MoveTo(const std::string& path);
+    /// The path, and the folder of what its comments refer to.
+    void MoveStoreTo(const std::string& path);
 
     std::string mPath;
     XmlFile mKept;

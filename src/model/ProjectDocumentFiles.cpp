@@ -55,7 +55,7 @@ std::optional<FileProblem> Store(const std::string& path, bool isOurs, const std
 ProjectDocument::OpenResult ProjectDocument::Open(const std::string& path, const FileBytes& inPlace,
                                                   const FileBytes* seen) {
     auto project = MakeRef<ProjectDocument>();
-    project->mPath = ProjectPaths::Normal(path);
+    project->MoveStoreTo(path);
     SafeFile::CleanUp(project->mPath);
     std::string bytes;
     std::optional<FileProblem> problem = SafeFile::Read(project->mPath, bytes);

@@ -111,6 +111,7 @@ ProjectDocument::DiskMerge ProjectDocument::MergeWithDisk() const {
 void ProjectDocument::TakeStoreOf(ProjectDocument& other) {
     other.mComments->SwapComments(*mComments);
     std::swap(other.mComments, mComments);
+    MoveStoreTo(mPath);
 }
 
 } // namespace paperkite

@@ -50,7 +50,7 @@ void ProjectDocument::MoveTo(const std::string& path) {
         file->Path = entry->FileName = moved.string();
         file->ExistsOnDisk = false;
     }
-    mPath = path;
+    MoveStoreTo(path);
     mExistsOnDisk = false;
 }
 
@@ -100,7 +100,7 @@ std::optional<FileProblem> ProjectDocument::SaveAs(const std::string& path,
     const auto problem = Save(overwriting);
     if (!problem) return {};
     GoBackTo(std::move(old));
-    mPath = oldPath;
+    MoveStoreTo(oldPath);
     mExistsOnDisk = existed;
     return problem;
 }

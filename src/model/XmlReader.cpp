@@ -1,6 +1,7 @@
 #include "model/XmlReader.h"
 
 #include "foundation/Text.h"
+#include "model/XmlWords.h"
 
 #include <algorithm>
 #include <sstream>
@@ -76,26 +77,6 @@ bool Convert(const pugi::xml_node& node, XmlElement& result, int depth) {
     for (const pugi::xml_attribute& attribute : node.attributes())
         result.Attributes.emplace_back(attribute.name(), attribute.value());
     return depth < kDeepest && ConvertChildren(node, result, depth);
-}
-
-std::string WordsFor(const pugi::xml_parse_result& result) {
-    switch (result.status) {
-    case pugi::status_end_element_mismatch:
-        return "an element ends that did not begin here, or one before it was never ended";
-    case pugi::status_no_document_element:
-        return "no element was found";
-    case pugi::status_unrecognized_tag:
-        return "this is no tag; a \"<\" in text is written \"&lt;\"";
-    case pugi::status_bad_attribute:
-        return "an attribute is not written name=\"value\"";
-    case pugi::status_bad_cdata:
-        return "a CDATA section is not ended";
-    case pugi::status_bad_comment:
-        return "a comment is not ended";
-    default:
-        return LowerCase(std::string_view(result.description()).substr(0, 1)) +
-               std::string(result.description()).substr(1);
-    }
 }
 
 bool HasMergeMarks(const std::string& bytes) {

@@ -28,6 +28,10 @@ FormLayout FormLayout::Group(std::string caption, std::vector<FormLayout> childr
     return FormLayout(Kind::Group, std::move(caption), nullptr, std::move(children), stretch);
 }
 
+FormLayout FormLayout::Padded(std::vector<FormLayout> children, int stretch) {
+    return FormLayout(Kind::Padded, {}, nullptr, std::move(children), stretch);
+}
+
 FormLayout FormLayout::Fields(std::vector<Field> fields, int stretch) {
     std::vector<FormLayout> lines;
     for (auto& field : fields)

@@ -10,7 +10,8 @@ namespace paperkite {
 class Control;
 
 /// How the controls of a container stand, said once and without pixels. A view makes native layouts
-/// of it; labels become the buddies and accessible names of the fields that they stand with.
+/// of it; labels become the buddies and accessible names of the fields that they stand with: the
+/// captions of Fields, and a Label with a mnemonic right before a control in a row or column.
 ///
 ///     SetLayout(FormLayout::Column({
 ///         FormLayout::Item(header),
@@ -27,6 +28,7 @@ public:
         Row,     ///< children from left to right
         Column,  ///< children from top to bottom
         Group,   ///< a captioned column
+        Padded,  ///< a column with room around it
         Fields,  ///< two aligned columns: labels and their fields
         Stack,   ///< children share one rectangle; the visible ones are seen
         Tabs,    ///< one captioned page a child
@@ -48,6 +50,7 @@ public:
     static FormLayout Row(std::vector<FormLayout> children, int stretch = 0);
     static FormLayout Column(std::vector<FormLayout> children, int stretch = 0);
     static FormLayout Group(std::string caption, std::vector<FormLayout> children, int stretch = 0);
+    static FormLayout Padded(std::vector<FormLayout> children, int stretch = 1);
     static FormLayout Fields(std::vector<Field> fields, int stretch = 0);
     static FormLayout Stack(std::vector<FormLayout> children, int stretch = 1);
     static FormLayout Tabs(std::vector<FormLayout> captionedGroups, int stretch = 1);

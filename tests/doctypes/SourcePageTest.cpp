@@ -418,6 +418,57 @@ TEST_F(SourcePageTest, AnUnknownMemberOfTheProviderIsAnError) {
     EXPECT_THROW(mData->Call("Prepare", {}), Error);
 }
 
+TEST_F(SourcePageTest, AnItemShowsTheCommentsThatItTakes) {
+    Write(mDog, "##commentsfrom", "p~zoo~Animal");
+    Write("p~zoo~Animal", "##", "Lives.");
+    Write("p~zoo~Animal", "##remarks", "Eats.");
+    Write("p~zoo~Animal", "##example", "of the animal");
+    Write(mDog, "##example", "of the dog");
+    const std::string page =
+        Page(mDog, Element("comment tag=\"##\"") + Element("section tag=\"##remarks\"") +
+                       Element("section tag=\"##example\""));
+    EXPECT_NE(page.find("Lives."), std::string::npos) << page;
+    EXPECT_NE(page.find("Eats."), std::string::npos) << page;
+    EXPECT_NE(page.find("of the dog"), std::string::npos) << page;
+    EXPECT_EQ(page.find("of the animal"), std::string::npos) << "its own comment counts first";
+    EXPECT_EQ(page.find("p~zoo~Animal"), std::string::npos) << "the reference itself is not shown";
+}
+
+TEST_F(SourcePageTest, CommentsThatGoRoundInACircleAreShownOnce) {
+    Write(mDog, "##commentsfrom", "p~zoo~Animal");
+    Write("p~zoo~Animal", "##commentsfrom", mDog);
+    EXPECT_EQ(Page(mDog, Element("section tag=\"##remarks\"")).find("<section"), std::string::npos);
+}
+
+TEST_F(SourcePageTest, AnExampleIsTakenFromItsFile) {
+    mTree.Write("ex/feed.cpp", "int main() {\n    //! [feed]\n    if (a < b)\n        Feed();\n"
+                               "    //! [feed]\n}\n");
+    mProvider->GetComments()->SetFolder(mTree.Folder());
+    Write(mDog, "##examplesource", "source: ex/feed.cpp#feed\nFeeds & waters.");
+    const std::string page = Page(mDog, Element("othercomments"));
+    EXPECT_NE(page.find("<p>Feeds &amp; waters.</p>\n<pre class=\"example\"><code>if (a &lt; b)\n"
+                        "    Feed();\n</code></pre>"),
+              std::string::npos)
+        << page;
+}
+
+TEST_F(SourcePageTest, CommentsThatAreNoHtmlAreShownAsWhatTheyAre) {
+    Write(mDog, "##new", "1.4 <beta>");
+    Write(mDog, "##keywords", "pets > small\nbarking");
+    Write(mDog, "##menuitem", "File > New\nkeys: Ctrl+N");
+    Write(mDog, "##xml", "<a>&amp;</a>");
+    Write(mDog, "##isexample", "Feeds\nof: p~zoo~Animal");
+    const std::string page =
+        Page(mDog, Element("head") + Element("flags") + Element("othercomments"));
+    const auto has = [&](const char* text) {
+        EXPECT_NE(page.find(text), std::string::npos) << text << " is not in " << page;
+    };
+    has("content=\"pets small, barking\"");
+    has("File › New <kbd>Ctrl+N</kbd>");
+    has("<code>&lt;a&gt;&amp;amp;&lt;/a&gt;</code>");
+    has("<p>Feeds</p><p>Shows how to use Animal.</p>");
+}
+
 } // namespace
 
 } // namespace paperkite::test

@@ -6,6 +6,7 @@
 #include "foundation/GlobalConfig.h"
 #include "foundation/Services.h"
 #include "support/EnvironmentChange.h"
+#include "support/ListedTags.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -20,6 +21,7 @@ protected:
           mState("XDG_STATE_HOME", mFolder / "state"),
           mCacheHome("XDG_CACHE_HOME", mCacheFolder.Path()) {
         InstallHeadlessServices(PAPERKITE_SOURCE_DIR);
+        ListAllTags();
         GlobalConfig().ProjectViewOptions = {};
         GlobalConfig().ProjectViewOptions.Grouped = false;
         mFolder.Write("zoo/animals.h", "namespace animals {\n"

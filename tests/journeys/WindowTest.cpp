@@ -4,6 +4,7 @@
 #include "host/HeadlessServices.h"
 #include "host/window/DesktopServices.h"
 #include "platform/settings/SettingsRegistry.h"
+#include "support/ListedTags.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -19,6 +20,7 @@ WindowTest::WindowTest() : mBefore(CurrentServices()) {
     InstallDesktopServices(*helper);
     // Without a page the lists come first; tests of pages load the templates themselves.
     GlobalConfig().Templates.Clear();
+    ListAllTags();
     CurrentServices().Registry = std::make_shared<SettingsRegistry>(mFolder / "settings/user.ini",
                                                                     mFolder / "settings/all.ini");
     GlobalConfig().ProjectViewOptions = {};

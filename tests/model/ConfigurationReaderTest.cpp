@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <set>
+
 namespace paperkite {
 
 namespace {
@@ -15,6 +18,10 @@ std::string MessageOf(const std::string& bytes) {
     return problem ? problem->Message() : "no problem";
 }
 
+std::string AfterLast(const std::string& text, char sign) {
+    return text.find(sign) == std::string::npos ? std::string() : text.substr(text.rfind(sign) + 1);
+}
+
 } // namespace
 
 TEST(ConfigurationReader, TheStandardDefinitionsAreCompleteAndInOrder) {
@@ -22,8 +29,9 @@ TEST(ConfigurationReader, TheStandardDefinitionsAreCompleteAndInOrder) {
     const auto definitions = ConfigurationReader::Standard();
     for (const auto& definition : *definitions)
         tags += definition->TagIdentifier + " ";
-    EXPECT_EQ(tags, "## ##remarks ##param ##returns ##exception ##example ##seealso ##keywords "
-                    "##threadsafety ##deprecated ##internal ##new ");
+    EXPECT_EQ(tags, "## ##remarks ##param ##returns ##exception ##subitem ##example "
+                    "##examplesource ##isexample ##seealso ##keywords ##new ##commentsfrom "
+                    "##menuitem ##xml ##threadsafety ##deprecated ##internal ");
 }
 
 TEST(ConfigurationReader, EveryStandardDefinitionCanBeListedAndExplained) {
@@ -34,7 +42,36 @@ TEST(ConfigurationReader, EveryStandardDefinitionCanBeListedAndExplained) {
         EXPECT_NE(definition->XMLTags, "") << definition->TagIdentifier;
         EXPECT_NE(definition->Namespaces, "") << definition->TagIdentifier;
         EXPECT_EQ(definition->Namespaces.find('@'), std::string::npos);
-        EXPECT_EQ(definition->TabName, definition->TagType == "f" ? definition->DisplayName : "");
+        EXPECT_NE(definition->IconName, "") << definition->TagIdentifier;
+        EXPECT_EQ(definition->TabName.empty(),
+                  definition->DesignerProgID.empty() && definition->TagType != "f")
+            << definition->TagIdentifier;
+    }
+}
+
+TEST(ConfigurationReader, TheStandardDefinitionsUseEveryDesigner) {
+    std::set<std::string> used;
+    for (const auto& definition : *ConfigurationReader::Standard())
+        used.insert(AfterLast(definition->DesignerProgID, '.'));
+    used.erase("");
+    EXPECT_EQ(used, (std::set<std::string>{"dsrHTMLEdit", "dsrIsExample", "dsrCommentsFrom",
+                                           "dsrMenuItem", "dsrKeywords", "dsrExampleSource",
+                                           "dsrXMLIsland", "dsrSubItem", "dsrIsNew"}));
+}
+
+TEST(ConfigurationReader, EveryIconIsThereInBothStates) {
+    const std::string folder = PAPERKITE_SOURCE_DIR "/icons/commenttypes/";
+    std::set<std::string> names{"other", "fullpageedit", "flags_ticked", "flags_unticked",
+                                "other_ticked"};
+    for (const auto& definition : *ConfigurationReader::Standard())
+        names.insert({definition->IconName, definition->IconName + "_ticked"});
+    for (const std::string& name : names) {
+        std::ifstream file(folder + name + ".ico", std::ios::binary);
+        char header[6] = {};
+        file.read(header, sizeof header);
+        EXPECT_TRUE(file) << name;
+        EXPECT_EQ(header[2], 1) << name;
+        EXPECT_EQ(header[4], 3) << name << " has not its three sizes";
     }
 }
 

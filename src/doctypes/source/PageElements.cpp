@@ -245,10 +245,9 @@ std::string PageElements::WriteHead(const ParserElement& element, const PageSubj
     if (subject.Entity != SourceIndex::Root)
         title += " " + KindCaption(subject.Kind()) + " - " + project;
     std::string out = "<title>" + Escaped(title) + "</title>\n";
-    const auto keywords = CommentsOf(subject.QualifiedName(), "##keywords");
+    const std::string keywords = KeywordsOf(subject.QualifiedName());
     if (!keywords.empty())
-        out +=
-            "<meta name=\"keywords\" content=\"" + Escaped(keywords.front()->GetText()) + "\">\n";
+        out += "<meta name=\"keywords\" content=\"" + Escaped(keywords) + "\">\n";
     for (const std::string& file : Split(Attribute(element, "styles"), ",")) {
         const std::string path = TrimWhiteSpace(file);
         if (!mSettings.InlineStyles) {

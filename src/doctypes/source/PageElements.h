@@ -83,6 +83,7 @@ private:
     // Comments (PageElementsComments.cpp).
     using Comments = std::vector<Ref<TaggedComment>>;
     Comments CommentsOf(const std::string& qualifiedName, const std::string& tag) const;
+    Comments OwnCommentsOf(const std::string& qualifiedName, const std::string& tag) const;
     Comments GeneralCommentsOf(const std::string& qualifiedName) const;
     std::string TextOf(const TaggedComment& comment) const;
     std::string Joined(const Comments& comments) const;
@@ -105,6 +106,14 @@ private:
     std::string WriteSeeAlso(const ParserElement& element, const PageSubject& subject);
     std::string WriteFlags(const ParserElement& element, const PageSubject& subject);
     std::string FlagsOf(const PageSubject& subject) const;
+
+    // Comments that are no HTML, or stand elsewhere (PageElementsForms.cpp).
+    std::string FormText(const TaggedComment& comment) const;
+    std::string ExampleText(const TaggedComment& comment) const;
+    std::string ExampleNoteText(const TaggedComment& comment) const;
+    std::string KeywordsOf(const std::string& qualifiedName) const;
+    std::string TakenFrom(const std::string& qualifiedName) const;
+    std::vector<std::string> SourcesOf(const std::string& qualifiedName) const;
 
     // Lists of items (PageElementsLists.cpp).
     std::string NameCell(const PageSubject& subject);

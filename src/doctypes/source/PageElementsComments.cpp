@@ -1,3 +1,4 @@
+#include "commenttexts/CommentForm.h"
 #include "doctypes/source/PageElements.h"
 #include "doctypes/source/PageHtml.h"
 #include "foundation/GlobalConfig.h"
@@ -40,8 +41,19 @@ bool IsFlag(const TaggedCommentDef& definition) {
 
 } // namespace
 
+/// Those of the item itself, otherwise of the first of those whose comments it takes. Where one can
+/// write only its own are shown.
 PageElements::Comments PageElements::CommentsOf(const std::string& qualifiedName,
                                                 const std::string& tag) const {
+    Comments found = OwnCommentsOf(qualifiedName, tag);
+    if (!found.empty() || mSettings.ForEdit) return found;
+    for (const std::string& other : SourcesOf(qualifiedName))
+        if (found = OwnCommentsOf(other, tag); !found.empty()) break;
+    return found;
+}
+
+PageElements::Comments PageElements::OwnCommentsOf(const std::string& qualifiedName,
+                                                   const std::string& tag) const {
     Comments found;
     if (EqualIgnoringCase(tag, kGeneralTag)) return GeneralCommentsOf(qualifiedName);
     const auto all = mProvider->GetComments()->Find(qualifiedName);
@@ -64,6 +76,8 @@ PageElements::Comments PageElements::GeneralCommentsOf(const std::string& qualif
 }
 
 std::string PageElements::TextOf(const TaggedComment& comment) const {
+    const CommentForm form = FormOf(comment.GetTaggedCommentDef());
+    if (form != CommentForm::Html && form != CommentForm::SubItems) return FormText(comment);
     const std::string& text =
         comment.GetResolvedText().empty() ? comment.GetText() : comment.GetResolvedText();
     return mSettings.LinksTo == PageSettings::Links::None ? PageHtml::WithoutPageLinks(text) : text;
@@ -80,7 +94,8 @@ std::string PageElements::Joined(const Comments& comments) const {
 bool PageElements::MayWrite(const std::string& tag, const std::string& level) const {
     if (EqualIgnoringCase(tag, kGeneralTag)) return true;
     const auto definition = GlobalConfig().TaggedCommentDefs->Find(tag);
-    if (!definition || IsFlag(*definition)) return false;
+    // What is no text has a designer of its own, and is only shown on pages.
+    if (!definition || IsFlag(*definition) || FormOf(definition) != CommentForm::Html) return false;
     if (mSettings.EditCommentType == CommentType::XMLCommentTags && definition->XMLTags.empty())
         return false;
     for (const std::string& name : Split(definition->Namespaces, ","))
@@ -116,7 +131,7 @@ std::string PageElements::PlaceholderFor(const std::string& tag, const std::stri
 /// The general description; as a whole, with what other tags append to it.
 std::string PageElements::GeneralText(const PageSubject& subject, bool isWhole) const {
     if (!isWhole) {
-        const auto comments = GeneralCommentsOf(subject.QualifiedName());
+        const auto comments = CommentsOf(subject.QualifiedName(), kGeneralTag);
         return comments.empty() ? std::string() : TextOf(*comments.front());
     }
     const auto item = mProvider->ItemOf(subject.Root, subject.Entity);
@@ -134,6 +149,7 @@ std::string PageElements::GeneralText(const PageSubject& subject, bool isWhole) 
             text += ReplaceAllIgnoringCase(format, "%text%", comment->GetText());
         }
     }
+    if (text.empty()) return GeneralText(subject, false);
     return mSettings.LinksTo == PageSettings::Links::None ? PageHtml::WithoutPageLinks(text) : text;
 }
 
@@ -192,7 +208,11 @@ std::string PageElements::WriteOtherComments(const ParserElement& element,
     std::string out;
     for (const auto& definition : *GlobalConfig().TaggedCommentDefs) {
         const std::string& tag = definition->TagIdentifier;
-        if (IsFlag(*definition) || definition->IsGeneral || named.contains(LowerCase(tag)))
+        const CommentForm form = FormOf(definition);
+        const bool standsElsewhere = form == CommentForm::Keywords || form == CommentForm::IsNew ||
+                                     form == CommentForm::CommentsFrom;
+        if (IsFlag(*definition) || definition->IsGeneral || standsElsewhere ||
+            named.contains(LowerCase(tag)))
             continue;
         out += InSection(element, ClassOfTag(tag), NameOfTag(tag), CommentBody(tag, subject, {}));
     }
@@ -272,8 +292,12 @@ std::string PageElements::FlagsOf(const PageSubject& subject) const {
     if (!comments) return out;
     for (const auto& comment : *comments) {
         const auto definition = comment->GetTaggedCommentDef();
-        if (definition && IsFlag(*definition) && comment->GetState() != kTaggedCommentTombstone)
+        const bool isNew = FormOf(definition) == CommentForm::IsNew;
+        if (!definition || comment->GetState() == kTaggedCommentTombstone) continue;
+        if (IsFlag(*definition))
             add(ClassOfTag(definition->TagIdentifier), definition->DisplayName);
+        else if (isNew)
+            out += " <span class=\"flag new\">" + FormText(*comment) + "</span>";
     }
     return out;
 }

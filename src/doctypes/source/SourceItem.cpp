@@ -1,5 +1,6 @@
 #include "doctypes/source/SourceItem.h"
 
+#include "doctypes/source/SourceNamespaceDefs.h"
 #include "doctypes/source/SourceNamespaceProvider.h"
 #include "foundation/MemberTable.h"
 #include "foundation/Text.h"
@@ -57,6 +58,14 @@ struct SourceItemMembers {
                  i.SetTaggedComments(v.ToObjectOf<TaggedCommentCollection>());
              }},
             {"Parent", [](const I& i) { return Value(i.GetParent()); }},
+            {"HasItems", [](const I& i) { return Value(i.HasItems()); }},
+            {"Items", [](const I& i) { return Value(i.GetItems()); }},
+            {"ImageKey",
+             [](const I& i) {
+                 return Value(std::string(IconText(i.GetIndex().Kind(i.GetEntity()))));
+             }},
+            {"ProjectFolder",
+             [](const I& i) { return Value(i.mProvider.GetComments()->GetFolder()); }},
             Flag<&I::mRootFlag>("RootFlag"),
             Flag<&I::mIncludeFlag>("IncludeFlag"),
             Flag<&I::mExcludeFlag>("ExcludeFlag"),
@@ -118,6 +127,18 @@ std::string SourceItem::GetDescription() const {
 Ref<Object> SourceItem::GetParent() const {
     const SourceIndex::Id parent = GetIndex().Parent(mEntity);
     return parent == SourceIndex::Nothing ? Ref<Object>() : mProvider.ItemOf(mRoot, parent);
+}
+
+bool SourceItem::HasItems() const {
+    const auto children = GetIndex().Children(mEntity);
+    return children.begin() != children.end();
+}
+
+Ref<ObjectCollection> SourceItem::GetItems() const {
+    auto items = MakeRef<ObjectCollection>();
+    for (const SourceIndex::Id child : GetIndex().Children(mEntity))
+        items->Add(mProvider.ItemOf(mRoot, child));
+    return items;
 }
 
 std::string SourceItem::GetOverload() const {

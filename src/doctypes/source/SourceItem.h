@@ -17,7 +17,9 @@ class SourceNamespaceProvider;
 /// Name, QualifiedName, Access, Kind, Language, Signature, Type, Inherits, File, Line, Description
 /// (the comment in the source), TaggedDescription, Examples, TaggedComments, Parent, RootFlag,
 /// IncludeFlag, ExcludeFlag, HasOverloads, HasOverloadsInProject, Overload (its parameter types
-/// where overloads must be told apart).
+/// where overloads must be told apart), HasItems, Items (all that stand below it, in the order of
+/// the source), ImageKey (a name of the icon theme), ProjectFolder (what paths in comments are
+/// relative to).
 class SourceItem : public Object {
 public:
     /// The provider outlives its items.
@@ -42,6 +44,8 @@ public:
     std::string GetDescription() const;
     /// The item around this one, or nothing for a root.
     Ref<Object> GetParent() const;
+    bool HasItems() const;
+    Ref<ObjectCollection> GetItems() const;
     /// "(int, const Slice&)" where others share its name, otherwise empty.
     std::string GetOverload() const;
 

@@ -137,6 +137,12 @@ std::string_view PluralText(SourceKind kind) {
     return KindText(kind);
 }
 
+std::string_view IconText(SourceKind kind) {
+    for (const Level& level : kLevels)
+        if (level.Kind == kind) return level.Icon;
+    return {};
+}
+
 bool IsTopic(SourceKind kind) {
     return std::any_of(std::begin(kLevels), std::end(kLevels),
                        [&](const Level& level) { return level.Kind == kind && level.IsTopic; });

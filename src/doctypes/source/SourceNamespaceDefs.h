@@ -19,6 +19,9 @@ Ref<NamespaceDefs> MakeSourceNamespaceDefs(const std::vector<const SourceIndex*>
 /// What many items of a kind are called: "Classes".
 std::string_view PluralText(SourceKind kind);
 
+/// The name in the icon theme of what a tree shows before items of a kind.
+std::string_view IconText(SourceKind kind);
+
 /// Whether items of a kind are published as topics of their own and can be ticked.
 bool IsTopic(SourceKind kind);
 

@@ -1,6 +1,5 @@
 #include "host/window/DesktopServices.h"
 
-#include "designers/DesignerFactory.h"
 #include "foundation/GlobalConfig.h"
 #include "foundation/Services.h"
 #include "host/HeadlessServices.h"
@@ -8,6 +7,7 @@
 #include "host/window/SpellDialog.h"
 #include "host/window/SpellOptionsDialog.h"
 #include "model/ModelControlHelper.h"
+#include "platform/qt/FileFollower.h"
 #include "platform/qt/MessageBoxService.h"
 #include "platform/qt/TextMeasureService.h"
 
@@ -96,11 +96,11 @@ void InstallDesktopServices(ModelControlHelper& helper) {
     services.Shell = std::make_shared<DesktopShell>();
     services.CreateFolderBrowser = [] { return std::make_shared<DesktopFolderBrowser>(); };
     services.TextMeasure = std::make_shared<TextMeasureService>();
-    services.CreateDesigner = [](const std::string& progID) { return MakeDesigner(progID); };
     services.AskSpelling = [](const SpellQuestion& question) {
         return SpellDialog::Ask(question, QApplication::activeWindow());
     };
     services.ShowPageDialog = [](const PageDialog& dialog) { return ShowPage(dialog); };
+    services.FollowFile = &FollowFile;
     services.RunPendingEvents = [] { QApplication::processEvents(); };
     GlobalConfig().ApplicationDataFolder = StateFolder();
     // Who writes remarks goes on writing remarks on the next item.

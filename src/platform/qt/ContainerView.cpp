@@ -4,6 +4,7 @@
 #include "platform/qt/Conversions.h"
 #include "widgets/Button.h"
 #include "widgets/FramePanel.h"
+#include "widgets/Label.h"
 
 #include <QDialogButtonBox>
 #include <QFormLayout>
@@ -50,6 +51,17 @@ private:
         return size;
     }
 };
+
+bool IsCaption(const Ref<Control>& control) {
+    const auto label = control.As<Label>();
+    return label && label->GetCaption().find('&') != std::string::npos;
+}
+
+void MakeBuddies(QLabel& label, QWidget& field) {
+    label.setBuddy(&field);
+    if (field.accessibleName().isEmpty())
+        field.setAccessibleName(label.text().remove(QLatin1Char('&')).remove(QLatin1Char(':')));
+}
 
 } // namespace
 
@@ -152,6 +164,12 @@ void ContainerView::AddTo(QBoxLayout& box, const FormLayout& part, QWidget* pare
     case FormLayout::Kind::Group:
         box.addWidget(GroupOf(part, parent), stretch);
         break;
+    case FormLayout::Kind::Padded: {
+        QBoxLayout* column = BoxOf(part, parent);
+        column->setContentsMargins(kSpacing, kSpacing, kSpacing, kSpacing);
+        box.addLayout(column, stretch);
+        break;
+    }
     case FormLayout::Kind::Fields:
         box.addLayout(FieldsOf(part, parent), stretch);
         break;
@@ -174,8 +192,13 @@ QBoxLayout* ContainerView::BoxOf(const FormLayout& part, QWidget* parent) {
     const bool row = part.GetKind() == FormLayout::Kind::Row;
     auto* box = new QBoxLayout(row ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
     box->setSpacing(kSpacing);
-    for (const auto& child : part.GetChildren())
+    QLabel* label = nullptr;
+    for (const auto& child : part.GetChildren()) {
         AddTo(*box, child, parent);
+        QWidget* view = ViewOf(child.GetControl());
+        if (label && view) MakeBuddies(*label, *view);
+        label = IsCaption(child.GetControl()) ? qobject_cast<QLabel*>(view) : nullptr;
+    }
     return box;
 }
 

@@ -4,6 +4,14 @@
 
 namespace paperkite {
 
+QString PlainTextOf(const QTextDocument& document) {
+    QString text = document.toRawText();
+    for (QChar& letter : text)
+        if (letter == QChar::ParagraphSeparator || letter == QChar::LineSeparator)
+            letter = QLatin1Char('\n');
+    return text;
+}
+
 int KeyCodeOf(const QKeyEvent& event) {
     const int key = event.key();
     if (key >= Qt::Key_F1 && key <= Qt::Key_F12) return 112 + key - Qt::Key_F1;

@@ -8,6 +8,7 @@
 #include <QPalette>
 #include <QRect>
 #include <QString>
+#include <QTextDocument>
 
 #include <string>
 
@@ -20,6 +21,9 @@ inline QString ToQString(const std::string& text) {
 inline std::string FromQString(const QString& text) {
     return text.toStdString();
 }
+
+/// What stands in a document, no-break blanks included, with "\n" between lines.
+QString PlainTextOf(const QTextDocument& document);
 
 /// The key code and the Shift bits that the widget models' key events carry.
 int KeyCodeOf(const QKeyEvent& event);

@@ -112,7 +112,8 @@ void DockView::Rebuild() {
 QToolBar* DockView::MakeToolbar(const DockToolbar& toolbar) {
     auto* bar = new QToolBar(ToQString(toolbar.GetName()), mBars);
     bar->setMovable(false);
-    bar->setIconSize(QSize(16, 16) * std::max(1.0, fontMetrics().height() / 17.0));
+    const int size = Icons::SizeBeside(fontMetrics().height());
+    bar->setIconSize(QSize(size, size));
     bar->setToolButtonStyle(ButtonStyle(mDock->GetToolbarStyle()));
     bar->setAccessibleName(ToQString(toolbar.GetName()));
     for (const auto& control : toolbar)

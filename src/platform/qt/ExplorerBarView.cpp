@@ -76,7 +76,7 @@ protected:
             painter.fillRect(rect(), palette().highlight());
         else if (underMouse() && isEnabled())
             painter.fillRect(rect(), palette().color(QPalette::Midlight));
-        const int size = std::max(16, fontMetrics().height());
+        const int size = Icons::SizeBeside(fontMetrics().height());
         int left = kSide;
         if (!icon().isNull()) {
             icon().paint(&painter, left, (height() - size) / 2, size, size);

@@ -86,6 +86,10 @@ QIcon Icons::ByName(const std::string& name) {
     return QIcon(new ThemedIconEngine(themeName));
 }
 
+int Icons::SizeBeside(int textHeight) {
+    return textHeight < 22 ? 16 : textHeight < 30 ? 24 : 32;
+}
+
 QIcon Icons::Of(const Picture& picture) {
     if (!picture.Path.empty()) return QIcon(ToQString(picture.Path));
     return ByName(picture.Name);

@@ -22,7 +22,10 @@ public:
     /// An icon that is nowhere is a null icon.
     static QIcon ByName(const std::string& name);
 
+    /// A file may hold the picture at several sizes; the one is drawn that fits the screen.
     static QIcon Of(const Picture& picture);
+    /// The size, in pixels, at which pictures in files are sharp, for text of that height.
+    static int SizeBeside(int textHeight);
 
     /// The picture that the list has under the key; without one, the icon by the key's name.
     static QIcon InList(const Ref<ImageList>& list, const std::string& key);

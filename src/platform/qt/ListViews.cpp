@@ -8,9 +8,13 @@
 #include <QListWidget>
 #include <QSignalBlocker>
 
+#include <algorithm>
+
 namespace paperkite {
 
 namespace {
+
+constexpr int kRowHeight = 24;
 
 class ListBoxView : public ControlView {
 public:
@@ -53,6 +57,7 @@ protected:
 private:
     void ShowRow(QListWidgetItem& item, int row) {
         item.setText(ToQString(mList->GetList(row)));
+        item.setSizeHint(QSize(0, std::max(kRowHeight, mView->fontMetrics().height() + 8)));
         if (mList->GetCheckBoxes())
             item.setCheckState(mList->GetSelected(row) ? Qt::Checked : Qt::Unchecked);
         else

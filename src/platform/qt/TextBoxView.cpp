@@ -81,7 +81,7 @@ public:
     AreaView(const Ref<TextBox>& box, QPlainTextEdit* area) : TextBoxKeys(box, area), mArea(area) {
         area->setTabChangesFocus(true);
         connect(area, &QPlainTextEdit::textChanged,
-                [this] { mBox->UserType(FromQString(mArea->toPlainText())); });
+                [this] { mBox->UserType(FromQString(PlainTextOf(*mArea->document()))); });
         connect(area, &QPlainTextEdit::selectionChanged, [this] { ReportSelection(); });
         Tie();
     }
@@ -92,13 +92,13 @@ protected:
         const QString text = ToQString(mBox->GetText());
         mArea->setReadOnly(mBox->GetLocked());
         mArea->setPlaceholderText(ToQString(mBox->GetPlaceholderText()));
-        if (mArea->toPlainText() != text) mArea->setPlainText(text);
+        if (PlainTextOf(*mArea->document()) != text) mArea->setPlainText(text);
     }
 
 private:
     void ReportSelection() {
         const QTextCursor cursor = mArea->textCursor();
-        const QString text = mArea->toPlainText();
+        const QString text = PlainTextOf(*mArea->document());
         const std::size_t start = BytesBefore(text, cursor.selectionStart());
         mBox->UserSelect(start, BytesBefore(text, cursor.selectionEnd()) - start);
     }

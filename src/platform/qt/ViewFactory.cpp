@@ -1,6 +1,7 @@
 #include "platform/qt/ViewFactory.h"
 
 #include "foundation/Text.h"
+#include "platform/qt/CodeBoxView.h"
 #include "platform/qt/ContainerView.h"
 #include "platform/qt/Conversions.h"
 #include "platform/qt/DockView.h"
@@ -36,6 +37,7 @@ void ViewFactory::RegisterFields() {
     RegisterRole<CheckBox>(MakeWith(&MakeCheckBoxView));
     RegisterRole<OptionButton>(MakeWith(&MakeOptionButtonView));
     RegisterRole<TextBox>(MakeWith(&MakeTextBoxView));
+    RegisterRole<CodeBox>(MakeWith(&MakeCodeBoxView));
     RegisterRole<FormHeader>(MakeWith(&MakeFormHeaderView));
     RegisterRole<ListBox>(MakeWith(&MakeListBoxView));
     RegisterRole<ComboBox>(MakeWith(&MakeComboBoxView));

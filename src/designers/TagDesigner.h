@@ -4,13 +4,13 @@
 
 namespace paperkite {
 
-class dsrHTMLEdit;
+class TagDesignerControl;
 
-/// What the comment editor knows of a dsrHTMLEdit. It may outlive its control, and does nothing
-/// then.
-class HTMLEditDesigner : public CommentDesigner {
+/// The designer behind a control of this folder: passes on what the comment editor asks. When the
+/// control is gone, it answers nothing.
+class TagDesigner : public CommentDesigner {
 public:
-    explicit HTMLEditDesigner(dsrHTMLEdit& control) : mControl(&control) {}
+    explicit TagDesigner(TagDesignerControl& control) : mControl(&control) {}
 
     Value Get(std::string_view member) const override;
     Value Call(std::string_view member, const std::vector<Value>& arguments) override;
@@ -30,9 +30,9 @@ public:
     void Deactivate() override;
 
 private:
-    friend class dsrHTMLEdit;
+    friend class TagDesignerControl;
 
-    dsrHTMLEdit* mControl;
+    TagDesignerControl* mControl;
 };
 
 } // namespace paperkite
