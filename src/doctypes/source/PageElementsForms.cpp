@@ -78,8 +78,8 @@ std::string PageElements::ExampleText(const TaggedComment& comment) const {
     ExampleSnippet snippet;
     std::string source;
     if (folder.empty() && std::filesystem::path(reference->File).is_relative())
-        snippet.Problem = "The project is in no file yet, so \"" + reference->File +
-                          "\" cannot be found.";
+        snippet.Problem =
+            "The project is in no file yet, so \"" + reference->File + "\" cannot be found.";
     else if (const auto problem = SafeFile::Read((folder / reference->File).string(), source))
         snippet.Problem = problem->Message();
     else
