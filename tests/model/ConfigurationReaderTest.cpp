@@ -51,7 +51,8 @@ TEST(ConfigurationReader, EveryStandardDefinitionCanBeListedAndExplained) {
 
 TEST(ConfigurationReader, TheStandardDefinitionsUseEveryDesigner) {
     std::set<std::string> used;
-    for (const auto& definition : *ConfigurationReader::Standard())
+    const auto definitions = ConfigurationReader::Standard();
+    for (const auto& definition : *definitions)
         used.insert(AfterLast(definition->DesignerProgID, '.'));
     used.erase("");
     EXPECT_EQ(used, (std::set<std::string>{"dsrHTMLEdit", "dsrIsExample", "dsrCommentsFrom",
@@ -63,7 +64,8 @@ TEST(ConfigurationReader, EveryIconIsThereInBothStates) {
     const std::string folder = PAPERKITE_SOURCE_DIR "/icons/commenttypes/";
     std::set<std::string> names{"other", "fullpageedit", "flags_ticked", "flags_unticked",
                                 "other_ticked"};
-    for (const auto& definition : *ConfigurationReader::Standard())
+    const auto definitions = ConfigurationReader::Standard();
+    for (const auto& definition : *definitions)
         names.insert({definition->IconName, definition->IconName + "_ticked"});
     for (const std::string& name : names) {
         std::ifstream file(folder + name + ".ico", std::ios::binary);
