@@ -13,6 +13,7 @@ public:
     }
     const SpellOptions& GetOptions() const override { return Options; }
     std::string GetProblem() const override { return {}; }
+    void SetProject(ProjectSpelling) override {}
     bool Check(const std::string&) override { return true; }
     std::vector<std::string> Suggest(const std::string&) override { return {}; }
     void AddIgnoreAll(const std::string& word) override { Ignored.push_back(word); }
