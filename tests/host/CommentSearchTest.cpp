@@ -96,7 +96,7 @@ TEST_F(CommentSearchTest, TheOpenItemShowsItsNewText) {
     mChanges->Apply(search.Plan(Store(), search.Find(Store()), "tom"));
     std::string shown;
     for (const auto& row : *mWorkspace->GetEditor().cEditor.prpTags)
-        if (!row->IsHeader() && !row->GetReadOnly()) shown += row->GetText() + ";";
+        if (!row->IsHeader() && !row->GetReadOnly()) shown += row->GetValue() + ";";
     EXPECT_EQ(shown, "tom cat.;");
 }
 
