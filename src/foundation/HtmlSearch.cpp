@@ -3,7 +3,6 @@
 #include "foundation/Unicode.h"
 
 #include <algorithm>
-#include <cstring>
 #include <utility>
 
 namespace paperkite {
@@ -33,9 +32,9 @@ bool IsAscii(char byte) {
     return static_cast<unsigned char>(byte) < 0x80;
 }
 
-const char* FindByte(const char* from, const char* to, char byte) {
-    return static_cast<const char*>(
-        std::memchr(from, static_cast<unsigned char>(byte), static_cast<std::size_t>(to - from)));
+bool IsLetterOrDigitByte(char byte) {
+    const char lower = LowerByte(byte);
+    return (lower >= 'a' && lower <= 'z') || (byte >= '0' && byte <= '9');
 }
 
 /// The longest stretch of the pattern without blanks, and without letters that may be written in
@@ -50,18 +49,6 @@ std::string KeyOf(std::string_view pattern, bool onlyAscii) {
         at = end + 1;
     }
     return std::string(best);
-}
-
-/// The elements between which the text is parted, as far as their names begin so.
-bool IsBlockTag(std::string_view tag) {
-    std::size_t at = 1;
-    if (at < tag.size() && tag[at] == '/') ++at;
-    std::size_t end = at;
-    while (end < tag.size() && tag[end] != '>' && tag[end] != ' ' && end - at < 4)
-        ++end;
-    const std::string_view name = tag.substr(at, end - at);
-    return name == "p" || name == "li" || name == "ul" || name == "ol" || name == "br" ||
-           name == "td" || name == "tr" || name == "pre" || name == "div";
 }
 
 } // namespace
@@ -104,8 +91,6 @@ HtmlSearch::HtmlSearch(SearchOptions options) : mOptions(std::move(options)) {
     if (!HoldsOnlyUtf8(mOptions.SearchFor)) return;
     mKey = KeyOf(mPattern, !mOptions.CaseSensitive);
     for (std::size_t at = 0; at < mKey.size(); ++at) {
-        mInKey[static_cast<unsigned char>(mKey[at])] = true;
-        if (!mOptions.CaseSensitive) mInKey[static_cast<unsigned char>(OtherCase(mKey[at]))] = true;
         if (Commonness(mKey[at]) < Commonness(mKey[mRareAt])) mRareAt = at;
     }
     if (mKey.empty()) return;
@@ -204,37 +189,57 @@ std::vector<HtmlSearch::Hit> HtmlSearch::Find(std::string_view html) const {
     return mOptions.SearchInHTML ? FindIn(Fold(html)) : FindIn(Fold(HtmlText(html)));
 }
 
-bool HtmlSearch::HoldsKey(std::string_view html) const {
-    if (html.size() < mKey.size()) return false;
-    const char* const begin = html.data() + mRareAt;
-    const char* const end = begin + (html.size() - mKey.size() + 1);
-    const auto isHere = [&](const char* rare) {
-        const char* at = rare - mRareAt;
-        if (mOptions.CaseSensitive) return std::memcmp(at, mKey.data(), mKey.size()) == 0;
-        return std::equal(mKey.begin(), mKey.end(), at,
-                          [](char wanted, char found) { return wanted == LowerByte(found); });
-    };
-    for (std::size_t way = 0; way < (mRare[0] == mRare[1] ? 1u : 2u); ++way)
-        for (const char* at = begin; at < end && (at = FindByte(at, end, mRare[way])); ++at)
-            if (isHere(at)) return true;
-    return false;
+bool HtmlSearch::IsKeyByte(char found, char wanted) const {
+    return found == wanted || (!mOptions.CaseSensitive && LowerByte(found) == wanted);
 }
 
-/// Whether the key may begin before a tag and go on behind it.
-bool HtmlSearch::MayBeginBefore(std::string_view html, std::size_t tag) const {
-    return tag > 0 && mInKey[static_cast<unsigned char>(html[tag - 1])] &&
-           !IsBlockTag(html.substr(tag, 8));
+// Whether the key may stand around its rare byte: it does, or a tag or an entity hides how it goes
+// on.
+bool HtmlSearch::MayBeAround(std::string_view html, std::size_t rare) const {
+    const bool seesThrough = !mOptions.SearchInHTML;
+    for (std::size_t key = mRareAt + 1, at = rare + 1; key < mKey.size(); ++key, ++at) {
+        if (at >= html.size()) return false;
+        if (!IsKeyByte(html[at], mKey[key]))
+            return seesThrough && (html[at] == '<' || html[at] == '&');
+    }
+    for (std::size_t key = mRareAt, at = rare; key > 0; --key, --at) {
+        if (at == 0) return false;
+        if (!IsKeyByte(html[at - 1], mKey[key - 1]))
+            return seesThrough && (html[at - 1] == '>' || html[at - 1] == ';');
+    }
+    return true;
 }
 
+bool HtmlSearch::MayBeAt(std::string_view html, std::size_t at) const {
+    const bool isRare = html[at] == mRare[0] || html[at] == mRare[1];
+    if (isRare && MayBeAround(html, at)) return true;
+    // Letters and digits can only be written with their numbers.
+    if (html[at] != '&' || mOptions.SearchInHTML) return false;
+    return !IsLetterOrDigitByte(mRare[0]) || html.substr(at, 2) == "&#";
+}
+
+// Wherever the text stands, its rare byte does, as it is or as an entity. Most blocks hold neither,
+// which a processor finds out for many bytes at once.
 bool HtmlSearch::MayBeIn(std::string_view html) const {
     if (mPattern.empty()) return false;
     if (mKey.empty()) return true;
-    if (HoldsKey(html)) return true;
-    if (mOptions.SearchInHTML) return false;
-    if (html.find('&') != std::string_view::npos) return true;
-    if (mKey.size() == 1) return false;
-    for (std::size_t at = html.find('<'); at != std::string_view::npos; at = html.find('<', at + 1))
-        if (MayBeginBefore(html, at)) return true;
+    constexpr std::size_t kBlock = 32;
+    const char first = mRare[0];
+    const char second = mRare[1];
+    std::size_t block = 0;
+    for (; block + kBlock <= html.size(); block += kBlock) {
+        const char* const bytes = html.data() + block;
+        unsigned char found = 0;
+        for (std::size_t at = 0; at < kBlock; ++at)
+            found |= static_cast<unsigned char>(bytes[at] == first) |
+                     static_cast<unsigned char>(bytes[at] == second) |
+                     static_cast<unsigned char>(bytes[at] == '&');
+        if (found == 0) continue;
+        for (std::size_t at = block; at < block + kBlock; ++at)
+            if (MayBeAt(html, at)) return true;
+    }
+    for (std::size_t at = block; at < html.size(); ++at)
+        if (MayBeAt(html, at)) return true;
     return false;
 }
 

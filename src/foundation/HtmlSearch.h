@@ -69,8 +69,9 @@ private:
     Folded Fold(std::string_view source) const;
     std::vector<Hit> FindIn(const Folded& folded) const;
     bool IsWhole(std::string_view text, std::size_t from, std::size_t to) const;
-    bool HoldsKey(std::string_view html) const;
-    bool MayBeginBefore(std::string_view html, std::size_t tag) const;
+    bool IsKeyByte(char found, char wanted) const;
+    bool MayBeAround(std::string_view html, std::size_t rare) const;
+    bool MayBeAt(std::string_view html, std::size_t at) const;
 
     SearchOptions mOptions;
     /// The text in the form in which texts are compared.
@@ -83,8 +84,6 @@ private:
     /// The rarest byte of the key in both cases, and where it stands there.
     std::array<char, 2> mRare{};
     std::size_t mRareAt = 0;
-    /// Which bytes stand in the key.
-    std::array<bool, 256> mInKey{};
 };
 
 } // namespace paperkite

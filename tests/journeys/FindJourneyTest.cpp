@@ -9,9 +9,15 @@ protected:
     FindJourneyTest() {
         mFolder.Write("zoo/animals.h", "class Dog {\npublic:\n    void Bark(int times);\n};\n");
         Do({"new", Project(), "--source", mFolder / "zoo"});
-        Do({"comment", Project(), "Dog", "--tag", "##", "--text",
-            "<p>Guards the <b>colour</b>ed house.</p>"});
-        Do({"comment", Project(), "Dog::Bark", "--tag", "Remarks", "--text", "Colour me lowd."});
+        WriteComments("Colour me lowd.");
+    }
+    void WriteComments(const std::string& remarks) {
+        mFolder.Write("zoo.ktc",
+                      "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<contentfile version=\"1\">\n"
+                      "  <comment item=\"zoo~Dog\" tag=\"##\" id=\"a\"><![CDATA[<p>Guards the "
+                      "<b>colour</b>ed house.</p>]]></comment>\n"
+                      "  <comment item=\"zoo~Dog~Bark\" tag=\"##remarks\" id=\"b\">" +
+                          remarks + "</comment>\n</contentfile>\n");
     }
     std::string Project() const { return mFolder / "zoo.kiteproject"; }
 };
@@ -61,7 +67,7 @@ TEST_F(FindJourneyTest, MisspeltWordsAreListedWithSuggestions) {
     EXPECT_EQ(result.Err, "");
     EXPECT_TRUE(Contains(result.Out, "zoo~Dog~Bark: Remarks: Colour me lowd.\n    lowd: "))
         << result.Out;
-    EXPECT_TRUE(Contains(result.Out, "loud")) << result.Out;
+    EXPECT_TRUE(Contains(result.Out, "lowed")) << result.Out;
     const Json json = Json::parse(mProgram.Run({"spell", Project(), "Dog::Bark", "--json"}).Out);
     ASSERT_FALSE(json["misspelt"].empty());
     EXPECT_EQ(json["misspelt"].back()["word"], "lowd");
@@ -70,7 +76,7 @@ TEST_F(FindJourneyTest, MisspeltWordsAreListedWithSuggestions) {
 
 TEST_F(FindJourneyTest, WordsOfTheProjectAndItsCodeAreRight) {
     mFolder.Write("zoo.words", "lowd\ncolour\ncoloured\n");
-    Do({"comment", Project(), "Dog::Bark", "--tag", "Parameter", "--text", "Times, as in Bark."});
+    WriteComments("Colour the times lowd, as in Bark.");
     EXPECT_EQ(Do({"spell", Project()}), "No word is misspelt.\n");
     EXPECT_EQ(DoJson({"spell", Project()})["misspelt"], Json::array());
 }

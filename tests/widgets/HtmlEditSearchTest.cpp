@@ -170,7 +170,7 @@ TEST_F(HtmlEditSearchTest, EachWrongWordIsAskedForInItsSentence) {
     Know("good it is fish two", {{SpellAction::Ignore, {}}, {SpellAction::Ignore, {}}});
     EXPECT_TRUE(Check());
     EXPECT_EQ(mAsked, "bda@6 in 'It is bda!';wrse@0 in 'wrse';");
-    EXPECT_EQ(mSelected, "0:12-15;0:23-27;");
+    EXPECT_EQ(mSelected, "0:12-15;0:22-26;");
 }
 
 TEST_F(HtmlEditSearchTest, AnAnswerChangesTheWordOnceOrEverywhere) {
