@@ -129,7 +129,7 @@ void AddDesignersHost(List<CommentEditor>& list) {
 void AddForwarded(List<CommentEditor>& list) {
     using E = CommentEditor;
     list.Writes("AddIgnoreAll", &E::AddIgnoreAll, std::string("kite"));
-    list.Calls("ShowSpellingOptions", &E::ShowSpellingOptions);
+    list.Reads("ShowSpellingOptions", &E::ShowSpellingOptions);
     list.Writes("ClickEditTool", &E::ClickEditTool, std::string("bold"));
     list.Writes("GetActiveHTMLEditor", &E::GetActiveHTMLEditor, true);
     list.Writes("SetForeColorByName", &E::SetForeColorByName, std::string("red"));
