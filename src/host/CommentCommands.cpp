@@ -54,6 +54,7 @@ public:
     bool Write(const std::string& text, bool another) {
         if (mDefinition.TagType == "f") return Tick(true);
         if (!mDefinition.TabName.empty()) return HasTab() && WriteAsDesigner(text, another);
+        ShowList();
         const auto row = another ? Ref<PropertyItem>() : FindRow(false);
         if (!row && !BeginNew()) return false;
         if (row) {
@@ -68,6 +69,7 @@ public:
     std::size_t DeleteAll() {
         if (mDefinition.TagType == "f") return IsTicked() && Tick(false) ? 1 : 0;
         if (!mDefinition.TabName.empty()) return DeleteAsDesigner();
+        ShowList();
         std::size_t count = 0;
         for (auto row = FindRow(false); row; row = FindRow(false), ++count) {
             mEditor.prpTags->SetSelectedItem(row);
@@ -119,6 +121,9 @@ private:
                                                            comment);
         return comments.size();
     }
+
+    /// Tags without a tab are written in the list, which need not be what is shown.
+    void ShowList() { mEditor.SelectCommentType("other", false); }
 
     bool BeginNew() {
         const auto offer = FindRow(true);

@@ -229,6 +229,16 @@ TEST_F(CommentEditorSearchTest, TheOptionsButtonOfTheOwnEngineAsksTheHost) {
     CurrentServices().Spelling = engine;
     int asked = 0;
     const auto tie = mEditor.Events.SpellingOptionsRequested.Connect([&] { ++asked; });
+    mEditor.SetAppName("Test");
+    CurrentServices().ShowPageDialog = [&](const PageDialog& dialog) {
+        EXPECT_EQ(asked, 1) << "the host is asked first";
+        EXPECT_EQ(dialog.Caption, "Spelling Options");
+        EXPECT_EQ(dialog.PageClass, "CommonPages.PageSpelling");
+        EXPECT_EQ(dialog.PageTitle, "Common.PageSpelling");
+        EXPECT_EQ(dialog.SettingsKey, "Software\\Brindlewick\\Test\\Spelling");
+        EXPECT_EQ(dialog.Host, &mEditor);
+        return 0;
+    };
     Load();
     engine->Events.OptionBtnClick.Raise();
     EXPECT_EQ(asked, 1);
@@ -251,7 +261,12 @@ TEST_F(CommentEditorSearchTest, ANewOptionsRequestReloadsTheEngineOfTheHost) {
     const auto engine = MakeRef<Engine>();
     mEditor.SetSpellObject(engine);
     Load();
+    int answer = 0;
+    CurrentServices().ShowPageDialog = [&](const PageDialog&) { return answer; };
     engine->Written.clear();
+    own->Events.OptionBtnClick.Raise();
+    EXPECT_EQ(engine->Written, "") << "the author cancelled";
+    answer = 1;
     own->Events.OptionBtnClick.Raise();
     EXPECT_NE(engine->Written.find("Suggest=1 "), std::string::npos) << engine->Written;
 }

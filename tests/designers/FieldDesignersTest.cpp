@@ -1,9 +1,9 @@
-#include "designers/DesignerTest.h"
 #include "designers/dsrIsNew.h"
 #include "designers/dsrKeywords.h"
 #include "designers/dsrMenuItem.h"
 #include "designers/dsrSubItem.h"
 #include "designers/dsrXMLIsland.h"
+#include "support/DesignerTest.h"
 #include "widgets/Keys.h"
 
 namespace paperkite::test {

@@ -1,7 +1,7 @@
-#include "designers/DesignerTest.h"
 #include "designers/dsrCommentsFrom.h"
 #include "designers/dsrExampleSource.h"
 #include "designers/dsrIsExample.h"
+#include "support/DesignerTest.h"
 #include "widgets/Keys.h"
 
 namespace paperkite::test {

@@ -1,5 +1,5 @@
 #include "designers/dsrHTMLEdit.h"
-#include "designers/DesignerTest.h"
+#include "support/DesignerTest.h"
 #include "support/HtmlFixtures.h"
 
 namespace paperkite::test {

@@ -155,6 +155,10 @@ FailingServices::FailingServices(FailureSwitch& failure)
         failure.Use("CreateCommentPipe");
         return MakeRef<FailingPipe>(failure);
     };
+    services.ShowPageDialog = [&failure](const PageDialog&) {
+        failure.Use("ShowPageDialog");
+        return 1;
+    };
     services.CreateErrorComponent = [reports = mReports] {
         return std::make_shared<CountingErrorComponent>(reports);
     };

@@ -36,7 +36,7 @@ TEST_F(CommandsTest, EmphasisIsWrittenInPlainElements) {
 TEST_F(CommandsTest, CodeIsTurnedOnAndOff) {
     EXPECT_EQ(AllOf("word", "code"), "<code>word</code>");
     EXPECT_EQ(AllOf("<code>word</code>", "code"), "word");
-    Load({"a "});
+    Load({"a"});
     Focus();
     Do("code", {});
     ASSERT_TRUE(Wait([&] { return mLog.Selection.On.contains("code"); }));

@@ -1,4 +1,3 @@
-#include "designers/DesignerTest.h"
 #include "designers/dsrCommentsFrom.h"
 #include "designers/dsrExampleSource.h"
 #include "designers/dsrHTMLEdit.h"
@@ -11,6 +10,7 @@
 #include "platform/qt/HtmlEditView.h"
 #include "platform/qt/Theme.h"
 #include "platform/qt/ViewFactory.h"
+#include "support/DesignerTest.h"
 #include "support/HtmlFixtures.h"
 #include "web/SurfaceTest.h"
 

@@ -48,8 +48,8 @@ protected:
 };
 
 TEST_F(MarksTest, WrongWordsAreFoundInWhatIsTypedAndLeaveNothingInTheText) {
-    Show("right ");
-    Type("wrng words");
+    Show("right");
+    Type(" wrng words");
     ASSERT_TRUE(Wait([&] { return Text() == "right wrng words"; })) << Text();
     const auto wrong = mEdit->FindMisspelt("right wrng words");
     EXPECT_EQ(wrong, (std::vector<TextRange>{{6, 4}}));
@@ -85,6 +85,7 @@ TEST_F(MarksTest, AReplacementIsUndoneByTheKeyInOneStep) {
     // Nobody types before the page shows the new text.
     EXPECT_TRUE(mEdit->DoFind("three", false, false, false));
     ASSERT_TRUE(Wait([&] { return mEdit->GetSelectedText() == "three"; }));
+    mEdit->SetEditFocus();
     QTest::keyClick(mView.GetSurface()->InputWidget(), Qt::Key_End);
     Type("x");
     ASSERT_TRUE(Wait([&] { return Text().find('x') != std::string::npos; })) << Text();

@@ -108,7 +108,9 @@ void DictionaryEngine::ReadCustomFile() {
     mTaught.Clear();
     mIgnored.Clear();
     std::string bytes;
-    if (!mOptions.CustomDictionaryFile.empty() && fs::exists(mOptions.CustomDictionaryFile) &&
+    std::error_code ignored;
+    if (!mOptions.CustomDictionaryFile.empty() &&
+        fs::exists(mOptions.CustomDictionaryFile, ignored) &&
         !SafeFile::Read(mOptions.CustomDictionaryFile, bytes))
         for (const std::string& word : LinesOf(bytes))
             mTaught.Add(word);
