@@ -106,9 +106,14 @@ void InPlaceEditor::SetKiteProject(const Ref<paperkite::KiteProject>& value) {
     });
 }
 
+ICommentDesignerHost& InPlaceEditor::zHost() const {
+    if (!mHost) RaiseError(ErrorNumber::ObjectNotSet);
+    return *mHost;
+}
+
 void InPlaceEditor::ConfigureKiteProject() {
     Procedure(*this, "ConfigureKiteProject", [&](Frame&) {
-        const auto pageTemplate = mHost->ICommentDesignerHost_Template();
+        const auto pageTemplate = zHost().ICommentDesignerHost_Template();
         // Without a template there is no page to make.
         if (!pageTemplate) {
             mDocType = nullptr;
@@ -126,7 +131,7 @@ void InPlaceEditor::ConfigureKiteProject() {
                 definition->Included = true;
         mDocType->Language = "English";
         mDocType->NamespaceProvider->GetDataProvider()->Set(
-            "RootItem", Value(mHost->ICommentDesignerHost_CurrentRootItem()));
+            "RootItem", Value(zHost().ICommentDesignerHost_CurrentRootItem()));
         mKiteProject->Log = MakeRef<PreviewLog>();
         zShowVariableNames();
         mKiteProject->Set(kVisibilitySetting, Value(true));
@@ -185,7 +190,12 @@ void InPlaceEditor::Load(const Ref<Object>& CodeElement, const std::string& Layo
 // wait for ever.
 void InPlaceEditor::zShowEmptyPage() {
     mLoading = false;
-    if (Ignoring([this] { ed->SetDocumentHTML({}); })) return;
+    bool isShown = false;
+    Procedure(*this, "zShowEmptyPage", [&](Frame&) {
+        ed->SetDocumentHTML({});
+        isShown = true;
+    });
+    if (isShown) return;
     Procedure(*this, "zShowEmptyPage", [&](Frame&) { Events.DocumentComplete.Raise(); });
 }
 
@@ -208,7 +218,7 @@ void InPlaceEditor::zCollectDescription(const Ref<Object>& element) {
 
 std::string InPlaceEditor::zLayoutFor(const std::string& LayoutFileName) const {
     if (!LayoutFileName.empty()) return LayoutFileName;
-    const std::string& name = mHost->ICommentDesignerHost_NamespaceDef()->Name;
+    const std::string& name = zHost().ICommentDesignerHost_NamespaceDef()->Name;
     for (const auto& layout : *mDocType->Template->PageLayouts)
         if (ContainsIgnoringCase(layout->Namespaces, name)) return layout->FileName;
     return {};
@@ -220,14 +230,16 @@ std::string InPlaceEditor::zParsePage(bool ForEdit) {
     const auto DDP = mDocType->NamespaceProvider->GetDataProvider();
     DDP->Set("ForEdit", Value(ForEdit));
     DDP->Set("editcommenttype", Value(static_cast<std::int32_t>(CommentType)));
-    DDP->Set("RootItem", Value(mHost->ICommentDesignerHost_CurrentRootItem()));
-    const auto definition = mHost->ICommentDesignerHost_NamespaceDef();
+    DDP->Set("RootItem", Value(zHost().ICommentDesignerHost_CurrentRootItem()));
+    const auto definition = zHost().ICommentDesignerHost_NamespaceDef();
     DDP->Call("Prepare",
               {Value(Ref<Object>(definition)), Value(mCodeElement), Value(definition->GroupCaption),
-               Value(mHost->ICommentDesignerHost_CurrentParentItem())});
+               Value(zHost().ICommentDesignerHost_CurrentParentItem())});
     mLayoutFileName = zLayoutFor(mLayoutFileName);
     Required(CurrentServices().ControlHelper).ResetParser();
     const auto t = CreateParserTemplate(Below(mDocType->Template->Folder, mLayoutFileName));
+    // What failed was told.
+    if (!t) return {};
     t->SetDataProvider(DDP);
     t->SetUseProvidedText(true);
     return t->Parse();

@@ -86,6 +86,9 @@ public:
     Ref<paperkite::FlatStrip> FlatStrip = MakeRef<paperkite::FlatStrip>("FlatStrip");
 
 private:
+    /// Error 91 before Initialize and behind Terminate.
+    ICommentDesignerHost& zHost() const;
+
     // Loading
     void ConfigureKiteProject();
     void zShowVariableNames();

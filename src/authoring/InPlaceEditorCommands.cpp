@@ -93,9 +93,11 @@ void InPlaceEditor::ed_GetURL(std::string& URL, std::string& Caption, bool ShowC
                               bool& CancelDefault) {
     Procedure(*this, "ed_GetURL", [&](Frame& frame) {
         Watch watchURL(frame, "URL", URL);
+        // A handler of the link may have ended the page.
+        if (mTerminated) return;
         CancelDefault = true;
-        URL = mHost->ICommentDesignerHost_BuildLink(URL, ShowCaption, Caption, true, "Get URL",
-                                                    "Link to", true);
+        URL = zHost().ICommentDesignerHost_BuildLink(URL, ShowCaption, Caption, true, "Get URL",
+                                                     "Link to", true);
     });
 }
 

@@ -83,7 +83,7 @@ void InPlaceEditor::zMakePlaceEditable(const Ref<HTMLElement>& span) {
         span->GetParentElement()->SetInnerHTML({});
         return;
     }
-    const auto obj = mHost->ICommentDesignerHost_GetObjectFromQualifiedName(NameIn(span));
+    const auto obj = zHost().ICommentDesignerHost_GetObjectFromQualifiedName(NameIn(span));
     if (!obj) return;
     const std::string TagIdentifier = TagIn(span);
     if (zIsSkipped(obj, TagIdentifier)) {
@@ -110,7 +110,7 @@ bool InPlaceEditor::zIsSkipped(const Ref<Object>& obj, const std::string& TagIde
     if (IsProjectOf(obj, "csproj")) return true;
     if (!EqualIgnoringCase(TagIdentifier, kOverloads) || !IsBlock(obj)) return false;
     const bool ofProject =
-        static_cast<int>(mHost->ICommentDesignerHost_CommentType()) == kProjectOverloads;
+        static_cast<int>(zHost().ICommentDesignerHost_CommentType()) == kProjectOverloads;
     return !obj->Get(ofProject ? "HasOverloadsInProject" : "HasOverloads").ToBoolean();
 }
 
@@ -146,7 +146,7 @@ void InPlaceEditor::ed_EditableSpanChanged(const Ref<HTMLElement>& Span) {
     Procedure(*this, "ed_EditableSpanChanged", [&](Frame& frame) {
         Watch watchSpan(frame, "Span", Span);
         if (mLoading || mIgnoreChanges || !IsPlace(Span)) return;
-        const auto obj = mHost->ICommentDesignerHost_GetObjectFromQualifiedName(NameIn(Span));
+        const auto obj = zHost().ICommentDesignerHost_GetObjectFromQualifiedName(NameIn(Span));
         if (!obj) return;
         const std::string TagIdentifier = TagIn(Span);
         const auto tc = FindTaggedComment(obj, TagIdentifier);
@@ -163,12 +163,12 @@ void InPlaceEditor::zStoreText(const Ref<Object>& obj, const std::string& TagIde
     if (!cleared && !tc) {
         tc = NewTaggedComment(TagIdentifier, NewText);
         tc->SetItem(obj);
-        mHost->ICommentDesignerHost_TaggedCommentAdded(obj, tc);
+        zHost().ICommentDesignerHost_TaggedCommentAdded(obj, tc);
     } else if (!cleared) {
         tc->SetText(NewText);
-        mHost->ICommentDesignerHost_TaggedCommentChanged(obj, tc);
+        zHost().ICommentDesignerHost_TaggedCommentChanged(obj, tc);
     } else if (tc) {
-        mHost->ICommentDesignerHost_TaggedCommentDeleted(obj, tc);
+        zHost().ICommentDesignerHost_TaggedCommentDeleted(obj, tc);
     }
 }
 

@@ -225,6 +225,21 @@ TEST_F(InPlaceEditorCommandsTest, AHandlerMayLoadAnotherItemWhenALinkIsClicked) 
     EXPECT_EQ(mServices.TakeReports(), "");
 }
 
+TEST_F(InPlaceEditorCommandsTest, AHandlerMayEndTheEditorWhileALinkIsMade) {
+    LoadPage();
+    const auto tie = mEditor.Events.InsertHyperLinkRequest.Connect(
+        [this](const auto&, auto&, bool&) { mEditor.Terminate(); });
+    Widget().UserSelection("text", {}, {}, "", "");
+    EXPECT_NO_THROW(Widget().ClickEditTool("createlink"));
+    EXPECT_EQ(mServices.TakeReports(), "");
+}
+
+TEST_F(InPlaceEditorCommandsTest, WithoutAHostALinkIsReported) {
+    InPlaceEditor page;
+    page.GetEditControl()->ClickEditTool("createlink");
+    EXPECT_EQ(mServices.TakeReports(), "InPlaceEditor.ed_GetURL (91)\n");
+}
+
 TEST_F(InPlaceEditorCommandsTest, TheFocusAndTheOpenEditArePassedOn) {
     LoadPage();
     EditWatcher watcher;

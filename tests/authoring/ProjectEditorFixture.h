@@ -2,6 +2,7 @@
 
 #include "authoring/ProjectEditor.h"
 #include "foundation/Text.h"
+#include "platform/html/HtmlServices.h"
 #include "support/ModelServices.h"
 #include "support/TestModel.h"
 
@@ -13,6 +14,7 @@ namespace paperkite::test {
 class ProjectEditorFixture : public testing::Test {
 protected:
     ProjectEditorFixture() {
+        CurrentServices().HTMLDOMFactory = MakeHTMLDOMFactory();
         const auto definition = MakeRef<TaggedCommentDef>();
         definition->TagIdentifier = "#note";
         definition->DisplayName = "Note";

@@ -207,11 +207,13 @@ bool IsKeyOfNewNode(const std::vector<std::string>& used, std::size_t use) {
 }
 
 /// What the text ignores: an item's looks while it comes into the tree, flags of items that have
-/// none, a description that cannot be kept in step, and the boldness of a node.
+/// none, a description that cannot be kept in step, the boldness of a node, and a scratch file that
+/// stays.
 bool IsIgnored(const std::vector<std::string>& used, std::size_t use) {
-    return StartsWithOneOf(used[use], {"Item.Get(Access)", "Item.Get(RootFlag)",
-                                       "Item.Set(RootFlag)", "Item.Set(TaggedDescription)",
-                                       "Item.Get(TaggedComments) while loading"}) ||
+    return StartsWithOneOf(used[use],
+                           {"Item.Get(Access)", "Item.Get(RootFlag)", "Item.Set(RootFlag)",
+                            "Item.Set(TaggedDescription)", "Item.Get(TaggedComments) while loading",
+                            "FileSystem.DeleteFile", "FileSystem.CreateFolder"}) ||
            IsBoldness(used, use);
 }
 

@@ -126,6 +126,30 @@ void FailingItem::Set(std::string_view member, const Value& value) {
     mInner->Set(member, value);
 }
 
+namespace {
+
+/// The real provider knows its own items only.
+Value Unwrapped(const Value& value) {
+    if (!value.IsObject()) return value;
+    const auto item = value.ToObject().As<FailingItem>();
+    return item ? Value(item->GetInner()) : value;
+}
+
+} // namespace
+
+void FailingDataProvider::Set(std::string_view member, const Value& value) {
+    mFailure.Use("Data.Set(" + std::string(member) + ")");
+    mInner->Set(member, Unwrapped(value));
+}
+
+Value FailingDataProvider::Call(std::string_view member, const std::vector<Value>& arguments) {
+    mFailure.Use("Data.Call(" + std::string(member) + ")");
+    std::vector<Value> unwrapped;
+    for (const Value& argument : arguments)
+        unwrapped.push_back(Unwrapped(argument));
+    return mInner->Call(member, unwrapped);
+}
+
 void FailingDataProvider::SetCurrentRootItem(const Ref<Object>& item) {
     mFailure.Use("Data.SetCurrentRootItem");
     mInner->SetCurrentRootItem(item);

@@ -55,6 +55,8 @@ class FailingDataProvider : public DataProvider {
 public:
     FailingDataProvider(FailureSwitch& failure, Ref<DataProvider> inner)
         : mFailure(failure), mInner(std::move(inner)) {}
+    void Set(std::string_view member, const Value& value) override;
+    Value Call(std::string_view member, const std::vector<Value>& arguments) override;
     Ref<DataProvider> Clone() override { return mInner->Clone(); }
     Ref<Object> GetCurrentItem() override { return mInner->GetCurrentItem(); }
     std::string GetCurrentItemType() override { return mInner->GetCurrentItemType(); }

@@ -1,5 +1,8 @@
 #include "faults/FailingServices.h"
 
+#include "model/TemplateParser.h"
+#include "platform/html/HtmlServices.h"
+
 #include <utility>
 
 namespace paperkite::test {
@@ -63,6 +66,41 @@ std::vector<std::string> FailingFileSystem::FilesWithExtension(const std::string
     return ScriptedFileSystem::FilesWithExtension(folder, ending);
 }
 
+bool FailingFileSystem::FolderExists(const std::string& path) const {
+    mFailure.Use("FileSystem.FolderExists");
+    return ScriptedFileSystem::FolderExists(path);
+}
+
+void FailingFileSystem::CreateFolder(const std::string& path) {
+    mFailure.Use("FileSystem.CreateFolder");
+    ScriptedFileSystem::CreateFolder(path);
+}
+
+std::optional<std::string> FailingFileSystem::ReadFile(const std::string& path) const {
+    mFailure.Use("FileSystem.ReadFile");
+    return ScriptedFileSystem::ReadFile(path);
+}
+
+void FailingFileSystem::DeleteFile(const std::string& path) {
+    mFailure.Use("FileSystem.DeleteFile");
+    ScriptedFileSystem::DeleteFile(path);
+}
+
+FailingDOMFactory::FailingDOMFactory(FailureSwitch& failure)
+    : mFailure(failure), mInner(MakeHTMLDOMFactory()) {}
+
+Ref<HTMLDocument> FailingDOMFactory::CreateFromString(const std::string& html,
+                                                      const Ref<Object>& reserved) {
+    mFailure.Use("DOM.CreateFromString");
+    return mInner->CreateFromString(html, reserved);
+}
+
+Ref<HTMLDocument> FailingDOMFactory::CreateFromFile(const std::string& path,
+                                                    const Ref<Object>& reserved) {
+    mFailure.Use("DOM.CreateFromFile");
+    return mInner->CreateFromFile(path, reserved);
+}
+
 FailingControlHelper::FailingControlHelper(FailureSwitch& failure) : mFailure(failure) {
     SetSystemClipboard = [this](const std::string&) { mFailure.Use("SystemClipboard"); };
 }
@@ -119,6 +157,18 @@ void FailingControlHelper::ApplyToolbarStyle(DockHost& dock, int style) {
     ModelControlHelper::ApplyToolbarStyle(dock, style);
 }
 
+std::string FailingControlHelper::MergeDescription(const std::string& value,
+                                                   const std::string& text,
+                                                   const std::string& format) {
+    mFailure.Use("Helper.MergeDescription");
+    return ModelControlHelper::MergeDescription(value, text, format);
+}
+
+void FailingControlHelper::ResetParser() {
+    mFailure.Use("Helper.ResetParser");
+    ModelControlHelper::ResetParser();
+}
+
 Ref<TaggedCommentCollection>
 FailingPipe::Consolidate(const Ref<TaggedCommentCollection>& comments) {
     mFailure.Use("Pipe.Consolidate");
@@ -142,13 +192,19 @@ Value FailingObject::Call(std::string_view member, const std::vector<Value>&) {
 FailingServices::FailingServices(FailureSwitch& failure)
     : Registry(std::make_shared<FailingRegistry>(failure)),
       Messages(std::make_shared<FailingMessageBox>(failure)),
-      Helper(std::make_shared<FailingControlHelper>(failure)) {
+      Helper(std::make_shared<FailingControlHelper>(failure)),
+      Files(std::make_shared<FailingFileSystem>(failure)) {
     Services& services = CurrentServices();
     services.Registry = Registry;
     services.MessageBox = Messages;
     services.Shell = std::make_shared<FailingShell>(failure);
     services.Screen = std::make_shared<FailingScreen>(failure);
-    services.FileSystem = std::make_shared<FailingFileSystem>(failure);
+    services.FileSystem = Files;
+    services.HTMLDOMFactory = std::make_shared<FailingDOMFactory>(failure);
+    services.CreateParserTemplate = [&failure] {
+        failure.Use("CreateParserTemplate");
+        return MakeRef<TemplateParser>();
+    };
     services.ControlHelper = Helper;
     services.ApplicationFolder = "/program";
     services.CreateCommentPipe = [&failure] {

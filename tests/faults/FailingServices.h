@@ -62,9 +62,26 @@ public:
     explicit FailingFileSystem(FailureSwitch& failure) : mFailure(failure) {}
     std::vector<std::string> FilesWithExtension(const std::string& folder,
                                                 const std::string& extension) const override;
+    bool FolderExists(const std::string& path) const override;
+    void CreateFolder(const std::string& path) override;
+    std::optional<std::string> ReadFile(const std::string& path) const override;
+    void DeleteFile(const std::string& path) override;
 
 private:
     FailureSwitch& mFailure;
+};
+
+/// Makes real documents.
+class FailingDOMFactory : public HTMLDOMFactory {
+public:
+    explicit FailingDOMFactory(FailureSwitch& failure);
+    Ref<HTMLDocument> CreateFromString(const std::string& html,
+                                       const Ref<Object>& reserved) override;
+    Ref<HTMLDocument> CreateFromFile(const std::string& path, const Ref<Object>& reserved) override;
+
+private:
+    FailureSwitch& mFailure;
+    std::shared_ptr<HTMLDOMFactory> mInner;
 };
 
 class FailingControlHelper : public ModelControlHelper {
@@ -81,6 +98,9 @@ public:
     Ref<TaggedComment> FindTaggedComment(const Ref<TaggedCommentCollection>& comments,
                                          const std::string& tag) override;
     void ApplyToolbarStyle(DockHost& dock, int style) override;
+    std::string MergeDescription(const std::string& value, const std::string& text,
+                                 const std::string& format) override;
+    void ResetParser() override;
 
 private:
     FailureSwitch& mFailure;
@@ -131,6 +151,7 @@ public:
     std::shared_ptr<FailingRegistry> Registry;
     std::shared_ptr<FailingMessageBox> Messages;
     std::shared_ptr<FailingControlHelper> Helper;
+    std::shared_ptr<FailingFileSystem> Files;
 
 private:
     ScriptedServices mKept;

@@ -184,7 +184,7 @@ std::vector<WalkedOperation> Gestures() {
 std::vector<WalkedOperation> AllOperations() {
     std::vector<WalkedOperation> all;
     for (const auto& part : {ProjectViewOperations(), CommentEditorOperations(),
-                             ProjectEditorOperations(), Gestures()})
+                             ProjectEditorOperations(), Gestures(), PageOperations()})
         all.insert(all.end(), part.begin(), part.end());
     return all;
 }

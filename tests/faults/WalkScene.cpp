@@ -6,6 +6,14 @@ namespace paperkite::test {
 
 namespace {
 
+constexpr const char* kLayout =
+    "<html><head></head><body><h1><!--KITEMETADATA start type=\"scopedname\"-->Name"
+    "<!--KITEMETADATA end--></h1>"
+    "<!--KITEMETADATA start type=\"comment\" tag=\"##\"-->Text<!--KITEMETADATA end-->"
+    "<!--KITEMETADATA start type=\"comment\" tag=\"#note\"-->Note<!--KITEMETADATA end-->"
+    "<!--KITEMETADATA start type=\"comment\" tag=\"#remark\"-->Remark<!--KITEMETADATA end-->"
+    "</body></html>";
+
 std::string Rows(const PropertiesList& list) {
     std::string text;
     for (const auto& row : list)
@@ -33,6 +41,7 @@ WalkScene::WalkScene(ScannedProject& scanned)
     : Scanned(scanned), Project(MakeRef<FailingProject>(Failure, scanned)),
       Images(MakeSourceImages()) {
     Configure();
+    MakePages();
     Editor = std::make_unique<ProjectEditor>();
     Editor->SetUserMode(true);
     ConnectHandlers();
@@ -60,6 +69,7 @@ void WalkScene::Configure() {
     GlobalConfig().ProjectViewOptions.Grouped = false;
     Define("##").IsGeneral = true;
     Define("#note");
+    Define("#remark").AppendsToDescription = "True";
     Define("#todo").TagType = "f";
     Define("#old").TagType = "f";
     const auto page = MakeRef<PageTemplate>();
@@ -69,6 +79,34 @@ void WalkScene::Configure() {
     layout->FileNameTemplate = "%%itemqualifiedname%%_page.html";
     page->PageLayouts->Add(layout);
     GlobalConfig().Templates.Add(page);
+}
+
+void WalkScene::MakePages() {
+    Pages->Name = "Walked";
+    Pages->Folder = "/templates/walked";
+    const auto served = MakeRef<TemplateNamespace>();
+    served->Moniker = kSourceMoniker;
+    Pages->Namespaces.push_back(served);
+    const auto layout = MakeRef<PageLayout>();
+    layout->Name = "Class";
+    layout->FileName = "class.html";
+    layout->Namespaces = "kite.source:Class,kite.source:Method";
+    Pages->PageLayouts->Add(layout);
+    const auto variable = MakeRef<VariableDef>();
+    variable->Name = "Title";
+    Pages->VariableDefs.Add(variable, variable->Name);
+    Services.Files->Texts["/templates/walked\\class.html"] = kLayout;
+}
+
+void WalkScene::ShowPage() {
+    Comments().SetInPlaceTemplate(Pages);
+}
+
+void WalkScene::TypeOnPage(const std::string& tag, const std::string& html) {
+    const auto places = Text().GetPlaces();
+    for (std::size_t place = 0; place < places.size(); ++place)
+        if (places[place]->GetId().ends_with("~A|" + tag))
+            return Text().UserSpanChanged(place, html);
 }
 
 void WalkScene::ConnectHandlers() {
@@ -129,6 +167,10 @@ void WalkScene::Begin() {
     tree.OnlyTopicItems = false;
     tree.UserControl_ReadProperties({});
     Comments().SetInPlaceTemplate(nullptr);
+    Project->Set("OutputFolder", Value(""));
+    Views().SetSelectedTab(Views().Item("normal"));
+    Text().SetView(HtmlView::Normal);
+    Page().SetHost(&Comments());
     Comments().SetSpellObject(Spell);
     Comments().SetKeepTombstones(false);
     Comments().SetDesignFlag("");
@@ -193,6 +235,8 @@ std::string WalkScene::State() {
     text += Comments().GetDirty() ? "dirty\n" : "";
     text += "title: " + Comments().GetTitleCaption() + "\n";
     text += Tags().GetVisible() ? "tags shown\n" : "";
+    if (Page().GetVisible())
+        text += "page " + Views().GetSelectedTab()->Key + ": " + Text().GetDocumentHTML() + "\n";
     text += Tags().GetInEdit() ? "in edit\n" : "";
     text +=
         "exclusions: " + (Tree().GetExclusions() ? TextsOf(*Tree().GetExclusions()) : "") + "\n";

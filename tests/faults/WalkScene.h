@@ -23,6 +23,9 @@ public:
     ProjectEditor& Screen() { return *Editor; }
     ProjectView& Tree() { return Editor->Project; }
     CommentEditor& Comments() { return Editor->cEditor; }
+    InPlaceEditor& Page() { return *Comments().InPlaceEditor; }
+    HtmlEdit& Text() { return *Page().GetEditControl(); }
+    FlatStrip& Views() { return *Page().FlatStrip; }
     TreeControl& TreeWidget() { return *Tree().tvwProject; }
     PropertiesList& Tags() { return *Comments().prpTags; }
     PropertiesList& Flags() { return *Comments().prpFlags; }
@@ -35,6 +38,10 @@ public:
     Ref<NamespaceDef> DefinitionOf(const std::string& itemType);
     Ref<PropertyItem> Offer(const std::string& tag);
     void SelectNote();
+    /// The page of A, with places for its description, its note and a remark that is not there.
+    void ShowPage();
+    /// What the author makes of the place of a tag of A.
+    void TypeOnPage(const std::string& tag, const std::string& html);
     /// Types over A's note without leaving the edit.
     void RewriteNote();
     void StoreSetting(const std::string& path, const std::string& name, const std::string& value);
@@ -51,11 +58,13 @@ public:
     Ref<FailingObject> Spell = MakeRef<FailingObject>(Failure, "Spell");
     Ref<FailingHelpHost> Help = MakeRef<FailingHelpHost>(Failure);
     Ref<ImageList> Images;
+    Ref<PageTemplate> Pages = MakeRef<PageTemplate>();
     std::unique_ptr<ProjectEditor> Editor;
 
 private:
     TaggedCommentDef& Define(const std::string& tag);
     void Configure();
+    void MakePages();
     void ConnectHandlers();
 
     std::vector<Connection> mConnections;

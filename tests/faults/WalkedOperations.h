@@ -26,6 +26,7 @@ struct WalkedOperation {
 std::vector<WalkedOperation> ProjectViewOperations();
 std::vector<WalkedOperation> CommentEditorOperations();
 std::vector<WalkedOperation> ProjectEditorOperations();
+std::vector<WalkedOperation> PageOperations();
 /// The author's gestures on their controls.
 std::vector<WalkedOperation> Gestures();
 
