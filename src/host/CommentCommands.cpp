@@ -123,7 +123,11 @@ private:
     }
 
     /// Tags without a tab are written in the list, which need not be what is shown.
-    void ShowList() { mEditor.SelectCommentType("other", false); }
+    void ShowList() {
+        for (const auto& group : mEditor.eb->GetGroups())
+            if (const auto item = group->Find("other"); item && !item->GetSelected())
+                mEditor.eb->UserClick(item);
+    }
 
     bool BeginNew() {
         const auto offer = FindRow(true);

@@ -184,7 +184,10 @@ void IncludeRules::CheckFile(const std::string& file, std::vector<std::string>& 
     static const std::regex angled("^\\s*#\\s*include\\s*<([^>]+)>");
     const bool isTest = file.starts_with("tests/");
     // What the tests share is bound by whoever includes it.
-    const Module shared{"support", kFirstOpenLevel, {"foundation", "widgets", "model"}, {"GTest"}};
+    const Module shared{"support",
+                        kFirstOpenLevel,
+                        {"foundation", "widgets", "model", "designers", "platform_html"},
+                        {"GTest"}};
     const Module* module = file.starts_with("tests/support/") ? &shared : ModuleOf(file);
     if (!module) {
         found.push_back(file + ": no line of the build description names its folder");
