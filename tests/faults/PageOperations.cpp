@@ -94,6 +94,9 @@ void AddTextGestures(PageList& list) {
     list.Add("UserHyperlinkClick", [](InPlaceEditor&, WalkScene& scene) {
         scene.Text().UserHyperlinkClick("there.html");
     });
+    list.Add("UserSelectionMoved", [](InPlaceEditor&, WalkScene& scene) {
+        scene.Text().UserSelectionMoved({0, 0, 1});
+    });
     list.Add("UserSelection", [](InPlaceEditor&, WalkScene& scene) {
         scene.Text().UserSelection("text", {"bold"}, {"undo"}, "", "", "old.html");
         scene.Text().ClickEditTool("createlink");
