@@ -1,6 +1,8 @@
 #include "journeys/PageTest.h"
 
+#include "foundation/GlobalConfig.h"
 #include "host/HeadlessServices.h"
+#include "model/ConfigurationReader.h"
 
 #include <QEventLoop>
 #include <QTest>
@@ -11,6 +13,8 @@
 namespace paperkite::test {
 
 PageTest::PageTest() {
+    EXPECT_FALSE(ConfigurationReader::Load(PAPERKITE_SOURCE_DIR "/config",
+                                           GlobalConfig().TaggedCommentDefs));
     LoadPageTemplates();
 }
 

@@ -10,6 +10,7 @@
 #include "foundation/Text.h"
 #include "foundation/Version.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
@@ -27,6 +28,7 @@ namespace paperkite {
 namespace {
 
 constexpr const char* kWindowPath = "Window";
+constexpr const char* kToolbarSetting = "TypesToolbar";
 constexpr const char* kTemplateSetting = "PageTemplate";
 constexpr int kFirstWidth = 1280;
 constexpr int kFirstHeight = 800;
@@ -161,7 +163,14 @@ void MainWindow::SetTemplate(const Ref<PageTemplate>& value) {
     Ignoring([&] { SetAppValue(kTemplateSetting, Value(value->Name), kWindowPath); });
 }
 
+void MainWindow::ShowTypesAsToolbar(bool value) {
+    mWorkspace->GetEditor().cEditor.SetShowCombo(value);
+    GetAction("TypesToolbar")->setChecked(value);
+    Ignoring([&] { SetAppValue(kToolbarSetting, value, kWindowPath); });
+}
+
 void MainWindow::RestoreTemplate() {
+    ShowTypesAsToolbar(GetAppNumber(kToolbarSetting, 0, 0, 1, kWindowPath) != 0);
     std::string name;
     Ignoring([&] {
         name = GetAppValue(kTemplateSetting, Value(""), kConvertToText, kWindowPath).ToText();

@@ -82,8 +82,10 @@ private:
                        const QKeySequence& key, void (MainWindow::*slot)());
     void AddTreeOption(QMenu& menu, const char* command, const QString& text);
     void FillTemplateMenu();
+    /// The kinds of comments as a tool bar above the surfaces instead of the bar beside them.
+    void ShowTypesAsToolbar(bool value);
     void SetTemplate(const Ref<PageTemplate>& value);
-    /// The template that the author chose last, if it is there.
+    /// The template that the author chose last, if it is there, and the form of the bar.
     void RestoreTemplate();
     void AddScheme(QMenu& menu, QActionGroup& group, const QString& text, ColourScheme scheme);
     void FillRecentMenu();

@@ -126,6 +126,11 @@ void MainWindow::MakeViewMenu() {
     AddTreeOption(menu, "Grouped", tr("&Group Members"));
     AddTreeOption(menu, "AutoExpand", tr("&Expand Items When Clicked"));
     menu.addSeparator();
+    auto* types = menu.addAction(tr("Kinds of Comments as a &Toolbar"), this,
+                                 [this](bool value) { ShowTypesAsToolbar(value); });
+    types->setCheckable(true);
+    types->setObjectName("TypesToolbar");
+    mActions.insert("TypesToolbar", types);
     mTemplateMenu = menu.addMenu(tr("Page &Template"));
     connect(mTemplateMenu, &QMenu::aboutToShow, this, [this] { FillTemplateMenu(); });
     QMenu& colours = *menu.addMenu(tr("&Colours"));
@@ -197,9 +202,10 @@ void MainWindow::UpdateActions() {
     const bool open = mWorkspace != nullptr;
     ShowHistory();
     for (const char* name :
-         {"FindInComments", "FindNextInComments", "CheckSpellingOfProject", "SpellingOptions",
-          "FindItem", "ResolveConflicts", "Save", "SaveAs", "Rescan", "Properties", "Close",
-          "NextSibling", "PreviousSibling", "NextUndocumented", "PreviousUndocumented"})
+         {"TypesToolbar", "FindInComments", "FindNextInComments", "CheckSpellingOfProject",
+          "SpellingOptions", "FindItem", "ResolveConflicts", "Save", "SaveAs", "Rescan",
+          "Properties", "Close", "NextSibling", "PreviousSibling", "NextUndocumented",
+          "PreviousUndocumented"})
         GetAction(name)->setEnabled(open);
     GetAction("Homeless")->setEnabled(mHomelessCount > 0);
     GetAction("Homeless")

@@ -84,7 +84,10 @@ std::size_t MainWindow::ChangeTexts(const TextChanges::Changes& changes,
 
 void MainWindow::CheckSpelling() {
     mWorkspace->GetEditor().CommitEdit();
+    mHistory->BeginStep("Spelling");
     mWorkspace->GetEditor().cEditor.SpellCheck(true);
+    mHistory->EndStep();
+    ShowHistory();
 }
 
 void MainWindow::ShowSpellingOptions() {

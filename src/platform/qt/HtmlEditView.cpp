@@ -170,6 +170,7 @@ void HtmlEditView::PageReady() {
     UpdatePlaces();
     MarksChanged();
     if (std::exchange(mFocusPending, false)) mSurface->FocusText();
+    if (const auto wanted = std::exchange(mWantedSelection, std::nullopt)) SelectionWanted(*wanted);
 }
 
 void HtmlEditView::PageLost(WebLoss) {
@@ -190,6 +191,7 @@ void HtmlEditView::PageLost(WebLoss) {
 void HtmlEditView::ControlChanged(Control&) {}
 
 void HtmlEditView::DocumentReplaced() {
+    mWantedSelection.reset();
     mLosses = 0;
     Notice({});
     LoadSoon(false);
@@ -271,7 +273,11 @@ void HtmlEditView::MarksChanged() {
 }
 
 void HtmlEditView::SelectionWanted(const HtmlSelection& selection) {
-    if (!mSurface || mEdit->GetView() != HtmlView::Normal) return;
+    if (mEdit->GetView() != HtmlView::Normal) return;
+    if (!IsReady()) {
+        mWantedSelection = selection;
+        return;
+    }
     UpdatePlaces();
     mSurface->Select(static_cast<int>(selection.Place), static_cast<int>(selection.Start),
                      static_cast<int>(selection.End - selection.Start));

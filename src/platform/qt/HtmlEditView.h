@@ -5,6 +5,7 @@
 
 #include <QWidget>
 
+#include <optional>
 #include <vector>
 
 class QLabel;
@@ -85,6 +86,8 @@ private:
     bool mKeepPosition = false;
     bool mFocusPending = false;
     bool mUpdatePending = false;
+    /// To be selected as soon as the page stands.
+    std::optional<HtmlSelection> mWantedSelection;
     bool mFlushing = false;
     int mLosses = 0;
     Connection mTie;
