@@ -58,6 +58,16 @@ TEST_F(PageJourneyTest, AnotherItemTakesWhatWasTypedLastWithIt) {
     EXPECT_EQ(TextOf(kDog, "##"), "Quick;");
 }
 
+TEST_F(PageJourneyTest, TheOtherFormOfTheBarTakesWhatWasTypedLastWithIt) {
+    OpenZoo();
+    OpenPage(kDog);
+    TypeOnPage("Quick");
+    mWindow->GetAction("TypesToolbar")->trigger();
+    EXPECT_EQ(TextOf(kDog, "##"), "Quick;");
+    mWindow->GetAction("TypesToolbar")->trigger();
+    mWindow->GetAction("Save")->trigger();
+}
+
 TEST_F(PageJourneyTest, SavingTakesWhatWasTypedLastWithIt) {
     OpenZoo();
     OpenPage(kDog);

@@ -164,6 +164,8 @@ void MainWindow::SetTemplate(const Ref<PageTemplate>& value) {
 }
 
 void MainWindow::ShowTypesAsToolbar(bool value) {
+    // The surface is shown anew; what was typed last comes first.
+    mWorkspace->GetEditor().CommitEdit();
     mWorkspace->GetEditor().cEditor.SetShowCombo(value);
     GetAction("TypesToolbar")->setChecked(value);
     Ignoring([&] { SetAppValue(kToolbarSetting, value, kWindowPath); });
