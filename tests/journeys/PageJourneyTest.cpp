@@ -164,10 +164,12 @@ TEST_F(PageJourneyTest, AnEngineThatIsKilledWhileTypingLosesNothingAndComesBack)
     EXPECT_TRUE(Wait([&] { return TextOf(kDog, "##") == "Barks again;"; })) << TextOf(kDog, "##");
 }
 
-TEST_F(PageJourneyTest, WithoutTheTemplatesTheListsAreThere) {
+TEST_F(PageJourneyTest, WithoutTheTemplatesTheTabsAreThere) {
     GlobalConfig().Templates.Clear();
     OpenZoo();
     ClickItem(kDog);
+    EXPECT_EQ(Editor().eb->GetGroup("main")->Count(), 0u);
+    ChooseTab("other");
     EXPECT_TRUE(Tags().isVisible());
 }
 

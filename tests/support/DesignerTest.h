@@ -83,7 +83,12 @@ protected:
         mBark = AddItem("zoo~Dog~Bark", mDog);
         mDesigner = mControl->GetObject();
     }
-    ~DesignerTest() override { EXPECT_EQ(mServices.TakeReports(), "") << "a handler failed"; }
+    ~DesignerTest() override {
+        EXPECT_EQ(mServices.TakeReports(), "") << "a handler failed";
+        // Items hold each other.
+        for (const auto& [name, item] : mHost.Items)
+            item.template As<TestItem>()->With("Parent", Value());
+    }
 
     Ref<TestItem> AddItem(const std::string& name, const Ref<TestItem>& parent) {
         const auto item = MakeRef<TestItem>(mLog, "ClassElement", name);
