@@ -115,6 +115,7 @@ TEST_F(PageJourneyTest, MembersAreWrittenOnThePageOfTheirClass) {
     while (edit->GetPlaces()[index]->GetId().find("Bark") == std::string::npos)
         ++index;
     Page().GetSurface()->Select(static_cast<int>(index), 0, 0);
+    ASSERT_TRUE(Wait([&] { return edit->GetSelection() && edit->GetSelection()->Place == index; }));
     TypeOnPage("Makes noise.");
     EXPECT_TRUE(Wait([&] { return TextOf(kBark, "##") == "Makes noise.;"; })) << Places();
     mWindow->GetAction("Undo")->trigger();

@@ -39,7 +39,9 @@ void PageTest::TypeOnPage(const std::string& text) {
     Page().GetSurface()->FocusText();
     // The page says so when the caret stands in a place.
     const auto& edit = Editor().InPlaceEditor->GetEditControl();
-    ASSERT_TRUE(Wait([&] { return edit->IsCommandEnabled("bold"); }));
+    ASSERT_TRUE(Wait([&] {
+        return edit->IsCommandEnabled("bold") && Page().GetSurface()->InputWidget()->hasFocus();
+    }));
     for (const char letter : text)
         QTest::keyClick(Page().GetSurface()->InputWidget(), letter);
 }
