@@ -9,6 +9,7 @@ namespace paperkite {
 namespace {
 
 constexpr std::string_view kTag = "<!--KITEMETADATA ";
+constexpr std::string_view kComment = "<!--";
 constexpr std::string_view kStart = "start";
 constexpr std::string_view kEnd = "end";
 constexpr std::string_view kClose = "-->";
@@ -18,12 +19,20 @@ struct Stretch {
     std::size_t End = 0;
 };
 
+bool BeginsTag(const std::string& html, std::size_t at, std::string_view tag) {
+    return EqualIgnoringCase(std::string_view(html).substr(at, tag.size()), tag);
+}
+
 // The outermost elements, in the order of the text. A tag without its counterpart is text.
 std::vector<Stretch> OutermostElements(const std::string& html) {
     std::vector<Stretch> found;
     std::vector<std::size_t> open;
-    for (std::size_t at = FindIgnoringCase(html, kTag); at != std::string::npos;
-         at = FindIgnoringCase(html, kTag, at)) {
+    for (std::size_t at = html.find(kComment); at != std::string::npos;
+         at = html.find(kComment, at)) {
+        if (!BeginsTag(html, at, kTag)) {
+            at += kComment.size();
+            continue;
+        }
         const std::size_t close = html.find(kClose, at);
         if (close == std::string::npos) break;
         const std::size_t end = close + kClose.size();
@@ -39,10 +48,6 @@ std::vector<Stretch> OutermostElements(const std::string& html) {
         at = end;
     }
     return found;
-}
-
-bool BeginsTag(const std::string& html, std::size_t at, std::string_view tag) {
-    return EqualIgnoringCase(std::string_view(html).substr(at, tag.size()), tag);
 }
 
 // Without the blank behind the indentation, which is even.
@@ -78,10 +83,15 @@ std::string KeptElements::Restore(const std::string& html) const {
     std::size_t from = 0;
     bool isPreformatted = false;
     for (std::size_t at = html.find('<'); at != std::string::npos; at = html.find('<', at + 1)) {
-        if (BeginsTag(html, at, "<pre") || BeginsTag(html, at, "<textarea")) isPreformatted = true;
-        if (BeginsTag(html, at, "</pre") || BeginsTag(html, at, "</textarea"))
-            isPreformatted = false;
-        if (html.compare(at, mPrefix.size(), mPrefix) != 0) continue;
+        // Few tags are any of these.
+        const char first = at + 1 < html.size() ? html[at + 1] : '\0';
+        const bool isEnd = first == '/';
+        if (isEnd || first == 'p' || first == 'P' || first == 't' || first == 'T') {
+            const std::string_view name = std::string_view(html).substr(at + (isEnd ? 2 : 1), 8);
+            if (EqualIgnoringCase(name.substr(0, 3), "pre") || EqualIgnoringCase(name, "textarea"))
+                isPreformatted = !isEnd;
+        }
+        if (first != '!' || html.compare(at, mPrefix.size(), mPrefix) != 0) continue;
         const std::size_t digits = at + mPrefix.size();
         const std::size_t number = std::strtoul(html.c_str() + digits, nullptr, 10);
         const std::size_t close = html.find(kClose, digits);

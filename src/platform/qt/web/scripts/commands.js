@@ -182,7 +182,9 @@ kite.state = function () {
 kite.selectionMoved = function () {
     if (kite.selectionPending) return;
     kite.selectionPending = true;
-    requestAnimationFrame(() => {
+    const tell = () => {
+        // What is in force costs a layout of the page, which nobody looks at between two keys.
+        if (performance.now() - kite.typedAt < 80) return requestAnimationFrame(tell);
         kite.selectionPending = false;
         const place = kite.selectedPlace();
         const caret = place && kite.caretIn(place);
@@ -193,7 +195,8 @@ kite.selectionMoved = function () {
         if (json === kite.sentState || !kite.bridge) return;
         kite.sentState = json;
         kite.bridge.selection(kite.generation, json);
-    });
+    };
+    requestAnimationFrame(tell);
 };
 
 kite.position = () => ({ x: scrollX, y: scrollY, caret: kite.last });

@@ -4,6 +4,7 @@
 
 kite.marks = { wanted: false, known: new Map(), due: 0, waiting: false, found: [], asked: null };
 
+// Made for the first mark: a page with a layer is laid out more slowly.
 kite.marks.layer = function () {
     if (kite.marks.root) return kite.marks.root;
     const host = document.createElement('div');
@@ -67,7 +68,7 @@ kite.marks.ask = function (text, then) {
 kite.marks.draw = function () {
     const marks = kite.marks;
     marks.found = [];
-    marks.layer().replaceChildren();
+    if (marks.root) marks.root.replaceChildren();
     if (!marks.wanted || !kite.editable || !kite.bridge) return;
     const round = marks.round = {};
     for (const place of kite.places) {
@@ -102,7 +103,7 @@ kite.marks.line = function (box) {
     line.style.cssText = 'position: absolute; height: 3px; pointer-events: none; ' +
         'left: ' + (box.left + scrollX) + 'px; top: ' + (box.bottom + scrollY - 3) + 'px; ' +
         'width: ' + box.width + 'px; background: ' + wave + ' repeat-x;';
-    kite.marks.root.append(line);
+    kite.marks.layer().append(line);
 };
 
 kite.marks.changed = function () {

@@ -11,6 +11,7 @@ const kite = {
     inFlight: -1,
     keysSeen: 0,
     number: 0,
+    typedAt: -1000,
     bridge: null,
     keptStyles: new Set(),
     last: null,
@@ -94,6 +95,7 @@ kite.changed = function (place) {
     kite.showEmpty(place);
     kite.dirty.add(index);
     kite.send();
+    kite.typedAt = performance.now();
     kite.selectionMoved();
     kite.marks.changed(place);
 };

@@ -78,7 +78,8 @@ kite.start = function (given) {
     if (!kite.editable) kite.freeze();
     const style = document.createElement('style');
     style.textContent = kite.style;
-    if (kite.editable) document.documentElement.append(style);
+    // Behind the body it would have the engine lay out the whole page with every key.
+    if (kite.editable) document.head.append(style);
     kite.command('defaultParagraphSeparator', 'p');
     kite.command('styleWithCSS', false);
     kite.listen();
