@@ -105,7 +105,7 @@ TEST_F(CommentEditorNavigationTest, ALegacyTabIsThereWhileItIsInUse) {
 }
 
 TEST_F(CommentEditorNavigationTest, FlagsAreShownWhereThereAreAny) {
-    mItem->Comment("#TODO", "", "t");
+    mItem->Comment("#ToDo", "", "t");
     Load();
     EXPECT_TRUE(Group("flags").GetVisible());
     EXPECT_TRUE(mEditor.prpFlags->Item("#todo")->GetChecked());
