@@ -37,6 +37,15 @@ bool IsLetterOrDigitByte(char byte) {
     return (lower >= 'a' && lower <= 'z') || (byte >= '0' && byte <= '9');
 }
 
+/// Where the two bytes in a row stand of which the fewest are to be expected.
+std::size_t RarestPairOf(std::string_view key) {
+    std::size_t best = 0;
+    const auto rank = [&](std::size_t at) { return Commonness(key[at]) + Commonness(key[at + 1]); };
+    for (std::size_t at = 1; at + 1 < key.size(); ++at)
+        if (rank(at) < rank(best)) best = at;
+    return best;
+}
+
 /// The longest stretch of the pattern without blanks, and without letters that may be written in
 /// another way.
 std::string KeyOf(std::string_view pattern, bool onlyAscii) {
@@ -90,11 +99,14 @@ HtmlSearch::HtmlSearch(SearchOptions options) : mOptions(std::move(options)) {
     }
     if (!HoldsOnlyUtf8(mOptions.SearchFor)) return;
     mKey = KeyOf(mPattern, !mOptions.CaseSensitive);
-    for (std::size_t at = 0; at < mKey.size(); ++at) {
-        if (Commonness(mKey[at]) < Commonness(mKey[mRareAt])) mRareAt = at;
-    }
     if (mKey.empty()) return;
-    mRare = {mKey[mRareAt], mOptions.CaseSensitive ? mKey[mRareAt] : OtherCase(mKey[mRareAt])};
+    mRareAt = RarestPairOf(mKey);
+    mRare = BothCases(mKey[mRareAt]);
+    mBehindRare = BothCases(mKey[std::min(mRareAt + 1, mKey.size() - 1)]);
+}
+
+std::array<char, 2> HtmlSearch::BothCases(char byte) const {
+    return {byte, mOptions.CaseSensitive ? byte : OtherCase(byte)};
 }
 
 void HtmlSearch::AppendFolded(std::string& to, char32_t character) const {
@@ -218,22 +230,33 @@ bool HtmlSearch::MayBeAt(std::string_view html, std::size_t at) const {
     return !IsLetterOrDigitByte(mRare[0]) || html.substr(at, 2) == "&#";
 }
 
-// Wherever the text stands, its rare byte does, as it is or as an entity. Most blocks hold neither,
-// which a processor finds out for many bytes at once.
+// Wherever the text stands, its rare byte does, as it is or as an entity, and behind it the next
+// one or something that hides it. Most blocks hold no such pair, which a processor finds out for
+// many bytes at once.
 bool HtmlSearch::MayBeIn(std::string_view html) const {
     if (mPattern.empty()) return false;
     if (mKey.empty()) return true;
     constexpr std::size_t kBlock = 32;
-    const char first = mRare[0];
-    const char second = mRare[1];
+    const auto [rare, otherRare] = mRare;
+    const auto [behind, otherBehind] = mBehindRare;
+    const bool seesThrough = !mOptions.SearchInHTML;
+    const char tag = seesThrough ? '<' : behind;
+    const char entity = seesThrough ? '&' : behind;
+    const unsigned char any = mKey.size() == 1;
+    const unsigned char anyEntity = seesThrough && !IsLetterOrDigitByte(rare);
     std::size_t block = 0;
-    for (; block + kBlock <= html.size(); block += kBlock) {
+    for (; block + kBlock < html.size(); block += kBlock) {
         const char* const bytes = html.data() + block;
         unsigned char found = 0;
-        for (std::size_t at = 0; at < kBlock; ++at)
-            found |= static_cast<unsigned char>(bytes[at] == first) |
-                     static_cast<unsigned char>(bytes[at] == second) |
-                     static_cast<unsigned char>(bytes[at] == '&');
+        for (std::size_t at = 0; at < kBlock; ++at) {
+            const char byte = bytes[at];
+            const char next = bytes[at + 1];
+            const unsigned char isRare = (byte == rare) | (byte == otherRare);
+            const unsigned char goesOn =
+                any | (next == behind) | (next == otherBehind) | (next == tag) | (next == entity);
+            const unsigned char isEntity = (byte == entity) & (anyEntity | (next == '#'));
+            found |= (isRare & goesOn) | isEntity;
+        }
         if (found == 0) continue;
         for (std::size_t at = block; at < block + kBlock; ++at)
             if (MayBeAt(html, at)) return true;

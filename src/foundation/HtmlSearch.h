@@ -69,6 +69,7 @@ private:
     Folded Fold(std::string_view source) const;
     std::vector<Hit> FindIn(const Folded& folded) const;
     bool IsWhole(std::string_view text, std::size_t from, std::size_t to) const;
+    std::array<char, 2> BothCases(char byte) const;
     bool IsKeyByte(char found, char wanted) const;
     bool MayBeAround(std::string_view html, std::size_t rare) const;
     bool MayBeAt(std::string_view html, std::size_t at) const;
@@ -81,8 +82,10 @@ private:
     /// A stretch of the pattern that stands in the source as it is, wherever no tag or entity
     /// interrupts it; empty where nothing can be said without decoding.
     std::string mKey;
-    /// The rarest byte of the key in both cases, and where it stands there.
+    /// The rarest two bytes in a row of the key, each in both cases, and where they stand there. Of
+    /// a key of one byte, that byte.
     std::array<char, 2> mRare{};
+    std::array<char, 2> mBehindRare{};
     std::size_t mRareAt = 0;
 };
 

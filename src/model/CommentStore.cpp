@@ -3,6 +3,7 @@
 #include "model/StoredComment.h"
 
 #include <algorithm>
+#include <array>
 #include <optional>
 #include <utility>
 
@@ -34,6 +35,42 @@ void RemoveWhere(TaggedCommentCollection& comments, const Condition& condition) 
     for (const std::string& key : keys)
         comments.Remove(key);
 }
+
+/// Shows comments a few at a time, having told the processor which memory comes next: they lie
+/// about, and waiting for each takes longer than reading it.
+class LookAhead {
+public:
+    using Visit = std::function<void(const std::string&, const TaggedComment&)>;
+
+    explicit LookAhead(const Visit& visit) : mVisit(visit) {}
+    void Add(const std::string& name, const TaggedComment& comment) {
+        Fetch(&comment, sizeof comment);
+        mWaiting[mCount++] = {&name, &comment};
+        if (mCount == mWaiting.size()) Flush();
+    }
+    void Flush() {
+        for (std::size_t index = 0; index < mCount; ++index) {
+            const std::string& text = mWaiting[index].second->GetWrittenText();
+            Fetch(text.data(), text.size());
+        }
+        const std::size_t count = std::exchange(mCount, 0);
+        for (std::size_t index = 0; index < count; ++index) {
+            const auto [name, comment] = mWaiting[index];
+            if (comment->GetState() != kTaggedCommentTombstone) mVisit(*name, *comment);
+        }
+    }
+
+private:
+    static void Fetch(const void* from, std::size_t length) {
+        constexpr std::size_t kLine = 64;
+        for (std::size_t at = 0; at < std::min<std::size_t>(length, 512); at += kLine)
+            __builtin_prefetch(static_cast<const char*>(from) + at);
+    }
+
+    const Visit& mVisit;
+    std::array<std::pair<const std::string*, const TaggedComment*>, 32> mWaiting{};
+    std::size_t mCount = 0;
+};
 
 } // namespace
 
@@ -84,7 +121,7 @@ private:
 };
 
 CommentStore::Record& CommentStore::RecordOf(const std::string& qualifiedName) {
-    Record& record = mRecords[qualifiedName];
+    Record& record = mRecords.Make(qualifiedName);
     if (const Ref<Pending> held = record.Comments ? Ref<Pending>() : FindPending(qualifiedName)) {
         held->SetUsed();
         if (mNewest == held) mNewest = nullptr;
@@ -95,8 +132,7 @@ CommentStore::Record& CommentStore::RecordOf(const std::string& qualifiedName) {
 }
 
 CommentStore::Record* CommentStore::FindRecord(const std::string& qualifiedName) const {
-    const auto found = mRecords.find(qualifiedName);
-    return found == mRecords.end() ? nullptr : &found->second;
+    return mRecords.Find(qualifiedName);
 }
 
 void CommentStore::Parse(Record& record) {
@@ -110,7 +146,8 @@ void CommentStore::Parse(Record& record) {
 void CommentStore::Keep(const std::string& qualifiedName,
                         const Ref<TaggedCommentCollection>& comments) {
     if (mNewest == comments) mNewest = nullptr;
-    mRecords.try_emplace(qualifiedName, Record{comments, {}, {}});
+    Record& record = mRecords.Make(qualifiedName);
+    if (!record.Comments) record.Comments = comments;
 }
 
 Ref<CommentStore::Pending> CommentStore::FindPending(const std::string& qualifiedName) const {
@@ -176,7 +213,7 @@ void CommentStore::Move(const std::string& from, const std::string& to) {
         AddTo(target, comment, std::move(kept));
     }
     // Whoever holds the old collection may add to it.
-    if (source.Comments.Pointer().use_count() == 1) mRecords.erase(from);
+    if (source.Comments.Pointer().use_count() == 1) mRecords.Erase(from);
 }
 
 std::size_t CommentStore::CountOf(const Record& record) {
@@ -193,26 +230,28 @@ std::size_t CommentStore::CountOf(const std::string& qualifiedName) const {
 
 std::size_t CommentStore::Count() const {
     std::size_t count = 0;
-    for (const auto& [name, record] : mRecords)
-        count += CountOf(record);
+    mRecords.ForEach([&](const auto&, const Record& record) { count += CountOf(record); });
     return count;
 }
 
 std::vector<std::string> CommentStore::QualifiedNames() const {
     std::vector<std::string> names;
-    for (const auto& [name, record] : mRecords)
+    mRecords.ForEach([&](const std::string& name, const Record& record) {
         if (CountOf(record) > 0) names.push_back(name);
+    });
     std::sort(names.begin(), names.end());
     return names;
 }
 
 void CommentStore::ForEach(const std::function<void(const std::string& qualifiedName,
                                                     const TaggedComment& comment)>& visit) const {
-    for (auto& [name, record] : mRecords) {
+    LookAhead ahead(visit);
+    mRecords.ForEach([&](const std::string& name, Record& record) {
         Parse(record);
         for (const auto& comment : *record.Comments)
-            if (comment->GetState() != kTaggedCommentTombstone) visit(name, *comment);
-    }
+            ahead.Add(name, *comment);
+    });
+    ahead.Flush();
 }
 
 void CommentStore::AddTo(Record& record, const Ref<TaggedComment>& comment, Origin origin) {
@@ -230,7 +269,7 @@ void CommentStore::Load(const std::string& qualifiedName, const Ref<TaggedCommen
 void CommentStore::LoadRun(std::string qualifiedName, Run run) {
     // Whoever holds the comments already sees these too.
     const bool isHeld = FindPending(qualifiedName) != nullptr;
-    Record& record = isHeld ? RecordOf(qualifiedName) : mRecords[std::move(qualifiedName)];
+    Record& record = isHeld ? RecordOf(qualifiedName) : mRecords.Make(std::move(qualifiedName));
     record.Runs.push_back(std::move(run));
     if (record.Comments) Parse(record);
 }
@@ -243,17 +282,17 @@ const CommentStore::Run* CommentStore::SoleRunOf(const std::string& qualifiedNam
 
 CommentStore::Origin CommentStore::OriginOf(const std::string& qualifiedName,
                                             const TaggedComment& comment) const {
-    const auto record = mRecords.find(qualifiedName);
-    if (record == mRecords.end()) return {};
-    const auto found = FindOrigin(record->second.Origins, comment.GetId());
-    return found == record->second.Origins.end() ? Origin() : found->second;
+    const Record* const record = FindRecord(qualifiedName);
+    if (!record) return {};
+    const auto found = FindOrigin(record->Origins, comment.GetId());
+    return found == record->Origins.end() ? Origin() : found->second;
 }
 
 void CommentStore::MarkStored(const Ref<ContentFile>& file,
                               const std::function<bool(const Origin&)>& belongs) {
-    for (auto& [name, record] : mRecords) {
+    mRecords.ForEach([&](const auto&, Record& record) {
         // What nobody has looked at is stored already.
-        if (!record.Comments) continue;
+        if (!record.Comments) return;
         for (const auto& comment : *record.Comments) {
             if (comment->GetState() == kTaggedCommentTombstone) continue;
             const auto found = FindOrigin(record.Origins, comment->GetId());
@@ -265,23 +304,23 @@ void CommentStore::MarkStored(const Ref<ContentFile>& file,
                 found->second.File = file;
             comment->SetState(0);
         }
-    }
+    });
 }
 
 void CommentStore::DropTombstones() {
-    for (auto& [name, record] : mRecords) {
-        if (!record.Comments) continue;
+    mRecords.ForEach([](const auto&, Record& record) {
+        if (!record.Comments) return;
         RemoveWhere(*record.Comments, [](const TaggedComment& comment) {
             return comment.GetState() == kTaggedCommentTombstone;
         });
         std::erase_if(record.Origins, [&comments = record.Comments](const auto& entry) {
             return !comments->Contains(entry.first);
         });
-    }
+    });
 }
 
 void CommentStore::SwapComments(CommentStore& other) {
-    mRecords.swap(other.mRecords);
+    mRecords.Swap(other.mRecords);
     HandToHolders();
     other.HandToHolders();
 }
@@ -306,20 +345,20 @@ void CommentStore::HandToHolders() {
 }
 
 void CommentStore::DropFile(const Ref<ContentFile>& file) {
-    for (auto& [name, record] : mRecords) {
+    mRecords.ForEach([&file](const auto&, Record& record) {
         std::erase_if(record.Runs, [&file](const Run& run) { return run.File == file; });
-        if (!record.Comments) continue;
+        if (!record.Comments) return;
         RemoveWhere(*record.Comments, [&origins = record.Origins, &file](const auto& comment) {
             const auto found = FindOrigin(origins, comment.GetId());
             return found != origins.end() && found->second.File == file;
         });
         std::erase_if(record.Origins,
                       [&file](const auto& entry) { return entry.second.File == file; });
-    }
+    });
 }
 
 void CommentStore::Clear() {
-    mRecords.clear();
+    mRecords.Clear();
 }
 
 } // namespace paperkite

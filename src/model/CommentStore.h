@@ -3,6 +3,7 @@
 #include "foundation/Object.h"
 #include "foundation/TaggedCommentCollection.h"
 #include "model/ContentFile.h"
+#include "model/NamedRecords.h"
 #include "model/SharedText.h"
 #include "model/XmlElement.h"
 
@@ -82,8 +83,8 @@ public:
     /// The names under which there are comments, sorted by their bytes.
     std::vector<std::string> QualifiedNames() const;
 
-    /// Shows all comments, tombstones left out; the items in no order, the comments of an item in
-    /// theirs.
+    /// Shows all comments, tombstones left out; the items in the order in which they were met, the
+    /// comments of an item in theirs.
     void ForEach(const std::function<void(const std::string& qualifiedName,
                                           const TaggedComment& comment)>& visit) const;
 
@@ -93,7 +94,7 @@ public:
     /// Adds comments as bytes.
     void LoadRun(std::string qualifiedName, Run run);
     /// How many runs are still to be expected, roughly.
-    void Expect(std::size_t runs) { mRecords.reserve(mRecords.size() + runs); }
+    void Expect(std::size_t runs) { mRecords.Expect(runs); }
     /// The only run of an item of which nobody has asked for the comments yet; otherwise nothing.
     const Run* SoleRunOf(const std::string& qualifiedName) const;
     /// Where a comment came from; a new one from nowhere.
@@ -119,7 +120,6 @@ private:
         std::vector<std::pair<std::string, Origin>> Origins;
         std::vector<Run> Runs;
     };
-    using Records = std::unordered_map<std::string, Record>;
 
     Record& RecordOf(const std::string& qualifiedName);
     Record* FindRecord(const std::string& qualifiedName) const;
@@ -133,7 +133,7 @@ private:
 
     std::string mFolder;
     /// Comments are made of bytes when somebody asks, which changes nothing for anybody.
-    mutable Records mRecords;
+    mutable NamedRecords<Record> mRecords;
     /// The collections without comments that somebody holds, but for the newest.
     std::shared_ptr<PendingByName> mPending = std::make_shared<PendingByName>();
     Ref<Pending> mNewest;
