@@ -72,10 +72,15 @@ bool EqualIgnoringCase(std::string_view left, std::string_view right) {
 
 std::size_t FindIgnoringCase(std::string_view text, std::string_view wanted, std::size_t from) {
     if (from > text.size()) return std::string_view::npos;
-    const auto found = std::search(text.begin() + static_cast<std::ptrdiff_t>(from), text.end(),
-                                   wanted.begin(), wanted.end(), SameLetter);
-    if (found == text.end() && !wanted.empty()) return std::string_view::npos;
-    return static_cast<std::size_t>(found - text.begin());
+    if (wanted.empty()) return from;
+    const char cases[] = {Lower(wanted[0]), Upper(wanted[0])};
+    const std::string_view first(cases, cases[0] == cases[1] ? 1 : 2);
+    for (std::size_t at = text.find_first_of(first, from); at != std::string_view::npos;
+         at = text.find_first_of(first, at + 1)) {
+        if (text.size() - at < wanted.size()) break;
+        if (EqualIgnoringCase(text.substr(at, wanted.size()), wanted)) return at;
+    }
+    return std::string_view::npos;
 }
 
 bool ContainsIgnoringCase(std::string_view text, std::string_view wanted) {

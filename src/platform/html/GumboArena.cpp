@@ -7,8 +7,12 @@
 namespace paperkite {
 
 void* GumboArena::Allocate(std::size_t size) {
-    const std::size_t whole = std::bit_ceil(std::max<std::size_t>(size + kHeader, 32));
-    const auto number = static_cast<std::size_t>(std::countr_zero(whole));
+    std::size_t number = (size + kHeader + kGrain - 1) / kGrain;
+    std::size_t whole = number * kGrain;
+    if (number > kSmallSizes) {
+        whole = std::bit_ceil(whole);
+        number = kSmallSizes + static_cast<std::size_t>(std::countr_zero(whole));
+    }
     if (void* piece = mFree[number]) {
         std::memcpy(&mFree[number], piece, sizeof(void*));
         return piece;

@@ -19,9 +19,13 @@ public:
     void Free(void* piece);
 
 private:
-    // Pieces are powers of two; in front of each stands which one.
-    static constexpr std::size_t kClasses = 48;
-    static constexpr std::size_t kHeader = 16;
+    // Small pieces are of every size that is a multiple of the grain, larger ones powers of two; in
+    // front of each stands the number of its size. Nothing of the parser wants more than a
+    // pointer's alignment.
+    static constexpr std::size_t kGrain = 16;
+    static constexpr std::size_t kSmallSizes = 32;
+    static constexpr std::size_t kSizes = kSmallSizes + 48;
+    static constexpr std::size_t kHeader = alignof(void*);
     static constexpr std::size_t kFirstBlock = 4096;
 
     char* Carve(std::size_t size);
@@ -30,7 +34,7 @@ private:
     char* mNext = nullptr;
     std::size_t mLeft = 0;
     std::size_t mBlockSize = kFirstBlock;
-    std::array<void*, kClasses> mFree{};
+    std::array<void*, kSizes> mFree{};
 };
 
 } // namespace paperkite
