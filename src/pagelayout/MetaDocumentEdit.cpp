@@ -5,6 +5,9 @@
 #include "pagelayout/KeptElements.h"
 #include "pagelayout/LayoutText.h"
 
+#include <algorithm>
+#include <charconv>
+
 namespace paperkite {
 
 namespace {
@@ -105,12 +108,10 @@ std::string MetaDocumentEdit::ConvertSpanDocumentToMetaDocument(const std::strin
             mParserTemplate->SetUseProvidedText(false);
             // Elements in the head and between cells would not survive the document as they are.
             KeptElements kept;
-            const auto document =
-                Required(CurrentServices().HTMLDOMFactory)
-                    .CreateFromString(
-                        kept.Hide(
-                            ParsedLayout(HTML)->GetSections()->Item(std::size_t{1})->Elements),
-                        {});
+            const std::string hidden =
+                kept.Hide(ParsedLayout(HTML)->GetSections()->Item(std::size_t{1})->Elements);
+            const auto document = Required(CurrentServices().HTMLDOMFactory)
+                                      .CreateFromString(KeepUntouchedSpans(hidden, kept), {});
             Local watchDocument(frame, "document", document);
             ReplaceSpans(*document, kept);
             NameGenerator(*document);
@@ -119,6 +120,30 @@ std::string MetaDocumentEdit::ConvertSpanDocumentToMetaDocument(const std::strin
                     .TidyHTML(document->GetDocumentElement()->GetOuterHTML(), false);
             result = kept.Restore(WithTightHelpNamespace(WithoutAddedTitles(text)));
         });
+}
+
+// Most spans are as they were made. Those need no document to be found in, and what stands for them
+// is not moved where a span may not stand, as between the rows of a table.
+std::string MetaDocumentEdit::KeepUntouchedSpans(const std::string& html,
+                                                 KeptElements& kept) const {
+    constexpr std::string_view kOpening = "<span id=\"metaspanstart";
+    // Outside of the body a comment belongs to nothing that is written.
+    const std::size_t body = FindIgnoringCase(html, "<body");
+    const std::size_t end =
+        std::min(FindIgnoringCase(html, "</body", body), FindIgnoringCase(html, "</html", body));
+    std::string text;
+    std::size_t from = 0;
+    for (std::size_t at = html.find(kOpening, body); at < end; at = html.find(kOpening, at + 1)) {
+        std::size_t number = 0;
+        std::from_chars(html.data() + at + kOpening.size(), html.data() + html.size(), number);
+        if (number < 1 || number > mSpanProvider->Elements.Count()) continue;
+        const ParserElement& element = *mSpanProvider->Elements.Item(number);
+        const std::string span = ElementToSpan(element, number);
+        if (html.compare(at, span.size(), span) != 0) continue;
+        text.append(html, from, at - from).append(kept.Keep(element.GetSourceText()));
+        from = at + span.size();
+    }
+    return text.append(html, from);
 }
 
 void MetaDocumentEdit::ReplaceSpans(HTMLDocument& document, KeptElements& kept) {

@@ -79,6 +79,7 @@ private:
     /// The elements and the text between them; mistakes are not shown.
     static Ref<ParserTemplate> ParsedLayout(const std::string& HTML);
     void FindExcludedElements();
+    std::string KeepUntouchedSpans(const std::string& html, KeptElements& kept) const;
     void ReplaceSpans(HTMLDocument& document, KeptElements& kept);
     void ReplaceSpan(HTMLDocument& document, HTMLElement& span, KeptElements& kept);
     void NameGenerator(HTMLDocument& document);

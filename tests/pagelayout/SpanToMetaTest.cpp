@@ -33,6 +33,41 @@ TEST_F(SpanToMetaTest, EachSpanBecomesItsElement) {
     EXPECT_FALSE(mTidy->BodyOnly);
 }
 
+TEST_F(SpanToMetaTest, AnElementWhereNoSpanMayStandStaysInItsPlace) {
+    for (const std::string& place :
+         {"<table><tbody>" + Meta("rows", "R") + "<tr><td>a</td></tr></tbody></table>",
+          "<select><option>a</option>" + Meta("options") + "</select>",
+          "<p><a href=\"" + Meta("address") + "\">a</a></p>",
+          "<textarea>a " + Meta("text") + "</textarea>", "<script>" + Meta("code") + "</script>"}) {
+        const std::string spans = ToSpan(Page(place));
+        EXPECT_EQ(Numbers(spans), "1 ") << place;
+        EXPECT_EQ(ToMeta(spans), Page(place));
+    }
+    EXPECT_EQ(Messages(), "");
+}
+
+TEST_F(SpanToMetaTest, ASpanThatAnEngineWroteInItsOwnWayIsReplacedToo) {
+    const std::string html = Page("<p>a " + Meta("x", "1") + " b " + Meta("y", "2") + "</p>");
+    const std::string spans =
+        ReplaceAll(ToSpan(html), "color: Highlight; background-color: InactiveCaptionText;",
+                   "color: highlight");
+    EXPECT_EQ(ToMeta(spans), html);
+}
+
+TEST_F(SpanToMetaTest, SpansInFrontOfTheBodyAndBehindItAreNotLost) {
+    const std::string span = ToSpan(Page(Meta("x", "1")));
+    const std::size_t from = span.find("<span"), to = span.find("</body>");
+    const std::string own = span.substr(from, to - from);
+    for (const std::string& text :
+         {own + "<html><body>a</body></html>",
+          "<html><head>" + own + "</head><body>a</body></html>",
+          "<html><body>a</body>" + own + "</html>", "<html><body>a</body></html>" + own}) {
+        const std::string meta = ToMeta(text);
+        EXPECT_NE(meta.find(Meta("x", "1")), std::string::npos) << text << "\n" << meta;
+        EXPECT_EQ(meta.find("metaspan"), std::string::npos) << meta;
+    }
+}
+
 TEST_F(SpanToMetaTest, ExcludedElementsComeThroughUntouched) {
     const std::string html = Page("<table><tbody><tr>" + Meta("b") + "<td>" + Meta("c") + "</td>" +
                                       Meta("d") + "</tr></tbody></table>",
