@@ -1,6 +1,7 @@
 #include "journeys/WindowTest.h"
 
 #include "support/EnvironmentChange.h"
+#include "support/Waiting.h"
 
 #include <QAction>
 #include <QTest>
@@ -31,7 +32,7 @@ protected:
         return static_cast<bool>(Session().GetProvider()->GetItem(item));
     }
     bool IsUpToDateSoon() const {
-        return QTest::qWaitFor([this] { return Session().IsUpToDate(); }, 20'000);
+        return WaitUntil([this] { return Session().IsUpToDate(); }, 20'000);
     }
     QToolButton* CancelButton() const { return mWindow->findChild<QToolButton*>("CancelReading"); }
     /// A ctags that stands still when it is to read files, and says so in a file, until the test
@@ -48,7 +49,7 @@ protected:
                                                     (mFolder / "bin") + ":" + std::getenv("PATH"));
     }
     bool HangsSoon() const {
-        return QTest::qWaitFor([this] { return fs::exists(mFolder / "hangs"); }, 20'000);
+        return WaitUntil([this] { return fs::exists(mFolder / "hangs"); }, 20'000);
     }
 
     void LetCtagsGo() const { mFolder.Write("go", ""); }
@@ -93,7 +94,7 @@ TEST_F(BackgroundReadingTest, NothingIsTakenInWhileACommentIsBeingTyped) {
     ASSERT_TRUE(editor);
     QTest::keyClicks(editor, "Half a sen");
     LetCtagsGo();
-    EXPECT_TRUE(QTest::qWaitFor(
+    EXPECT_TRUE(WaitUntil(
         [this] { return Status().find("when the edit ends") != std::string::npos; }, 20'000));
     EXPECT_FALSE(Session().IsUpToDate());
     ASSERT_TRUE(Tags().GetEditor());
@@ -116,7 +117,7 @@ TEST_F(BackgroundReadingTest, TheStatusBarTellsOfItAndCancelsIt) {
     EXPECT_NE(Status().find("Reading source code"), std::string::npos) << Status();
     ASSERT_TRUE(CancelButton()->isVisible());
     QTest::mouseClick(CancelButton(), Qt::LeftButton);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return !CancelButton()->isVisible(); }, 10'000));
+    EXPECT_TRUE(WaitUntil([this] { return !CancelButton()->isVisible(); }, 10'000));
     EXPECT_FALSE(Session().IsUpToDate());
     EXPECT_TRUE(Has("zoo~animals~Dog"));
     EXPECT_EQ(Status().find("Reading source code"), std::string::npos) << Status();
@@ -155,7 +156,7 @@ TEST_F(BackgroundReadingTest, AProblemIsToldAndTheProjectStaysOpen) {
     fs::rename(mFolder / "zoo", mFolder / "moved");
     mDialogs.ExpectBox("OK");
     OpenAgain();
-    EXPECT_TRUE(QTest::qWaitFor([this] { return mDialogs.AreDone(); }, 20'000));
+    EXPECT_TRUE(WaitUntil([this] { return mDialogs.AreDone(); }, 20'000));
     EXPECT_NE(mDialogs.GetText().find("does not exist"), std::string::npos) << mDialogs.GetText();
     EXPECT_TRUE(Has("zoo~animals~Dog"));
 }

@@ -1,6 +1,7 @@
 #include "journeys/WindowTest.h"
 
 #include "support/GatedCtags.h"
+#include "support/Waiting.h"
 
 #include <QAbstractItemModel>
 #include <QAbstractItemView>
@@ -71,14 +72,14 @@ protected:
         return static_cast<bool>(Session().GetProvider()->GetItem(item));
     }
     bool HasSoon(const std::string& item) const {
-        return QTest::qWaitFor([&] { return Has(item); }, 20'000);
+        return WaitUntil([&] { return Has(item); }, 20'000);
     }
     bool IsUpToDateSoon() const {
-        return QTest::qWaitFor([this] { return Session().IsUpToDate(); }, 20'000);
+        return WaitUntil([this] { return Session().IsUpToDate(); }, 20'000);
     }
     bool Says(const std::string& text) const { return Status().find(text) != std::string::npos; }
     bool SaysSoon(const std::string& text) const {
-        return QTest::qWaitFor([&] { return Says(text); }, 20'000);
+        return WaitUntil([&] { return Says(text); }, 20'000);
     }
     QToolButton* Button(const char* name) const { return mWindow->findChild<QToolButton*>(name); }
     QAction* Homeless() const { return mWindow->GetAction("Homeless"); }
@@ -234,7 +235,7 @@ TEST_F(FirstReadingTest, CancellingKeepsThePartAndOffersToReadAgain) {
     ASSERT_TRUE(mWindow->GetWorkspace()->Select(kBark));
     WriteComment("##", "Loud.");
     QTest::mouseClick(Button("CancelReading"), Qt::LeftButton);
-    ASSERT_TRUE(QTest::qWaitFor([this] { return Button("ReadAgain")->isVisible(); }, 20'000));
+    ASSERT_TRUE(WaitUntil([this] { return Button("ReadAgain")->isVisible(); }, 20'000));
     EXPECT_TRUE(Says("Only a part of the source code was read")) << Status();
     EXPECT_FALSE(Button("CancelReading")->isVisible());
     EXPECT_TRUE(Session().IsPart());
@@ -254,7 +255,7 @@ TEST_F(FirstReadingTest, ReadingAgainTakesNothingAway) {
     mCtags->Open("gate1");
     ASSERT_TRUE(HasSoon(kCat));
     QTest::mouseClick(Button("CancelReading"), Qt::LeftButton);
-    ASSERT_TRUE(QTest::qWaitFor([this] { return Button("ReadAgain")->isVisible(); }, 20'000));
+    ASSERT_TRUE(WaitUntil([this] { return Button("ReadAgain")->isVisible(); }, 20'000));
     mCtags->Close("gate1");
     QTest::mouseClick(Button("ReadAgain"), Qt::LeftButton);
     ASSERT_TRUE(SaysSoon("Reading source code, 2 of 6 files")) << Status();
@@ -324,7 +325,7 @@ TEST_F(FirstReadingTest, AFailureOnTheWayIsToldAndThePartStays) {
     OpenUnread();
     mDialogs.ExpectBox("OK");
     mCtags->Break();
-    ASSERT_TRUE(QTest::qWaitFor([this] { return mDialogs.AreDone(); }, 20'000));
+    ASSERT_TRUE(WaitUntil([this] { return mDialogs.AreDone(); }, 20'000));
     EXPECT_NE(mDialogs.GetText().find("ctags"), std::string::npos) << mDialogs.GetText();
     Settle();
     EXPECT_TRUE(Has(kDog));

@@ -2,6 +2,7 @@
 #include "host/window/SafeKeeping.h"
 #include "journeys/WindowTest.h"
 #include "support/EnvironmentChange.h"
+#include "support/Waiting.h"
 
 #include <QAction>
 #include <QApplication>
@@ -79,7 +80,7 @@ protected:
                 dialog.reject();
                 return;
             }
-            EXPECT_TRUE(QTest::qWaitFor(
+            EXPECT_TRUE(WaitUntil(
                 [&] { return !Hint(dialog).contains("Looking") || !dialog.isVisible(); }));
             work(*homeless);
             if (dialog.isVisible()) QTest::keyClick(&dialog, Qt::Key_Escape);
@@ -144,7 +145,7 @@ TEST_F(HomelessWindowTest, ReadingInTheBackgroundAtOpeningTellsToo) {
     MakeComments();
     Rename();
     OpenAgain();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !StatusText().empty(); }, 20'000));
+    EXPECT_TRUE(WaitUntil([&] { return !StatusText().empty(); }, 20'000));
     EXPECT_EQ(StatusText(), "3 items with comments are gone");
 }
 

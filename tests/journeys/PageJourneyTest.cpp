@@ -27,7 +27,7 @@ TEST_F(PageJourneyTest, WhatIsTypedOnThePageIsSavedAndFoundAgain) {
     OpenZoo();
     OpenPage(kDog);
     TypeOnPage("Guards the house.");
-    EXPECT_TRUE(Wait([&] { return TextOf(kDog, "##") == "Guards the house.;"; }))
+    EXPECT_TRUE(WaitUntil([&] { return TextOf(kDog, "##") == "Guards the house.;"; }))
         << TextOf(kDog, "##") << Places();
     EXPECT_TRUE(IsTitleMarked());
     EXPECT_NE(Spoken(kDog).find("documented"), std::string::npos);
@@ -81,7 +81,7 @@ TEST_F(PageJourneyTest, UndoReachesWhatWasTypedOnAPageBefore) {
     OpenZoo();
     OpenPage(kDog);
     TypeOnPage("Barks");
-    ASSERT_TRUE(Wait([&] { return TextOf(kDog, "##") == "Barks;"; }));
+    ASSERT_TRUE(WaitUntil([&] { return TextOf(kDog, "##") == "Barks;"; }));
     OpenPage(kCat);
     EXPECT_EQ(mWindow->GetAction("Undo")->text().toStdString(), "&Undo Adding to Dog");
     mWindow->GetAction("Undo")->trigger();
@@ -99,9 +99,9 @@ TEST_F(PageJourneyTest, TheKeysOfThePageUndoWhatWasJustTyped) {
     OpenZoo();
     OpenPage(kDog);
     TypeOnPage("Barks");
-    ASSERT_TRUE(Wait([&] { return TextOf(kDog, "##") == "Barks;"; }));
+    ASSERT_TRUE(WaitUntil([&] { return TextOf(kDog, "##") == "Barks;"; }));
     PressOnPage(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_TRUE(Wait([&] { return TextOf(kDog, "##") != "Barks;"; }));
+    EXPECT_TRUE(WaitUntil([&] { return TextOf(kDog, "##") != "Barks;"; }));
     EXPECT_EQ(TextOf(kDog, "##"), "");
 }
 
@@ -115,9 +115,10 @@ TEST_F(PageJourneyTest, MembersAreWrittenOnThePageOfTheirClass) {
     while (edit->GetPlaces()[index]->GetId().find("Bark") == std::string::npos)
         ++index;
     Page().GetSurface()->Select(static_cast<int>(index), 0, 0);
-    ASSERT_TRUE(Wait([&] { return edit->GetSelection() && edit->GetSelection()->Place == index; }));
+    ASSERT_TRUE(
+        WaitUntil([&] { return edit->GetSelection() && edit->GetSelection()->Place == index; }));
     TypeOnPage("Makes noise.");
-    EXPECT_TRUE(Wait([&] { return TextOf(kBark, "##") == "Makes noise.;"; })) << Places();
+    EXPECT_TRUE(WaitUntil([&] { return TextOf(kBark, "##") == "Makes noise.;"; })) << Places();
     mWindow->GetAction("Undo")->trigger();
     EXPECT_EQ(TextOf(kBark, "##"), "");
 }
@@ -137,7 +138,7 @@ TEST_F(PageJourneyTest, TheThreeViewsShowTheSamePage) {
     OpenZoo();
     OpenPage(kDog);
     TypeOnPage("Barks");
-    ASSERT_TRUE(Wait([&] { return TextOf(kDog, "##") == "Barks;"; }));
+    ASSERT_TRUE(WaitUntil([&] { return TextOf(kDog, "##") == "Barks;"; }));
     const auto& page = Editor().InPlaceEditor;
     for (const std::size_t view : {2u, 3u, 1u}) {
         page->FlatStrip->UserClick(view);
@@ -151,18 +152,19 @@ TEST_F(PageJourneyTest, AnEngineThatIsKilledWhileTypingLosesNothingAndComesBack)
     OpenZoo();
     OpenPage(kDog);
     TypeOnPage("Barks");
-    ASSERT_TRUE(Wait([&] { return TextOf(kDog, "##") == "Barks;"; }));
+    ASSERT_TRUE(WaitUntil([&] { return TextOf(kDog, "##") == "Barks;"; }));
     const auto process = Page().GetSurface()->ProcessNumber();
     ASSERT_GT(process, 1);
     ::kill(static_cast<pid_t>(process), SIGKILL);
-    ASSERT_TRUE(Wait([&] { return !Page().GetNotice().isEmpty(); }));
+    ASSERT_TRUE(WaitUntil([&] { return !Page().GetNotice().isEmpty(); }));
     EXPECT_EQ(TextOf(kDog, "##"), "Barks;");
     WaitForPage();
     EXPECT_NE(Page().GetNotice().indexOf("started again"), -1);
     TypeOnPage("");
     PressOnPage(Qt::Key_End);
     TypeOnPage(" again");
-    EXPECT_TRUE(Wait([&] { return TextOf(kDog, "##") == "Barks again;"; })) << TextOf(kDog, "##");
+    EXPECT_TRUE(WaitUntil([&] { return TextOf(kDog, "##") == "Barks again;"; }))
+        << TextOf(kDog, "##");
 }
 
 TEST_F(PageJourneyTest, WithoutTheTemplatesTheTabsAreThere) {

@@ -31,7 +31,7 @@ void PageTest::OpenPage(const std::string& item) {
 }
 
 void PageTest::WaitForPage() {
-    ASSERT_TRUE(Wait([&] { return Page().IsReady(); })) << Page().GetNotice().toStdString();
+    ASSERT_TRUE(WaitUntil([&] { return Page().IsReady(); })) << Page().GetNotice().toStdString();
 }
 
 void PageTest::TypeOnPage(const std::string& text) {
@@ -39,7 +39,7 @@ void PageTest::TypeOnPage(const std::string& text) {
     Page().GetSurface()->FocusText();
     // The page says so when the caret stands in a place.
     const auto& edit = Editor().InPlaceEditor->GetEditControl();
-    ASSERT_TRUE(Wait([&] {
+    ASSERT_TRUE(WaitUntil([&] {
         return edit->IsCommandEnabled("bold") && Page().GetSurface()->InputWidget()->hasFocus();
     }));
     for (const char letter : text)
@@ -48,18 +48,6 @@ void PageTest::TypeOnPage(const std::string& text) {
 
 void PageTest::PressOnPage(Qt::Key key, Qt::KeyboardModifiers modifiers) {
     QTest::keyClick(Page().GetSurface()->InputWidget(), key, modifiers);
-}
-
-bool PageTest::Wait(const std::function<bool()>& done) {
-    QEventLoop loop;
-    QTimer look;
-    QObject::connect(&look, &QTimer::timeout, &loop, [&] {
-        if (done()) loop.quit();
-    });
-    QTimer::singleShot(10000, &loop, &QEventLoop::quit);
-    look.start(1);
-    if (!done()) loop.exec();
-    return done();
 }
 
 void PageTest::ChooseTab(const std::string& key) {

@@ -2,6 +2,7 @@
 
 #include "journeys/WindowTest.h"
 #include "platform/qt/HtmlEditView.h"
+#include "support/Waiting.h"
 
 #include <functional>
 
@@ -20,8 +21,6 @@ protected:
     /// Keys to where the caret is in the page.
     void TypeOnPage(const std::string& text);
     void PressOnPage(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
-    /// Until the condition holds; false after ten seconds.
-    static bool Wait(const std::function<bool()>& done);
     /// Chooses a tab of the bar as a click on it does.
     void ChooseTab(const std::string& key);
     /// The texts of the page's places: "id=text;".

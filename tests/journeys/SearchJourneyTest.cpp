@@ -27,7 +27,8 @@ protected:
     void Write(const std::string& item, const std::string& text) {
         OpenPage(item);
         TypeOnPage(text);
-        ASSERT_TRUE(Wait([&] { return TextOf(item, "##") == text + ";"; })) << TextOf(item, "##");
+        ASSERT_TRUE(WaitUntil([&] { return TextOf(item, "##") == text + ";"; }))
+            << TextOf(item, "##");
     }
     FindDialog& Finding() const {
         for (auto* dialog : mWindow->findChildren<QDialog*>())
@@ -126,7 +127,7 @@ TEST_F(SearchJourneyTest, AHitLeadsToItsItem) {
     Click(Finding(), "Next");
     EXPECT_EQ(Selected(), kDog);
     WaitForPage();
-    EXPECT_TRUE(Wait(
+    EXPECT_TRUE(WaitUntil(
         [&] { return Editor().InPlaceEditor->GetEditControl()->GetSelectedText() == "house"; }));
 }
 

@@ -27,7 +27,8 @@ protected:
         ClickExpander("zoo~animals");
         OpenPage(kDog);
         TypeOnPage("Guards the huose and barks.");
-        EXPECT_TRUE(Wait([&] { return TextOf(kDog, "##") == "Guards the huose and barks.;"; }));
+        EXPECT_TRUE(
+            WaitUntil([&] { return TextOf(kDog, "##") == "Guards the huose and barks.;"; }));
     }
     ~ShownWindowsTest() override { mTheme->SetScheme(ColourScheme::Light); }
 

@@ -1,5 +1,6 @@
 #include "platform/qt/FileFollower.h"
 #include "support/TemporaryFolder.h"
+#include "support/Waiting.h"
 
 #include <QTest>
 
@@ -17,7 +18,7 @@ protected:
     }
     /// Whether a change is told.
     bool Told() {
-        const bool told = QTest::qWaitFor([this] { return mChanges > 0; }, 5000);
+        const bool told = WaitUntil([this] { return mChanges > 0; }, 5000);
         mChanges = 0;
         return told;
     }

@@ -1,6 +1,6 @@
 #include "web/SurfaceTest.h"
 
-namespace paperkite {
+namespace paperkite::test {
 namespace {
 
 class CommandsTest : public SurfaceTest {
@@ -10,9 +10,10 @@ protected:
         Load({text});
         Focus();
         Press(Qt::Key_A, Qt::ControlModifier);
-        EXPECT_TRUE(Wait([&] { return !mLog.Selection.Text.isEmpty(); }));
+        EXPECT_TRUE(WaitUntil([&] { return !mLog.Selection.Text.isEmpty(); }));
         Do(command, given);
-        EXPECT_TRUE(Wait([&] { return mLog.Reports > 0 || !Settled().empty(); })) << mLog.Typed;
+        EXPECT_TRUE(WaitUntil([&] { return mLog.Reports > 0 || !Settled().empty(); }))
+            << mLog.Typed;
         mLog.Reports = 0;
         return Settled();
     }
@@ -39,12 +40,12 @@ TEST_F(CommandsTest, CodeIsTurnedOnAndOff) {
     Load({"a"});
     Focus();
     Do("code", {});
-    ASSERT_TRUE(Wait([&] { return mLog.Selection.On.contains("code"); }));
+    ASSERT_TRUE(WaitUntil([&] { return mLog.Selection.On.contains("code"); }));
     Type("x");
     Do("code", {});
-    ASSERT_TRUE(Wait([&] { return !mLog.Selection.On.contains("code"); }));
+    ASSERT_TRUE(WaitUntil([&] { return !mLog.Selection.On.contains("code"); }));
     Type("y");
-    EXPECT_TRUE(Wait([&] { return Settled().find("<code>x</code>y") != std::string::npos; }))
+    EXPECT_TRUE(WaitUntil([&] { return Settled().find("<code>x</code>y") != std::string::npos; }))
         << mLog.Last;
 }
 
@@ -77,26 +78,27 @@ TEST_F(CommandsTest, TablesGrowAndShrink) {
     Type("a");
     Press(Qt::Key_Tab);
     Type("b");
-    EXPECT_TRUE(Wait([&] {
+    EXPECT_TRUE(WaitUntil([&] {
         return Settled() == "<table><tbody><tr><td>a</td><td>b</td></tr></tbody></table>";
     })) << mLog.Last;
     Do("insertrow", {});
-    EXPECT_TRUE(Wait([&] {
+    EXPECT_TRUE(WaitUntil([&] {
         return Settled().find("<td><br></td></tr></tbody>") != std::string::npos;
     })) << mLog.Last;
     Type("c");
-    EXPECT_TRUE(Wait([&] { return Settled().find("c</td></tr></tbody>") != std::string::npos; }))
-        << mLog.Last;
+    EXPECT_TRUE(WaitUntil([&] {
+        return Settled().find("c</td></tr></tbody>") != std::string::npos;
+    })) << mLog.Last;
     Do("deletecolumn", {});
-    EXPECT_TRUE(Wait([&] {
+    EXPECT_TRUE(WaitUntil([&] {
         return Settled() ==
                "<table><tbody><tr><td>a</td></tr><tr><td><br></td></tr></tbody></table>";
     })) << mLog.Last;
     Do("undo", {});
-    EXPECT_TRUE(Wait([&] { return Settled().find("b</td></tr>") != std::string::npos; }))
+    EXPECT_TRUE(WaitUntil([&] { return Settled().find("b</td></tr>") != std::string::npos; }))
         << mLog.Last;
     Do("deletetable");
-    EXPECT_TRUE(Wait([&] { return Settled().empty(); })) << mLog.Last;
+    EXPECT_TRUE(WaitUntil([&] { return Settled().empty(); })) << mLog.Last;
 }
 
 TEST_F(CommandsTest, TabBehindTheLastCellAddsARowAndEscapeLetsTabLeave) {
@@ -104,13 +106,13 @@ TEST_F(CommandsTest, TabBehindTheLastCellAddsARowAndEscapeLetsTabLeave) {
     Focus();
     Press(Qt::Key_Tab);
     Type("b");
-    EXPECT_TRUE(Wait([&] {
+    EXPECT_TRUE(WaitUntil([&] {
         return Settled() == "<table><tbody><tr><td>a</td></tr><tr><td>b</td></tr></tbody></table>";
     })) << mLog.Last;
     Press(Qt::Key_Escape);
     Press(Qt::Key_Tab);
     Type("z");
-    EXPECT_TRUE(Wait([&] {
+    EXPECT_TRUE(WaitUntil([&] {
         Settled();
         return mLog.Typed.find("1:") != std::string::npos;
     })) << mLog.Typed;
@@ -120,7 +122,7 @@ TEST_F(CommandsTest, PagesFollowTheSchemeOfTheProgram) {
     WebColours colours{false,         Qt::white, Qt::black,   Qt::gray,
                        Qt::lightGray, Qt::blue,  Qt::darkBlue};
     const auto hasGround = [&](const QColor& colour) {
-        return Wait([&] { return mSurface->grab().toImage().pixelColor(300, 300) == colour; });
+        return WaitUntil([&] { return mSurface->grab().toImage().pixelColor(300, 300) == colour; });
     };
     WebPage page;
     page.Html = "<html><head><style>body { background: #ffeedd; }"
@@ -141,15 +143,15 @@ TEST_F(CommandsTest, PagesFollowTheSchemeOfTheProgram) {
 TEST_F(CommandsTest, TheSelectionTellsWhatIsInForce) {
     Load({"<p><b>bold</b></p><p><a href=\"there\">link</a></p>"});
     Focus();
-    EXPECT_TRUE(Wait([&] { return mLog.Selection.Link == "there"; }));
+    EXPECT_TRUE(WaitUntil([&] { return mLog.Selection.Link == "there"; }));
     EXPECT_TRUE(mLog.Selection.Enabled.contains("unlink"));
     EXPECT_FALSE(mLog.Selection.Enabled.contains("undo"));
     Press(Qt::Key_Up);
-    EXPECT_TRUE(Wait([&] { return mLog.Selection.On.contains("bold"); }));
+    EXPECT_TRUE(WaitUntil([&] { return mLog.Selection.On.contains("bold"); }));
     EXPECT_EQ(mLog.Selection.Link, "");
     Type("x");
-    EXPECT_TRUE(Wait([&] { return mLog.Selection.Enabled.contains("undo"); }));
+    EXPECT_TRUE(WaitUntil([&] { return mLog.Selection.Enabled.contains("undo"); }));
 }
 
 } // namespace
-} // namespace paperkite
+} // namespace paperkite::test

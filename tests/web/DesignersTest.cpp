@@ -12,6 +12,7 @@
 #include "platform/qt/ViewFactory.h"
 #include "support/DesignerTest.h"
 #include "support/HtmlFixtures.h"
+#include "support/Waiting.h"
 #include "web/SurfaceTest.h"
 
 #include <QAbstractButton>
@@ -45,7 +46,6 @@ protected:
         mWindow->resize(size);
         mView->setGeometry(QRect(QPoint(), size));
     }
-    static bool Wait(const std::function<bool()>& done) { return QTest::qWaitFor(done, 15000); }
     std::vector<HtmlEditView*> Pages() const {
         std::vector<HtmlEditView*> pages;
         for (auto* widget : mWindow->findChildren<QWidget*>())
@@ -59,7 +59,7 @@ protected:
     }
     /// A picture, kept for looking at where PAPERKITE_PICTURES names a folder.
     void Picture(const QString& name) {
-        ASSERT_TRUE(Wait([&] { return PagesStand(); }));
+        ASSERT_TRUE(WaitUntil([&] { return PagesStand(); }));
         // The engine draws a page some time after it stands.
         if (!Pages().empty()) QTest::qWait(400);
         // Bars come in a step of their own.
@@ -109,11 +109,11 @@ protected:
     ShownHTMLEditTest() : ShownDesignerTest("dsrHTMLEdit") { mPage = Pages().front(); }
     void ShowPage(const std::vector<std::string>& texts) {
         Show(texts);
-        ASSERT_TRUE(Wait([&] { return mPage->IsReady(); }));
+        ASSERT_TRUE(WaitUntil([&] { return mPage->IsReady(); }));
     }
     void Focus() {
         mDesigner->Call("SetEditFocus", {});
-        ASSERT_TRUE(Wait([&] { return mControl->ed->IsCommandEnabled("bold"); }));
+        ASSERT_TRUE(WaitUntil([&] { return mControl->ed->IsCommandEnabled("bold"); }));
     }
     void Type(const QString& text) {
         for (const QChar letter : text)
@@ -140,12 +140,12 @@ TEST_F(ShownHTMLEditTest, ALetterReachesTheHost) {
     ShowPage({});
     Focus();
     Type("a");
-    EXPECT_TRUE(Wait([&] { return mHost.Told == "+a;"; })) << mHost.Told;
+    EXPECT_TRUE(WaitUntil([&] { return mHost.Told == "+a;"; })) << mHost.Told;
     Type("b");
-    EXPECT_TRUE(Wait([&] { return mHost.Told == "+a;=ab;"; })) << mHost.Told;
+    EXPECT_TRUE(WaitUntil([&] { return mHost.Told == "+a;=ab;"; })) << mHost.Told;
     QTest::keyClick(mPage->GetSurface()->InputWidget(), Qt::Key_Backspace);
     QTest::keyClick(mPage->GetSurface()->InputWidget(), Qt::Key_Backspace);
-    EXPECT_TRUE(Wait([&] { return Texts().empty(); })) << mHost.Told;
+    EXPECT_TRUE(WaitUntil([&] { return Texts().empty(); })) << mHost.Told;
 }
 
 TEST_F(ShownHTMLEditTest, WhatWasTypedLastIsThereAtTheCommit) {
@@ -159,10 +159,11 @@ TEST_F(ShownHTMLEditTest, WhatWasTypedLastIsThereAtTheCommit) {
 TEST_F(ShownHTMLEditTest, SeveralCommentsAreGoneThroughOnThePage) {
     ShowPage({"one", "two"});
     mControl->Dock->UserClick(mControl->Dock->Commands.Item("NextComment"));
-    ASSERT_TRUE(Wait([&] { return mPage->IsReady(); }));
+    ASSERT_TRUE(WaitUntil([&] { return mPage->IsReady(); }));
     Focus();
     Type("2");
-    EXPECT_TRUE(Wait([&] { return Texts() == "one;two2;" || Texts() == "one;2two;"; })) << Texts();
+    EXPECT_TRUE(WaitUntil([&] { return Texts() == "one;two2;" || Texts() == "one;2two;"; }))
+        << Texts();
 }
 
 TEST_F(ShownHTMLEditTest, IsDrawn) {
@@ -184,7 +185,7 @@ TEST_F(ShownKeywordsTest, TheKeyboardAloneAddsAndRemoves) {
     Show({"cats"});
     mDesigner->Call("SetEditFocus", {});
     auto* field = mWindow->findChild<QLineEdit*>("txtKeyword");
-    ASSERT_TRUE(Wait([&] { return field->hasFocus(); }));
+    ASSERT_TRUE(WaitUntil([&] { return field->hasFocus(); }));
     QTest::keyClicks(field, "dogs > small");
     QTest::keyClick(field, Qt::Key_Return);
     EXPECT_EQ(Texts(), "cats\ndogs > small;");
@@ -280,7 +281,7 @@ TEST_F(ShownXMLIslandTest, TypedTextIsCheckedAndCarriageReturnsStay) {
     QApplication::processEvents();
     EXPECT_EQ(mHost.Take(), "") << "colours are no change";
     mDesigner->Call("SetEditFocus", {});
-    ASSERT_TRUE(Wait([&] { return area->hasFocus(); }));
+    ASSERT_TRUE(WaitUntil([&] { return area->hasFocus(); }));
     QTest::keyClicks(area, "<b>");
     EXPECT_EQ(Texts(), "<b><a>\n</a>;");
     EXPECT_TRUE(mControl->cmdGoTo->GetVisible());

@@ -5,8 +5,9 @@
 #include "platform/qt/HtmlEditMenu.h"
 #include "platform/qt/HtmlEditView.h"
 #include "support/FewWords.h"
+#include "support/Waiting.h"
 
-namespace paperkite {
+namespace paperkite::test {
 namespace {
 
 using test::FewWords;
@@ -28,9 +29,9 @@ protected:
     void Show(const std::string& text) {
         mEdit->SetDocumentHTML("<html><body><div id='a' contenteditable='true'>" + text +
                                "</div><div id='b' contenteditable='true'>two</div></body></html>");
-        ASSERT_TRUE(Wait([&] { return mView.IsReady(); }));
+        ASSERT_TRUE(WaitUntil([&] { return mView.IsReady(); }));
         mEdit->SetEditFocus();
-        ASSERT_TRUE(Wait([&] { return mEdit->IsCommandEnabled("bold"); }));
+        ASSERT_TRUE(WaitUntil([&] { return mEdit->IsCommandEnabled("bold"); }));
     }
     void Type(const QString& text) {
         for (const QChar letter : text)
@@ -40,7 +41,6 @@ protected:
         mEdit->CommitEdit();
         return mEdit->GetPlaces()[place]->GetInnerHTML();
     }
-    static bool Wait(const std::function<bool()>& done) { return QTest::qWaitFor(done, 30000); }
 
     Services mBefore;
     Ref<HtmlEdit> mEdit = MakeRef<HtmlEdit>("ed");
@@ -50,7 +50,7 @@ protected:
 TEST_F(MarksTest, WrongWordsAreFoundInWhatIsTypedAndLeaveNothingInTheText) {
     Show("right");
     Type(" wrng words");
-    ASSERT_TRUE(Wait([&] { return Text() == "right wrng words"; })) << Text();
+    ASSERT_TRUE(WaitUntil([&] { return Text() == "right wrng words"; })) << Text();
     const auto wrong = mEdit->FindMisspelt("right wrng words");
     EXPECT_EQ(wrong, (std::vector<TextRange>{{6, 4}}));
     EXPECT_EQ(mEdit->GetDocumentHTML().find("kite-marks"), std::string::npos);
@@ -74,7 +74,7 @@ TEST_F(MarksTest, TheMenuOffersSuggestionsForAWrongWord) {
 TEST_F(MarksTest, FindingSelectsTheTextInThePage) {
     Show("One <b>fi</b>sh");
     EXPECT_TRUE(mEdit->DoFind("fish", false, false, false));
-    EXPECT_TRUE(Wait([&] { return mEdit->GetSelectedText() == "fish"; }))
+    EXPECT_TRUE(WaitUntil([&] { return mEdit->GetSelectedText() == "fish"; }))
         << mEdit->GetSelectedText();
     EXPECT_EQ(mEdit->GetSelection(), (HtmlSelection{0, 4, 8}));
 }
@@ -83,15 +83,15 @@ TEST_F(MarksTest, AReplacementIsUndoneByTheKeyInOneStep) {
     Show("one two");
     EXPECT_EQ(mEdit->DoReplace("two", "three", false, false, false), 2u);
     EXPECT_EQ(Text() + "/" + Text(1), "one three/three");
-    ASSERT_TRUE(Wait([&] { return mView.IsReady(); }));
+    ASSERT_TRUE(WaitUntil([&] { return mView.IsReady(); }));
     mEdit->SetEditFocus();
     QWidget* input = mView.GetSurface()->InputWidget();
     for (int time = 0; time < 5 && Text() != "one two"; ++time) {
         QTest::keyClick(input, Qt::Key_Z, Qt::ControlModifier);
-        if (!QTest::qWaitFor([&] { return Text() == "one two"; }, 2000)) continue;
+        if (!WaitUntil([&] { return Text() == "one two"; }, 2000)) continue;
     }
     EXPECT_EQ(Text() + "/" + Text(1), "one two/two");
 }
 
 } // namespace
-} // namespace paperkite
+} // namespace paperkite::test

@@ -8,7 +8,7 @@
 
 #include <csignal>
 
-namespace paperkite {
+namespace paperkite::test {
 namespace {
 
 class SafetyTest : public SurfaceTest {
@@ -23,7 +23,7 @@ protected:
         Focus();
         mLog.Last.clear();
         mSurface->Run("paste", {});
-        EXPECT_TRUE(Wait([&] { return !Settled().empty(); })) << html.toStdString();
+        EXPECT_TRUE(WaitUntil([&] { return !Settled().empty(); })) << html.toStdString();
         return mLog.Last;
     }
     /// Whether the page draws this colour anywhere.
@@ -56,7 +56,7 @@ TEST_F(SafetyTest, NothingOfAPageRuns) {
     Load(page);
     Focus();
     Type("!");
-    EXPECT_TRUE(Wait([&] { return Settled().starts_with("safe"); })) << mLog.Last;
+    EXPECT_TRUE(WaitUntil([&] { return Settled().starts_with("safe"); })) << mLog.Last;
     EXPECT_NE(mLog.Last.find("javascript:"), std::string::npos) << "it is kept, and does not run";
 }
 
@@ -72,9 +72,9 @@ TEST_F(SafetyTest, FilesAreReadBelowTheNamedFoldersOnly) {
         page.Html = "<html><head></head><body><img src=\"" + source +
                     "\"><img src=\"green.png\"></body></html>";
         Load({"nothing"});
-        EXPECT_TRUE(Wait([&] { return !Shows(Qt::green); }));
+        EXPECT_TRUE(WaitUntil([&] { return !Shows(Qt::green); }));
         Load(page);
-        EXPECT_TRUE(Wait([&] { return Shows(Qt::green); })) << "what comes behind it is there";
+        EXPECT_TRUE(WaitUntil([&] { return Shows(Qt::green); })) << "what comes behind it is there";
         return Shows(Qt::red);
     };
     EXPECT_TRUE(shows("red.png"));
@@ -107,7 +107,7 @@ TEST_F(SafetyTest, NothingGoesOverTheNetwork) {
     Load(page);
     Focus();
     Type("y");
-    EXPECT_TRUE(Wait([&] { return Settled().find("y") != std::string::npos; })) << mLog.Last;
+    EXPECT_TRUE(WaitUntil([&] { return Settled().find("y") != std::string::npos; })) << mLog.Last;
     Load({"the next page"});
     EXPECT_EQ(visits, 0);
 }
@@ -116,10 +116,10 @@ TEST_F(SafetyTest, LinksAreReportedAndThePageStays) {
     Load({"place"}, "<a id=\"l\" href=\"other.html#here\" style=\"display:block;height:100px;"
                     "width:600px;position:absolute;top:0;left:0\">go</a>");
     QTest::mouseClick(mSurface->InputWidget(), Qt::LeftButton, {}, QPoint(50, 50));
-    EXPECT_TRUE(Wait([&] { return mLog.Links == "other.html#here;"; })) << mLog.Links;
+    EXPECT_TRUE(WaitUntil([&] { return mLog.Links == "other.html#here;"; })) << mLog.Links;
     Focus();
     Type("!");
-    EXPECT_TRUE(Wait([&] { return Settled() == "place!"; })) << mLog.Last;
+    EXPECT_TRUE(WaitUntil([&] { return Settled() == "place!"; })) << mLog.Last;
 }
 
 TEST_F(SafetyTest, PastedTextKeepsWhatACommentCanSay) {
@@ -147,7 +147,7 @@ TEST_F(SafetyTest, PictureDataIsRefusedWithAWord) {
     Load({"a"});
     Focus();
     mSurface->Run("paste", {});
-    EXPECT_TRUE(Wait([&] { return mLog.Pictures == 1; }));
+    EXPECT_TRUE(WaitUntil([&] { return mLog.Pictures == 1; }));
     EXPECT_EQ(Settled(), "");
 }
 
@@ -156,23 +156,23 @@ TEST_F(SafetyTest, ALongPageLoads) {
     Load({"x"}, "<p>" + word + "</p>");
     Focus();
     Type("y");
-    EXPECT_TRUE(Wait([&] { return Settled() == "xy"; })) << mLog.Last;
+    EXPECT_TRUE(WaitUntil([&] { return Settled() == "xy"; })) << mLog.Last;
 }
 
 TEST_F(SafetyTest, AKilledEngineIsTold) {
     Load({"x"});
     Focus();
     Type("y");
-    ASSERT_TRUE(Wait([&] { return mLog.Last == "xy"; }));
+    ASSERT_TRUE(WaitUntil([&] { return mLog.Last == "xy"; }));
     ASSERT_GT(mSurface->ProcessNumber(), 0);
     ::kill(static_cast<pid_t>(mSurface->ProcessNumber()), SIGKILL);
-    EXPECT_TRUE(Wait([&] { return mLog.Losses == 1; }));
+    EXPECT_TRUE(WaitUntil([&] { return mLog.Losses == 1; }));
     EXPECT_TRUE(mSurface->Flush().isEmpty());
     Load({"xy"});
     Focus();
     Type("z");
-    EXPECT_TRUE(Wait([&] { return Settled() == "xyz"; })) << mLog.Last;
+    EXPECT_TRUE(WaitUntil([&] { return Settled() == "xyz"; })) << mLog.Last;
 }
 
 } // namespace
-} // namespace paperkite
+} // namespace paperkite::test

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/qt/WebLibrary.h"
+#include "support/Waiting.h"
 
 #include <QApplication>
 #include <QEventLoop>
@@ -13,7 +14,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace paperkite {
+namespace paperkite::test {
 
 /// Writes down what a surface tells.
 class SurfaceLog : public WebSurfaceListener {
@@ -89,7 +90,7 @@ protected:
         const int before = mLog.Loads;
         mLog.Selection = {};
         mSurface->Load(page);
-        ASSERT_TRUE(Wait([&] { return mLog.Loads > before; })) << "the page did not come up";
+        ASSERT_TRUE(WaitUntil([&] { return mLog.Loads > before; })) << "the page did not come up";
     }
     /// A page with one place for each text.
     void Load(const QStringList& places, const QString& around = {}) {
@@ -105,7 +106,7 @@ protected:
     }
     void Focus() {
         mSurface->FocusText();
-        ASSERT_TRUE(Wait([&] { return mLog.Selection.Enabled.contains("bold"); }));
+        ASSERT_TRUE(WaitUntil([&] { return mLog.Selection.Enabled.contains("bold"); }));
     }
     /// Real keys to the widget that takes them.
     void Type(const QString& text) {
@@ -126,23 +127,9 @@ protected:
             mLog.PlaceTyped(report);
         return mLog.Last;
     }
-    /// Runs the events until the condition holds; false after ten seconds. The engine passes its
-    /// work on in many small steps, which the pauses of QTest would make slow.
-    static bool Wait(const std::function<bool()>& done, int milliseconds = 10000) {
-        QEventLoop loop;
-        QTimer look;
-        QObject::connect(&look, &QTimer::timeout, &loop, [&] {
-            if (done()) loop.quit();
-        });
-        QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
-        look.start(1);
-        if (!done()) loop.exec();
-        return done();
-    }
-
     QWidget& mWindow;
     WebSurface* mSurface;
     SurfaceLog mLog;
 };
 
-} // namespace paperkite
+} // namespace paperkite::test

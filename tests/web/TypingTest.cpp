@@ -1,6 +1,6 @@
 #include "web/SurfaceTest.h"
 
-namespace paperkite {
+namespace paperkite::test {
 namespace {
 
 class TypingTest : public SurfaceTest {};
@@ -9,7 +9,7 @@ TEST_F(TypingTest, KeysReachTheProgramAtOnce) {
     Load({"Text"});
     Focus();
     Type("s here");
-    EXPECT_TRUE(Wait([&] { return mLog.Last == "Texts here"; })) << mLog.Typed;
+    EXPECT_TRUE(WaitUntil([&] { return mLog.Last == "Texts here"; })) << mLog.Typed;
 }
 
 TEST_F(TypingTest, AFlushBringsWhatWasTypedLast) {
@@ -42,9 +42,9 @@ TEST_F(TypingTest, ALetterTypedAndTakenBackLeavesTheTextAsItWas) {
         Load({text});
         Focus();
         Type("q");
-        ASSERT_TRUE(Wait([&] { return mLog.Last != "not told"; })) << text.toStdString();
+        ASSERT_TRUE(WaitUntil([&] { return mLog.Last != "not told"; })) << text.toStdString();
         Press(Qt::Key_Backspace);
-        EXPECT_TRUE(Wait([&] { return Settled() == text.toStdString(); }))
+        EXPECT_TRUE(WaitUntil([&] { return Settled() == text.toStdString(); }))
             << text.toStdString() << " became " << mLog.Last;
     }
 }
@@ -54,7 +54,7 @@ TEST_F(TypingTest, AnEmptiedPlaceHasAnEmptyText) {
     Focus();
     Press(Qt::Key_Backspace);
     Press(Qt::Key_Backspace);
-    EXPECT_TRUE(Wait([&] { return mLog.Reports > 0 && mLog.Last.empty(); })) << mLog.Typed;
+    EXPECT_TRUE(WaitUntil([&] { return mLog.Reports > 0 && mLog.Last.empty(); })) << mLog.Typed;
     Type("  ");
     EXPECT_EQ(Settled(), "");
 }
@@ -64,7 +64,7 @@ TEST_F(TypingTest, EnterMakesParagraphs) {
     Focus();
     Press(Qt::Key_Return);
     Type("two");
-    EXPECT_TRUE(Wait([&] { return Settled() == "<p>one</p><p>two</p>"; })) << mLog.Last;
+    EXPECT_TRUE(WaitUntil([&] { return Settled() == "<p>one</p><p>two</p>"; })) << mLog.Last;
 }
 
 TEST_F(TypingTest, JoinedLinesKeepNoStylesOfTheEngine) {
@@ -72,7 +72,7 @@ TEST_F(TypingTest, JoinedLinesKeepNoStylesOfTheEngine) {
     Focus();
     Press(Qt::Key_Home);
     Press(Qt::Key_Backspace);
-    EXPECT_TRUE(Wait([&] { return Settled() == "<h2>Headtail</h2>"; })) << mLog.Last;
+    EXPECT_TRUE(WaitUntil([&] { return Settled() == "<h2>Headtail</h2>"; })) << mLog.Last;
 }
 
 TEST_F(TypingTest, DeletingAtTheEdgesStaysInThePlace) {
@@ -83,7 +83,7 @@ TEST_F(TypingTest, DeletingAtTheEdgesStaysInThePlace) {
     for (int count = 0; count < 5; ++count)
         Press(Qt::Key_Delete);
     Type("z");
-    EXPECT_TRUE(Wait([&] { return Settled() == "z"; })) << mLog.Typed;
+    EXPECT_TRUE(WaitUntil([&] { return Settled() == "z"; })) << mLog.Typed;
     EXPECT_EQ(mLog.Typed.find("1:"), std::string::npos);
 }
 
@@ -93,10 +93,11 @@ TEST_F(TypingTest, NothingDeletesThePageAroundAPlace) {
     Press(Qt::Key_A, Qt::ControlModifier);
     Press(Qt::Key_Delete);
     Type("new");
-    EXPECT_TRUE(Wait([&] { return Settled() == "new"; })) << mLog.Typed;
+    EXPECT_TRUE(WaitUntil([&] { return Settled() == "new"; })) << mLog.Typed;
     Press(Qt::Key_Tab);
     Type("2");
-    EXPECT_TRUE(Wait([&] { return mLog.Typed.find("1:") != std::string::npos; })) << mLog.Typed;
+    EXPECT_TRUE(WaitUntil([&] { return mLog.Typed.find("1:") != std::string::npos; }))
+        << mLog.Typed;
 }
 
 TEST_F(TypingTest, KeysOfEmphasisWorkBetweenLetters) {
@@ -106,23 +107,23 @@ TEST_F(TypingTest, KeysOfEmphasisWorkBetweenLetters) {
     Type("b");
     Press(Qt::Key_B, Qt::ControlModifier);
     Type("c");
-    EXPECT_TRUE(Wait([&] { return Settled() == "a<b>b</b>c"; })) << mLog.Last;
+    EXPECT_TRUE(WaitUntil([&] { return Settled() == "a<b>b</b>c"; })) << mLog.Last;
     Press(Qt::Key_K, Qt::ControlModifier);
-    EXPECT_TRUE(Wait([&] { return mLog.Commands == "createlink;"; }));
+    EXPECT_TRUE(WaitUntil([&] { return mLog.Commands == "createlink;"; }));
 }
 
 TEST_F(TypingTest, UndoTakesBackAndRedoBringsAgain) {
     Load({"a"});
     Focus();
     Type("b");
-    ASSERT_TRUE(Wait([&] { return mLog.Last == "ab"; }));
+    ASSERT_TRUE(WaitUntil([&] { return mLog.Last == "ab"; }));
     Press(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_TRUE(Wait([&] { return mLog.Last == "a"; })) << mLog.Typed;
+    EXPECT_TRUE(WaitUntil([&] { return mLog.Last == "a"; })) << mLog.Typed;
     Press(Qt::Key_Y, Qt::ControlModifier);
-    EXPECT_TRUE(Wait([&] { return mLog.Last == "ab"; })) << mLog.Typed;
+    EXPECT_TRUE(WaitUntil([&] { return mLog.Last == "ab"; })) << mLog.Typed;
     Press(Qt::Key_Z, Qt::ControlModifier);
     Press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_TRUE(Wait([&] { return Settled() == "ab"; })) << mLog.Typed;
+    EXPECT_TRUE(WaitUntil([&] { return Settled() == "ab"; })) << mLog.Typed;
 }
 
 TEST_F(TypingTest, ATextThatCodeWritesComesUnderTheCaret) {
@@ -132,9 +133,9 @@ TEST_F(TypingTest, ATextThatCodeWritesComesUnderTheCaret) {
     mSurface->Run("nothing", {});
     EXPECT_TRUE(mSurface->Flush().isEmpty()) << "what code wrote is not reported";
     Type("!");
-    EXPECT_TRUE(Wait([&] { return Settled() == "one <i>thr!ee</i>"; }))
+    EXPECT_TRUE(WaitUntil([&] { return Settled() == "one <i>thr!ee</i>"; }))
         << "the caret stays where it was: " << mLog.Last;
 }
 
 } // namespace
-} // namespace paperkite
+} // namespace paperkite::test
