@@ -1,5 +1,7 @@
 #include "platform/qt/HtmlEditView.h"
 
+#include "platform/qt/LinkAddress.h"
+
 #include "platform/qt/ControlView.h"
 #include "platform/qt/Conversions.h"
 #include "platform/qt/HtmlEditMenu.h"
@@ -109,11 +111,15 @@ void HtmlEditView::LoadNow() {
     mSurface->Load(MakePage());
 }
 
+QString HtmlEditView::BaseAddress() const {
+    const QString base = ToQString(mEdit->GetBaseURL());
+    return base.isEmpty() || base.endsWith('/') ? base : base + '/';
+}
+
 WebPage HtmlEditView::MakePage() const {
     WebPage page;
     page.KeepPosition = mKeepPosition;
-    page.BaseUrl = ToQString(mEdit->GetBaseURL());
-    if (!page.BaseUrl.isEmpty() && !page.BaseUrl.endsWith('/')) page.BaseUrl += '/';
+    page.BaseUrl = BaseAddress();
     for (const std::string& folder : mEdit->GetReadableFolders())
         page.Folders += ToQString(folder);
     switch (mEdit->GetView()) {
@@ -308,7 +314,7 @@ void HtmlEditView::SelectionMoved(const WebSelection& selection) {
 }
 
 void HtmlEditView::LinkClicked(const QString& href) {
-    mEdit->UserHyperlinkClick(FromQString(href));
+    mEdit->UserHyperlinkClick(FromQString(ResolvedLink(BaseAddress(), href)));
 }
 
 void HtmlEditView::CommandPressed(const QString& name) {
@@ -332,8 +338,10 @@ void HtmlEditView::MenuWanted(const WebMenuRequest& request) {
     const auto answer =
         mEdit->UserContextMenu(request.Position.x(), request.Position.y(), place, type);
     if (answer == HtmlMenuAnswer::None) return;
+    WebMenuRequest resolved = request;
+    if (!request.Link.isEmpty()) resolved.Link = ResolvedLink(BaseAddress(), request.Link);
     auto* menu =
-        new HtmlEditMenu(mEdit, *mSurface, request, answer == HtmlMenuAnswer::DefaultOnly, this);
+        new HtmlEditMenu(mEdit, *mSurface, resolved, answer == HtmlMenuAnswer::DefaultOnly, this);
     menu->popup(mSurface->mapToGlobal(request.Position));
 }
 

@@ -66,6 +66,8 @@ private:
     void LoadSoon(bool keepPosition);
     void LoadNow();
     bool HaveSurface();
+    /// The address of the page, which ends with "/", or nothing.
+    QString BaseAddress() const;
     WebPage MakePage() const;
     QString PageText() const;
     void UpdatePlaces();

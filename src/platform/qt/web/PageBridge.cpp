@@ -15,23 +15,40 @@ void PageBridge::selection(int generation, const QString& json) {
 }
 
 void PageBridge::link(int generation, const QString& href) {
-    if (generation == Generation && Link) Link(href);
+    Later(generation, [this, href] {
+        if (Link) Link(href);
+    });
 }
 
 void PageBridge::menu(int generation, const QString& json) {
-    if (generation == Generation && Menu) Menu(json);
+    Later(generation, [this, json] {
+        if (Menu) Menu(json);
+    });
 }
 
 void PageBridge::command(int generation, const QString& name) {
-    if (generation == Generation && Command) Command(name);
+    Later(generation, [this, name] {
+        if (Command) Command(name);
+    });
 }
 
 void PageBridge::picture(int generation) {
-    if (generation == Generation && Picture) Picture();
+    Later(generation, [this] {
+        if (Picture) Picture();
+    });
 }
 
 QVariantList PageBridge::misspelt(int generation, const QString& text) {
     return generation == Generation && Misspelt ? Misspelt(text) : QVariantList();
+}
+
+void PageBridge::Later(int generation, const std::function<void()>& action) {
+    QMetaObject::invokeMethod(
+        this,
+        [this, generation, action] {
+            if (generation == Generation) action();
+        },
+        Qt::QueuedConnection);
 }
 
 } // namespace paperkite

@@ -38,6 +38,11 @@ public slots:
     void picture(int generation);
     /// Start and length of each word, one behind the other.
     QVariantList misspelt(int generation, const QString& text);
+
+private:
+    /// What the author asks for may ask the page in turn, which answers nothing while it waits for
+    /// the end of its own call.
+    void Later(int generation, const std::function<void()>& action);
 };
 
 } // namespace paperkite

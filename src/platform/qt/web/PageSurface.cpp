@@ -87,9 +87,7 @@ PageSurface::~PageSurface() {
 
 void PageSurface::MakePage() {
     mPage = new KitePage(mProfile.get(), mView);
-    mPage->LinkClicked = [this](const QString& href) {
-        if (mListener) mListener->LinkClicked(href);
-    };
+    mPage->LinkClicked = [this](const QString& href) { mBridge.link(mBridge.Generation, href); };
     auto* channel = new QWebChannel(mPage);
     channel->registerObject(QStringLiteral("kite"), &mBridge);
     mPage->setWebChannel(channel, kPageWorld);
