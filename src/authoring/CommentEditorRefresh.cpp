@@ -272,6 +272,8 @@ void CommentEditor::zSelectGroupItem(const std::string& LastGroupItemCaption) {
                 item->GetCaption() == LastGroupItemCaption && item->GetVisible() &&
                 item->GetEnabled()) {
                 item->SetSelected(true);
+                // Carried over once, it goes on to the next element as well.
+                item->SetTag({});
                 return;
             }
     const auto main = eb->GetGroup("main");
@@ -294,18 +296,22 @@ void CommentEditor::zReselectRow(const std::string& selectedKey) {
 }
 
 void CommentEditor::UnloadFlagCheckboxes() {
-    if (const auto frame = eb->GetGroup("flags")->Item("checkboxcontainer")->GetControl())
-        frame->SetTag({});
-    eb->SetTag({});
-    mCheckBoxes.Clear();
+    Procedure(*this, "UnloadFlagCheckboxes", [&](Frame&) {
+        if (const auto frame = eb->GetGroup("flags")->Item("checkboxcontainer")->GetControl())
+            frame->SetTag({});
+        eb->SetTag({});
+        mCheckBoxes.Clear();
+    });
 }
 
 void CommentEditor::TickFlagCheckbox(const std::string& TagID) {
-    mPostingtoCheckboxes = true;
-    const ScopeExit donePosting([this] { mPostingtoCheckboxes = false; });
-    for (std::size_t index = 1; index <= mCheckBoxes.Count(); ++index)
-        if (EqualIgnoringCase(mCheckBoxes.Item(index)->GetTag(), TagID))
-            mCheckBoxes.Item(index)->SetChecked(true);
+    Procedure(*this, "TickFlagCheckbox", [&](Frame& frame) {
+        Watch watchTag(frame, "TagID", TagID);
+        mPostingtoCheckboxes = true;
+        const ScopeExit donePosting([this] { mPostingtoCheckboxes = false; });
+        for (const auto& box : mCheckBoxes.GetCheckBoxes())
+            if (EqualIgnoringCase(box->GetTag(), TagID)) box->SetChecked(true);
+    });
 }
 
 } // namespace paperkite
