@@ -271,9 +271,9 @@ void CommentEditor::zSelectGroupItem(const std::string& LastGroupItemCaption) {
             if (item->GetKey() != "checkboxcontainer" &&
                 item->GetCaption() == LastGroupItemCaption && item->GetVisible() &&
                 item->GetEnabled()) {
-                item->SetSelected(true);
                 // Carried over once, it goes on to the next element as well.
                 item->SetTag({});
+                item->SetSelected(true);
                 return;
             }
     const auto main = eb->GetGroup("main");
@@ -309,7 +309,9 @@ void CommentEditor::TickFlagCheckbox(const std::string& TagID) {
         Watch watchTag(frame, "TagID", TagID);
         mPostingtoCheckboxes = true;
         const ScopeExit donePosting([this] { mPostingtoCheckboxes = false; });
-        for (const auto& box : mCheckBoxes.GetCheckBoxes())
+        // A view that is told of a tick may rebuild the boxes.
+        const auto boxes = mCheckBoxes.GetCheckBoxes();
+        for (const auto& box : boxes)
             if (EqualIgnoringCase(box->GetTag(), TagID)) box->SetChecked(true);
     });
 }
