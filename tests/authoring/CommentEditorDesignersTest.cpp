@@ -435,6 +435,23 @@ TEST_F(CommentEditorDesignersTest, ADesignerThatCannotLeaveDoesNotKeepTheEditor)
     EXPECT_EQ(mServices.TakeReports(), "");
 }
 
+TEST_F(CommentEditorDesignersTest, ADesignerThatCannotTakeTheFocusIsReportedAndStaysActive) {
+    Start("#one");
+    Designer("A").OnCall = [](const std::string& call) {
+        if (call.starts_with("SetEditFocus")) RaiseError(ErrorNumber::InvalidCall);
+    };
+    mEditor.SetEditFocus();
+    EXPECT_EQ(mServices.TakeReports(), "CommentEditor.InternalSetEditFocus (5)\n");
+    EXPECT_TRUE(mEditor.ActiveDesigner == ControlOf("A").Designer);
+}
+
+TEST_F(CommentEditorDesignersTest, AFailureDeepInsideIsReportedThereAndOnlyThere) {
+    Start("#plain");
+    GlobalConfig().TaggedCommentDefs = nullptr;
+    mEditor.DesignerContainer->SetWidth(123);
+    EXPECT_EQ(mServices.TakeReports(), "CommentEditor.DesignerForTaggedComment (91)\n");
+}
+
 TEST_F(CommentEditorDesignersTest, AFailingDesignerDoesNotStopARefresh) {
     GlobalConfig().KeepLastCommentTab = true;
     Start("#one");
