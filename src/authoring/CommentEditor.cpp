@@ -59,6 +59,7 @@ CommentEditor::CommentEditor() {
         zMakeToolbar();
         zConnectLists();
         zConnectSurfaces();
+        zMakeFixedDesigner();
     });
 }
 
@@ -157,6 +158,7 @@ void CommentEditor::InitControl() {
             ->SetControl(MakeRef<FramePanel>("fraExplorerBar"));
         splitMain->SetFirstPane(mShowCombo ? Ref<Control>() : Ref<Control>(eb));
         zMakeFixedDesigner();
+        if (const auto fixed = zFixedDesigner()) fixed->SetLeft(kOffScreen);
         if (const auto engine = CurrentServices().Spelling)
             mOptionButton =
                 engine->Events.OptionBtnClick.Connect([this] { spell_OptionBtnClick(); });
@@ -379,24 +381,28 @@ void CommentEditor::DumpVariables(VariableDump& dump) const {
         .Add("mSpellCheckCancelled", mSpellCheckCancelled)
         .Add("mModules", Value::ArrayOfTexts(mModules))
         .Add("mProjectName", mProjectName)
+        .Add("ActiveDesigner", ActiveDesigner)
+        .Add("ActiveTaggedCommentDef", ActiveTaggedCommentDef)
         .Add("AddButtonIndex", AddButtonIndex)
         .Add("DeleteButtonIndex", DeleteButtonIndex)
         .Add("mNoSetFocus", mNoSetFocus)
         .Add("mInPlaceTemplate", mInPlaceTemplate)
         .Add("mWrapper", mWrapper)
         .Add("mSpell", mSpell)
+        .Add("CreatedDesigners", Value::ArrayOfTexts(CreatedDesigners))
         .Add("mBaseURL", mBaseURL)
         .Add("mKiteProject", mKiteProject)
+        .Add("mInPlaceEditorIsActive", mInPlaceEditorIsActive)
         .Add("mKeepTombstones", mKeepTombstones)
         .Add("mDynamicHelpHost", mDynamicHelpHost)
         .Add("mCommentType", static_cast<int>(mCommentType))
+        .Add("mTipPopup", mTipPopup)
         .Add("mDirty", mDirty)
         .Add("mAutoSetFocus", mAutoSetFocus)
-        .Add("mTerminated", mTerminated)
-        .Add("mPostingtoCheckboxes", mPostingtoCheckboxes)
+        .Add("mTerminated", mTerminated);
+    dump.Append(DumpFixed("mCheckBoxes", "{EBCheckBoxes}"));
+    dump.Add("mPostingtoCheckboxes", mPostingtoCheckboxes)
         .Add("mPopulating", mPopulating)
-        .Add("mInPlaceEditorIsActive", mInPlaceEditorIsActive)
-        .Add("CreatedDesigners", Value::ArrayOfTexts(CreatedDesigners))
         .Add("mInitialized", mInitialized);
 }
 

@@ -327,6 +327,7 @@ private:
 
     // Surfaces
     void SelectCommentType(const std::string& Key, bool ForceRefresh);
+    Ref<GroupItem> zFindItem(const std::string& Key) const;
     void zCheckCommands(const DockCommands& commands, const std::string& Key);
     void CommentTypeSelected(const std::string& Key);
     void zShowList(const Ref<PropertiesList>& shown, const Ref<PropertiesList>& hidden);
@@ -344,7 +345,7 @@ private:
     void DesignerContainer_Resize(int Width, int Height);
 
     // Designers
-    static std::string DesignerForTaggedComment(const Ref<TaggedCommentDef>& TaggedCommentDef);
+    std::string DesignerForTaggedComment(const Ref<TaggedCommentDef>& TaggedCommentDef) const;
     Ref<DesignerControl> zFindDesigner(const std::string& name) const;
     Ref<DesignerControl> zControlOf(const Ref<CommentDesigner>& designer) const;
     Ref<DesignerControl> ActiveDesignerControl() const;

@@ -11,7 +11,6 @@ namespace {
 
 constexpr const char* kDefaultDesigner = "GlossmakerDesigners.dsrHTMLEdit";
 constexpr const char* kInitialised = "Done";
-constexpr int kOffScreen = -2000;
 
 /// The name of a designer's control: its class without the points.
 std::string ControlNameOf(const std::string& progID) {
@@ -20,11 +19,17 @@ std::string ControlNameOf(const std::string& progID) {
 
 } // namespace
 
-std::string CommentEditor::DesignerForTaggedComment(const Ref<TaggedCommentDef>& TaggedCommentDef) {
-    if (!TaggedCommentDef) return {};
-    if (!TaggedCommentDef->DesignerProgID.empty()) return TaggedCommentDef->DesignerProgID;
-    const std::string byDefault = GlobalConfig().TaggedCommentDefs->GetDefaultDesignerProgID();
-    return byDefault.empty() ? kDefaultDesigner : byDefault;
+std::string
+CommentEditor::DesignerForTaggedComment(const Ref<TaggedCommentDef>& TaggedCommentDef) const {
+    return Procedure<std::string>(
+        *this, "DesignerForTaggedComment", [&](std::string& result, Frame& frame) {
+            Watch watchDef(frame, "TaggedCommentDef", TaggedCommentDef);
+            if (!TaggedCommentDef) return;
+            result = TaggedCommentDef->DesignerProgID;
+            if (result.empty())
+                result = GlobalConfig().TaggedCommentDefs->GetDefaultDesignerProgID();
+            if (result.empty()) result = kDefaultDesigner;
+        });
 }
 
 Ref<DesignerControl> CommentEditor::zFindDesigner(const std::string& name) const {
@@ -39,7 +44,10 @@ Ref<DesignerControl> CommentEditor::zControlOf(const Ref<CommentDesigner>& desig
 }
 
 Ref<DesignerControl> CommentEditor::ActiveDesignerControl() const {
-    return zFindDesigner(ControlNameOf(DesignerForTaggedComment(ActiveTaggedCommentDef)));
+    return Procedure<Ref<DesignerControl>>(
+        *this, "ActiveDesignerControl", [&](Ref<DesignerControl>& result, Frame&) {
+            result = zFindDesigner(ControlNameOf(DesignerForTaggedComment(ActiveTaggedCommentDef)));
+        });
 }
 
 Ref<DesignerControl> CommentEditor::zFixedDesigner() const {
@@ -50,7 +58,6 @@ void CommentEditor::zMakeFixedDesigner() {
     if (!CurrentServices().CreateDesigner || zFixedDesigner()) return;
     const auto control = CurrentServices().CreateDesigner(kDefaultDesigner);
     control->SetName(ControlNameOf(kDefaultDesigner));
-    control->SetLeft(kOffScreen);
     control->SetVisible(false);
     auto& events = control->DesignerEvents;
     mConnections.push_back(events.DocumentComplete.Connect([this] { DocumentComplete(); }));
@@ -178,22 +185,25 @@ Ref<Object> CommentEditor::zSpellObject() const {
 }
 
 Ref<DataCells> CommentEditor::GetDataCells(const Ref<TaggedCommentDef>& TaggedCommentDef) const {
-    const auto cells = MakeRef<DataCells>();
-    const auto addValue = [&](const char* key, const Value& value) {
-        cells->Add(key, MakeRef<DataCell>(value));
-    };
-    addValue("ModuleNames", Value::ArrayOfTexts(mModules));
-    addValue("ProjectName", Value(mProjectName));
-    addValue("CodeElement", Value(mCurrentCodeElement));
-    addValue("AppName", Value(GetAppName()));
-    addValue("BaseURL", Value(mBaseURL));
-    if (!TaggedCommentDef) return cells;
-    const std::string& tag = TaggedCommentDef->TagIdentifier;
-    addValue("TagIdentifier", Value(tag));
-    const auto comments = GetTaggedComments();
-    if (comments && comments->Contains(tag))
-        addValue("TaggedComment", Value(Ref<Object>(comments->Item(tag))));
-    return cells;
+    return Procedure<Ref<DataCells>>(
+        *this, "GetDataCells", [&](Ref<DataCells>& result, Frame& frame) {
+            Watch watchDef(frame, "TaggedCommentDef", TaggedCommentDef);
+            result = MakeRef<DataCells>();
+            const auto addValue = [&](const char* key, const Value& value) {
+                result->Add(key, MakeRef<DataCell>(value));
+            };
+            addValue("ModuleNames", Value::ArrayOfTexts(mModules));
+            addValue("ProjectName", Value(mProjectName));
+            addValue("CodeElement", Value(mCurrentCodeElement));
+            addValue("AppName", Value(GetAppName()));
+            addValue("BaseURL", Value(mBaseURL));
+            if (!TaggedCommentDef) return;
+            const std::string& tag = TaggedCommentDef->TagIdentifier;
+            addValue("TagIdentifier", Value(tag));
+            const auto comments = GetTaggedComments();
+            if (comments && comments->Contains(tag))
+                addValue("TaggedComment", Value(Ref<Object>(comments->Item(tag))));
+        });
 }
 
 Ref<TaggedCommentCollection> CommentEditor::GetActiveTaggedComments() const {

@@ -14,6 +14,7 @@ constexpr const char* kPagePrefix = "inplaceedit:";
 constexpr const char* kPagePopup = "p-fullpageedit";
 constexpr const char* kTipPopup = "TipPopup";
 constexpr const char* kGeneralTag = "##";
+constexpr int kToolbarMargin = 15;
 
 } // namespace
 
@@ -63,10 +64,12 @@ void CommentEditor::zListPages() {
 }
 
 void CommentEditor::ClearDockCommentTypes() {
-    DockCommentTypes->GetToolbar(1)->Clear();
-    auto& commands = DockCommentTypes->Commands;
-    while (commands.Count() > 1)
-        commands.Remove(commands.Count());
+    Procedure(*this, "ClearDockCommentTypes", [&](Frame&) {
+        DockCommentTypes->GetToolbar(1)->Clear();
+        auto& commands = DockCommentTypes->Commands;
+        while (commands.Count() > 1)
+            commands.Remove(commands.Count());
+    });
 }
 
 void CommentEditor::PopulateToolbar() {
@@ -171,6 +174,8 @@ void CommentEditor::DockCommentTypes_CommandClick(const Ref<DockCommand>& Comman
         // The tip's window opens by itself.
         if (mPopulating || Command->GetName() == kTipPopup || Command->GetIsPopup()) return;
         const std::string key = Command->GetName();
+        // The author's choice is carried over to the next element.
+        if (const auto item = zFindItem(key)) item->SetTag({});
         SelectCommentType(key, false);
         SetEditFocus();
     });
@@ -196,7 +201,7 @@ void CommentEditor::SetShowCombo(bool value) {
         if (value) {
             splitMain->SetFirstPane(nullptr);
             splitMain->SetSecondPane(nullptr);
-            DockCommentTypes->SetWidth(DockCommentTypes->GetWidth() - 1);
+            DockCommentTypes->SetWidth(DockCommentTypes->GetWidth() - kToolbarMargin);
             DockCommentTypes->SetClient(tagsContainer);
             eb->SetVisible(false);
             splitMain->SetVisible(false);
@@ -223,6 +228,7 @@ void CommentEditor::UserControl_Resize() {
 
 void CommentEditor::DockCommentTypes_ClientResize() {
     Procedure(*this, "DockCommentTypes_ClientResize", [&](Frame&) {
+        // Beside the bar the surfaces lie in the splitter, which a hidden toolbar must not move.
         if (!mShowCombo) return;
         const Bounds room = DockCommentTypes->GetClientRectangle();
         tagsContainer->Move(room);

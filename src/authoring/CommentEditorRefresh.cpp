@@ -271,6 +271,8 @@ void CommentEditor::zSelectGroupItem(const std::string& LastGroupItemCaption) {
             if (item->GetKey() != "checkboxcontainer" &&
                 item->GetCaption() == LastGroupItemCaption && item->GetVisible() &&
                 item->GetEnabled()) {
+                // Carried over once, it goes on to the next element as well.
+                item->SetTag({});
                 item->SetSelected(true);
                 return;
             }
@@ -294,18 +296,24 @@ void CommentEditor::zReselectRow(const std::string& selectedKey) {
 }
 
 void CommentEditor::UnloadFlagCheckboxes() {
-    if (const auto frame = eb->GetGroup("flags")->Item("checkboxcontainer")->GetControl())
-        frame->SetTag({});
-    eb->SetTag({});
-    mCheckBoxes.Clear();
+    Procedure(*this, "UnloadFlagCheckboxes", [&](Frame&) {
+        if (const auto frame = eb->GetGroup("flags")->Item("checkboxcontainer")->GetControl())
+            frame->SetTag({});
+        eb->SetTag({});
+        mCheckBoxes.Clear();
+    });
 }
 
 void CommentEditor::TickFlagCheckbox(const std::string& TagID) {
-    mPostingtoCheckboxes = true;
-    const ScopeExit donePosting([this] { mPostingtoCheckboxes = false; });
-    for (std::size_t index = 1; index <= mCheckBoxes.Count(); ++index)
-        if (EqualIgnoringCase(mCheckBoxes.Item(index)->GetTag(), TagID))
-            mCheckBoxes.Item(index)->SetChecked(true);
+    Procedure(*this, "TickFlagCheckbox", [&](Frame& frame) {
+        Watch watchTag(frame, "TagID", TagID);
+        mPostingtoCheckboxes = true;
+        const ScopeExit donePosting([this] { mPostingtoCheckboxes = false; });
+        // A view that is told of a tick may rebuild the boxes.
+        const auto boxes = mCheckBoxes.GetCheckBoxes();
+        for (const auto& box : boxes)
+            if (EqualIgnoringCase(box->GetTag(), TagID)) box->SetChecked(true);
+    });
 }
 
 } // namespace paperkite

@@ -10,18 +10,20 @@ namespace {
 
 constexpr std::string_view kPageKey = "inplaceedit";
 
-Ref<GroupItem> FindItem(const ExplorerBar& bar, const std::string& key) {
-    for (const auto& group : bar.GetGroups())
+} // namespace
+
+Ref<GroupItem> CommentEditor::zFindItem(const std::string& Key) const {
+    for (const auto& group : eb->GetGroups())
         for (const auto& item : *group)
-            if (EqualIgnoringCase(item->GetKey(), key)) return item;
+            if (EqualIgnoringCase(item->GetKey(), Key)) return item;
     return {};
 }
-
-} // namespace
 
 void CommentEditor::eb_SelChange(const Ref<GroupItem>& Item) {
     Procedure(*this, "eb_SelChange", [&](Frame&) {
         if (!Item || !mCurrentCodeElement || mPopulating) return;
+        // The author's choice is carried over to the next element.
+        Item->SetTag({});
         SelectCommentType(Item->GetKey(), false);
         SetEditFocus();
     });
@@ -33,7 +35,7 @@ void CommentEditor::SelectCommentType(const std::string& Key, bool ForceRefresh)
         Watch watchForce(frame, "ForceRefresh", ForceRefresh);
         mPopulating = true;
         ScopeExit endPopulating([this] { mPopulating = false; });
-        const auto item = Key.empty() ? Ref<GroupItem>() : FindItem(*eb, Key);
+        const auto item = Key.empty() ? Ref<GroupItem>() : zFindItem(Key);
         if (Key.empty())
             eb->SetSelectedItem(nullptr);
         else if (item && !item->GetSelected())
@@ -120,18 +122,21 @@ void CommentEditor::SetEditFocusQueued() {
 }
 
 void CommentEditor::InternalSetEditFocus(bool Immediate) {
-    if (mNoSetFocus) return;
-    const auto item = eb->GetSelectedItem();
-    if (!item) return;
-    const std::string& key = item->GetKey();
-    if (key == "other")
-        prpTags->SetFocus();
-    else if (key == "flags")
-        prpFlags->SetFocus();
-    else if (key.starts_with(kPageKey))
-        Immediate ? InPlaceEditor->SetEditFocus() : InPlaceEditor->SetEditFocusQueued();
-    else if (ActiveDesigner)
-        ActiveDesigner->Call(Immediate ? "SetEditFocus" : "SetEditFocusQueued", {});
+    Procedure(*this, "InternalSetEditFocus", [&](Frame& frame) {
+        Watch watchImmediate(frame, "Immediate", Immediate);
+        if (mNoSetFocus) return;
+        const auto item = eb->GetSelectedItem();
+        if (!item) return;
+        const std::string& key = item->GetKey();
+        if (key == "other")
+            prpTags->SetFocus();
+        else if (key == "flags")
+            prpFlags->SetFocus();
+        else if (key.starts_with(kPageKey))
+            Immediate ? InPlaceEditor->SetEditFocus() : InPlaceEditor->SetEditFocusQueued();
+        else if (ActiveDesigner)
+            ActiveDesigner->Call(Immediate ? "SetEditFocus" : "SetEditFocusQueued", {});
+    });
 }
 
 Ref<HtmlEdit> CommentEditor::GetActiveHTMLEditor(bool) const {
@@ -177,13 +182,15 @@ void CommentEditor::SetFillColorByName(const std::string& ColorName) {
 }
 
 std::string CommentEditor::GetForeColorName() const {
-    const auto target = zForwardTarget();
-    return target ? target->GetForeColorName() : std::string();
+    return Procedure<std::string>(*this, "GetForeColorName", [&](std::string& result, Frame&) {
+        if (const auto target = zForwardTarget()) result = target->GetForeColorName();
+    });
 }
 
 std::string CommentEditor::GetFillColorName() const {
-    const auto target = zForwardTarget();
-    return target ? target->GetFillColorName() : std::string();
+    return Procedure<std::string>(*this, "GetFillColorName", [&](std::string& result, Frame&) {
+        if (const auto target = zForwardTarget()) result = target->GetFillColorName();
+    });
 }
 
 void CommentEditor::ClickEditTool(const std::string& Name) {
@@ -231,8 +238,12 @@ std::vector<Ref<Control>> CommentEditor::zChildControls() const {
 }
 
 void CommentEditor::zSetTagControls(const std::string& TagIdentifier, bool Enabled) {
-    for (const auto& control : zChildControls())
-        if (EqualIgnoringCase(control->GetTag(), TagIdentifier)) control->SetEnabled(Enabled);
+    Procedure(*this, "zSetTagControls", [&](Frame& frame) {
+        Watch watchTag(frame, "TagIdentifier", TagIdentifier);
+        Watch watchEnabled(frame, "Enabled", Enabled);
+        for (const auto& control : zChildControls())
+            if (EqualIgnoringCase(control->GetTag(), TagIdentifier)) control->SetEnabled(Enabled);
+    });
 }
 
 void CommentEditor::IDynamicHelpContext_Initialise(const Ref<DynamicHelpHost>& Notify) {

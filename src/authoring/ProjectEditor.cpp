@@ -329,6 +329,7 @@ void ProjectEditor::SetAppName(const std::string& value) {
 
 void ProjectEditor::SetToolbarStyle(int value) {
     Project.SetToolbarStyle(value);
+    cEditor.SetToolbarStyle(static_cast<ToolbarStyle>(value));
 }
 
 void ProjectEditor::PrepNamespaceDef(const Ref<NamespaceDef>& nd) {

@@ -90,6 +90,7 @@ public:
     const std::string& GetAppName() const;
     /// Stored process-wide; also restores the splitter.
     void SetAppName(const std::string& value);
+    /// The number of a ToolbarStyle.
     void SetToolbarStyle(int value);
     bool GetShowAllPropertyBlocks() const { return Project.GetShowAllPropertyBlocks(); }
     void SetShowAllPropertyBlocks(bool value) { Project.SetShowAllPropertyBlocks(value); }

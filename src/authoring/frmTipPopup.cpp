@@ -50,10 +50,13 @@ frmTipPopup::frmTipPopup() : Form("frmTipPopup") {
 }
 
 void frmTipPopup::SetTipText(const std::string& value) {
-    Tip->SetCaption(ReplaceAll(value, "\r\n", "<BR>"));
-    Tip->SetHeight(static_cast<int>(LinesOf(Tip->GetCaption())) * kLineHeight);
-    SetHeight(Tip->GetHeight() + 2 * Tip->GetTop());
-    SetWidth(Tip->GetWidth() + 2 * Tip->GetLeft());
+    Procedure(*this, "TipText", [&](Frame& frame) {
+        Watch watchValue(frame, "value", value);
+        Tip->SetCaption(ReplaceAll(value, "\r\n", "<BR>"));
+        Tip->SetHeight(static_cast<int>(LinesOf(Tip->GetCaption())) * kLineHeight);
+        SetHeight(Tip->GetHeight() + 2 * Tip->GetTop());
+        SetWidth(Tip->GetWidth() + 2 * Tip->GetLeft());
+    });
 }
 
 } // namespace paperkite

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "foundation/BulwarkSupport.h"
+#include "foundation/Procedure.h"
 #include "widgets/Form.h"
 #include "widgets/Label.h"
 
@@ -8,9 +10,11 @@
 namespace paperkite {
 
 /// The small form that shows the tip of a comment type below its button.
-class frmTipPopup : public Form {
+class frmTipPopup : public Form, public Shielded {
 public:
     frmTipPopup();
+
+    const char* ModuleName() const override { return "frmTipPopup"; }
 
     /// HTML; line breaks are kept.
     const std::string& GetTipText() const { return Tip->GetCaption(); }
@@ -18,6 +22,9 @@ public:
     void SetTipText(const std::string& value);
 
     Ref<Label> Tip;
+
+private:
+    InstanceCount mInstanceCount{"frmTipPopup", ComponentType::Form};
 };
 
 } // namespace paperkite

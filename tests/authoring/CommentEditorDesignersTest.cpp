@@ -1,5 +1,7 @@
 #include "authoring/DesignersFixture.h"
 
+#include "foundation/SpellEngine.h"
+
 namespace paperkite::test {
 namespace {
 
@@ -10,13 +12,6 @@ protected:
         for (std::size_t position = 1; position <= cells.Count(); ++position)
             keys += cells.KeyAt(position) + " ";
         return keys;
-    }
-    /// Has a command for a key that is no item of the bar.
-    void ChooseCommand(const std::string& key) {
-        if (!mEditor.DockCommentTypes->Commands.Contains(key))
-            mEditor.DockCommentTypes->Commands.AddCheck(key);
-        auto& dock = *mEditor.DockCommentTypes;
-        dock.Events.CommandClick.Raise(dock.Commands.Item(key));
     }
 };
 
@@ -37,6 +32,40 @@ TEST_F(CommentEditorDesignersTest, TheFirstVisitOfATabMakesItsDesigner) {
     EXPECT_EQ(FrontSurface(), "DesignerContainer");
     EXPECT_TRUE(Designer("A").Host == &mEditor);
     EXPECT_EQ(mServices.TakeReports(), "");
+}
+
+TEST_F(CommentEditorDesignersTest, ATabThatIsOpenedFromThePageHidesThePage) {
+    AddTemplate({{"class.html", "Test:Class"}});
+    Load();
+    ASSERT_TRUE(mEditor.InPlaceEditor->GetVisible());
+    mEditor.SetForeColorByName("red");
+    ASSERT_EQ(mEditor.GetForeColorName(), "red");
+    Open("#one");
+    EXPECT_FALSE(mEditor.InPlaceEditor->GetVisible());
+    EXPECT_EQ(FrontSurface(), "DesignerContainer");
+    // Commands go to the page no longer.
+    EXPECT_EQ(mEditor.GetForeColorName(), "");
+}
+
+TEST_F(CommentEditorDesignersTest, TheListsStayVisibleBehindATab) {
+    Start("other");
+    Open("#one");
+    EXPECT_EQ(FrontSurface(), "DesignerContainer");
+    EXPECT_TRUE(mEditor.prpTags->GetVisible());
+    ChooseCommand("flags");
+    ASSERT_EQ(FrontSurface(), "prpFlags");
+    Open("#two");
+    EXPECT_EQ(FrontSurface(), "DesignerContainer");
+    EXPECT_TRUE(mEditor.prpFlags->GetVisible());
+}
+
+TEST_F(CommentEditorDesignersTest, ATabIsGivenTheSizeOfTheTagList) {
+    Start("other");
+    mEditor.prpTags->Move(3, 4, 321, 123);
+    Open("#one");
+    EXPECT_EQ(ControlOf("A").GetBounds(), (Bounds{0, 0, 321, 123}));
+    Open("#zero");
+    EXPECT_EQ(ControlOf("Z").GetBounds(), (Bounds{0, 0, 321, 123}));
 }
 
 TEST_F(CommentEditorDesignersTest, AnotherTabHidesTheDesignerThatWasShown) {
@@ -140,6 +169,44 @@ TEST_F(CommentEditorDesignersTest, DesignersUseTheEngineOfTheHost) {
     Open("#one");
     EXPECT_NE(mCalls.Take().find("create(Lib.dsrA) A.SetSpellObject(Engine) A.Initialize"),
               std::string::npos);
+}
+
+TEST_F(CommentEditorDesignersTest, WithoutOneOfTheHostTheyUseTheEditorsOwnEngine) {
+    class Engine : public SpellEngine {
+    public:
+        void SetOptions(const SpellOptions&) override {}
+        const SpellOptions& GetOptions() const override { return mOptions; }
+        std::string GetProblem() const override { return {}; }
+        void SetProject(ProjectSpelling) override {}
+        bool Check(const std::string&) override { return true; }
+        std::vector<std::string> Suggest(const std::string&) override { return {}; }
+        void AddIgnoreAll(const std::string&) override {}
+        void AddToCustomDictionary(const std::string&) override {}
+
+    private:
+        SpellOptions mOptions;
+    };
+    CurrentServices().Spelling = MakeRef<Engine>();
+    Start("other");
+    Open("#one");
+    EXPECT_NE(mCalls.Take().find("create(Lib.dsrA) A.SetSpellObject(SpellEngine) A.Initialize"),
+              std::string::npos);
+}
+
+TEST_F(CommentEditorDesignersTest, TheFixedDesignerIsThereBeforeTheFirstElement) {
+    CommentEditor editor;
+    EXPECT_EQ(mCalls.Take(), "create(GlossmakerDesigners.dsrHTMLEdit)");
+    const auto designers = editor.GetDesigners();
+    ASSERT_EQ(designers->Count(), 1u);
+    EXPECT_TRUE(designers->Item(1) == ControlOf("fixed").Designer);
+    EXPECT_FALSE(ControlOf("fixed").GetVisible());
+    editor.Initialize();
+    EXPECT_EQ(mCalls.Take(), "");
+    EXPECT_EQ(ControlOf("fixed").GetLeft(), -2000);
+    EXPECT_EQ(editor.GetDesigners()->Count(), 1u);
+    editor.Terminate();
+    EXPECT_EQ(mCalls.Take(), "fixed.Detach");
+    EXPECT_EQ(mServices.TakeReports(), "");
 }
 
 TEST_F(CommentEditorDesignersTest, TheDesignersAreListedFromTheFixedOneInTheOrderOfTheirMaking) {
@@ -275,6 +342,20 @@ TEST_F(CommentEditorDesignersTest, TheWrapperIsLockedWhileATabOpens) {
     EXPECT_EQ(wrapped.Take(), "unlockrefresh");
 }
 
+TEST_F(CommentEditorDesignersTest, TheWrapperIsBoundAtTheEndOfOpeningATab) {
+    mEditor.BindToWrapper(MakeRef<TestWrapper>(mCalls));
+    Start("other");
+    Open("#one");
+    EXPECT_EQ(mCalls.Take(), "lockrefresh create(Lib.dsrA) A.SetSpellObject(nothing) "
+                             "A.Initialize(P~A,#one) A.Refresh(P~A,#one) "
+                             "A.BindToWrapper(CommandWrapper) unlockrefreshabsolute "
+                             "A.SetEditFocus");
+    Open("#plain");
+    EXPECT_EQ(mCalls.Take(), "A.CommitEdit lockrefresh A.Deactivate fixed.Active(True) "
+                             "fixed.SetSpellObject(nothing) fixed.Initialize(P~A,#plain) "
+                             "fixed.BindToWrapper(CommandWrapper) fixed.SetEditFocus");
+}
+
 TEST_F(CommentEditorDesignersTest, EventsOfTheFixedDesignerArePassedOn) {
     Load();
     EventLog log;
@@ -352,6 +433,23 @@ TEST_F(CommentEditorDesignersTest, ADesignerThatCannotLeaveDoesNotKeepTheEditor)
     Load("P~B");
     EXPECT_TRUE(mEditor.GetCurrentCodeElement() == mModel.Item("P~B"));
     EXPECT_EQ(mServices.TakeReports(), "");
+}
+
+TEST_F(CommentEditorDesignersTest, ADesignerThatCannotTakeTheFocusIsReportedAndStaysActive) {
+    Start("#one");
+    Designer("A").OnCall = [](const std::string& call) {
+        if (call.starts_with("SetEditFocus")) RaiseError(ErrorNumber::InvalidCall);
+    };
+    mEditor.SetEditFocus();
+    EXPECT_EQ(mServices.TakeReports(), "CommentEditor.InternalSetEditFocus (5)\n");
+    EXPECT_TRUE(mEditor.ActiveDesigner == ControlOf("A").Designer);
+}
+
+TEST_F(CommentEditorDesignersTest, AFailureDeepInsideIsReportedThereAndOnlyThere) {
+    Start("#plain");
+    GlobalConfig().TaggedCommentDefs = nullptr;
+    mEditor.DesignerContainer->SetWidth(123);
+    EXPECT_EQ(mServices.TakeReports(), "CommentEditor.DesignerForTaggedComment (91)\n");
 }
 
 TEST_F(CommentEditorDesignersTest, AFailingDesignerDoesNotStopARefresh) {

@@ -7,6 +7,18 @@ namespace {
 class CommentEditorHostTest : public CommentEditorFixture {
 protected:
     ICommentDesignerHost& Host() { return mEditor; }
+    /// Tells in the log when an item is brought into step with its general comment.
+    class TellingHelper : public ModelControlHelper {
+    public:
+        explicit TellingHelper(EventLog& log) : mLog(log) {}
+        void SyncGeneralComment(const Ref<Object>& item, bool load) override {
+            mLog.Add(load ? "sync(True)" : "sync(False)");
+            ModelControlHelper::SyncGeneralComment(item, load);
+        }
+
+    private:
+        EventLog& mLog;
+    };
     Ref<TaggedComment> Made(const std::string& tag, const std::string& text = "made") {
         const auto comment = MakeRef<TaggedComment>("made");
         comment->SetTagIdentifier(tag);
@@ -39,6 +51,25 @@ TEST_F(CommentEditorHostTest, AGeneralCommentKeepsTheDescriptionInStep) {
     mItem->With("TaggedDescription", "untouched");
     Host().ICommentDesignerHost_TaggedCommentChanged(mItem, note);
     EXPECT_EQ(mItem->Get("TaggedDescription").ToText(), "untouched");
+}
+
+TEST_F(CommentEditorHostTest, TheDescriptionIsBroughtIntoStepAtItsPlaceInTheOrder) {
+    CurrentServices().ControlHelper = std::make_shared<TellingHelper>(mLog);
+    mItem->With("TaggedDescription", "");
+    Load();
+    Host().ICommentDesignerHost_TaggedCommentAdded(mItem, Made("##", "said"));
+    // Only behind the whole addition.
+    EXPECT_EQ(mLog.Take(), "added(##///0) dirty sync(False)");
+    mEditor.SetDirty(false);
+    mLog.Take();
+    const auto comment = mItem->Comments()->Item("made");
+    Host().ICommentDesignerHost_TaggedCommentChanged(mItem, comment);
+    EXPECT_EQ(mLog.Take(), "changed(made,said) sync(False) dirty");
+    mEditor.SetDirty(false);
+    mLog.Take();
+    Host().ICommentDesignerHost_TaggedCommentChanged(mItem, mItem->Comment("#note", "note", "n"));
+    EXPECT_EQ(mLog.Take(), "changed(n,note) dirty");
+    EXPECT_EQ(mServices.TakeReports(), "");
 }
 
 TEST_F(CommentEditorHostTest, AChangedCommentIsToldUnderItsId) {

@@ -20,23 +20,6 @@ protected:
             keys += group->GetKey() + " ";
         return keys;
     }
-    void AddTemplate(const std::vector<std::pair<std::string, std::string>>& layouts) {
-        for (const char* level : {"Test:Project", "Test:Class"})
-            mModel.Def(level)->GetChildDefs()->SetName("kite.test");
-        const auto made = MakeRef<PageTemplate>();
-        made->Name = "Plain";
-        const auto served = MakeRef<TemplateNamespace>();
-        served->Moniker = "kite.test";
-        made->Namespaces.push_back(served);
-        for (const auto& [file, namespaces] : layouts) {
-            const auto layout = MakeRef<PageLayout>();
-            layout->Name = file;
-            layout->FileName = file;
-            layout->Namespaces = namespaces;
-            made->PageLayouts->Add(layout);
-        }
-        GlobalConfig().Templates.Add(made);
-    }
     std::string PageCaptions() {
         std::string captions;
         for (const auto& item : Group("main"))
@@ -139,6 +122,71 @@ TEST_F(CommentEditorNavigationTest, OtherInformationNeedsMoreThanTheHeaders) {
     EXPECT_EQ(mEditor.eb->GetSelectedItem()->GetKey(), "#zero");
 }
 
+TEST_F(CommentEditorNavigationTest, ATabThatTheAuthorChoseIsCarriedOverFromElementToElement) {
+    Load();
+    EXPECT_EQ(Selected(), "#zero");
+    Open("#one");
+    EXPECT_EQ(Tab("#one")->GetTag(), "");
+    EXPECT_EQ(Tab("#two")->GetTag(), "two");
+    for (const char* name : {"P~B", "P~C"}) {
+        Load(name);
+        EXPECT_EQ(Selected(), "#one") << name;
+        EXPECT_TRUE(mEditor.ActiveDesigner == ControlOf("A").Designer) << name;
+        EXPECT_EQ(Tab("#one")->GetTag(), "") << name;
+    }
+    EXPECT_EQ(mServices.TakeReports(), "");
+}
+
+TEST_F(CommentEditorNavigationTest, ATabThatTheAuthorDidNotChooseIsNotCarriedOver) {
+    DefineTab("#first", "First", "Lib.dsrA").Namespaces = "Test:Method";
+    Load();
+    EXPECT_EQ(Selected(), "#zero");
+    AddTemplate({{"class.html", "Test:Class"}});
+    Load("P~B");
+    EXPECT_EQ(Selected(), "inplaceedit:class.html");
+    EXPECT_EQ(Tab("#zero")->GetTag(), "zero");
+}
+
+TEST_F(CommentEditorNavigationTest, OtherInformationIsCarriedOverOnceTheAuthorChoseIt) {
+    const std::vector<const char*> tabs{"#zero", "#one", "#two", "#same", "#plain"};
+    for (const char* tag : tabs)
+        Tag(tag).Namespaces = "Test:Method";
+    Load();
+    const auto other = Group("other").Item("other");
+    EXPECT_EQ(Selected(), "other");
+    EXPECT_EQ(other->GetTag(), "x");
+    for (const char* tag : tabs)
+        Tag(tag).Namespaces = "Test:Class";
+    Load("P~B");
+    EXPECT_EQ(Selected(), "#zero");
+    Open("other");
+    EXPECT_EQ(other->GetTag(), "");
+    for (const char* name : {"P~C", "P~A"}) {
+        Load(name);
+        EXPECT_EQ(Selected(), "other") << name;
+    }
+}
+
+TEST_F(CommentEditorNavigationTest, ATabIsFoundAgainByItsExactCaption) {
+    Tag("#zero").TabName = "ONE";
+    Load();
+    Open("#one");
+    Load("P~B");
+    EXPECT_EQ(Selected(), "#one");
+    Tag("#one").TabName = "one";
+    Load("P~C");
+    EXPECT_EQ(Selected(), "#zero");
+    EXPECT_EQ(Tab("#zero")->GetTag(), "x");
+}
+
+TEST_F(CommentEditorNavigationTest, OfTwoTabsOfOneCaptionTheFirstIsShown) {
+    Tag("#same").TabName = "Two";
+    Load();
+    Open("#same");
+    Load("P~B");
+    EXPECT_EQ(Selected(), "#two");
+}
+
 TEST_F(CommentEditorNavigationTest, WithoutALayoutTheThirdGroupIsShown) {
     AddTemplate({{"method.html", "Test:Method"}});
     Load();
@@ -204,6 +252,37 @@ TEST_F(CommentEditorNavigationTest, ATabWithoutIconIsTicked) {
     EXPECT_FALSE(Tab("#one")->GetBold());
 }
 
+TEST_F(CommentEditorNavigationTest, TheTickOfATabWithoutIconIsItsIconFromThenOn) {
+    Load();
+    const auto comment = Write("#two");
+    EXPECT_EQ(Tab("#two")->GetIcon(), "tick");
+    for (int time = 0; time < 2; ++time) {
+        Write("#remarks");
+        EXPECT_EQ(Tab("#two")->GetIcon(), "tick_ticked");
+    }
+    mEditor.ICommentDesignerHost_TaggedCommentDeleted(mItem, comment);
+    EXPECT_FALSE(Tab("#two")->GetBold());
+    EXPECT_EQ(Tab("#two")->GetIcon(), "tick");
+    Write("#remarks");
+    EXPECT_EQ(Tab("#two")->GetIcon(), "tick");
+}
+
+TEST_F(CommentEditorNavigationTest, HiddenAndDisabledTabsBearNoMarks) {
+    Load();
+    Tab("#one")->SetEnabled(false);
+    Tab("#two")->SetVisible(false);
+    for (const char* tag : {"#one", "#two"}) {
+        Write(tag);
+        EXPECT_FALSE(Tab(tag)->GetBold()) << tag;
+        EXPECT_EQ(Tab(tag)->GetIcon(), "") << tag;
+    }
+    Tab("#one")->SetEnabled(true);
+    Tab("#two")->SetVisible(true);
+    Write("#remarks");
+    for (const char* tag : {"#one", "#two"})
+        EXPECT_TRUE(Tab(tag)->GetBold()) << tag;
+}
+
 TEST_F(CommentEditorNavigationTest, OnlyCommentsOfTheElementUnderTheExactTagMark) {
     mItem->Comment("#ONE", "another case", "1");
     mItem->Comment("#two", "of another", "2")->SetItem(mModel.Item("P~B"));
@@ -238,6 +317,8 @@ TEST_F(CommentEditorNavigationTest, TheFocusGoesToTheSurface) {
     EXPECT_EQ(mCalls.Take(), "A.SetEditFocus A.SetEditFocusQueued");
     AddTemplate({{"class.html", "Test:Class"}});
     Load();
+    Open("inplaceedit:class.html");
+    mEditor.InPlaceEditor->GetEditControl()->UserFocus(false);
     mCalls.Take();
     mEditor.SetEditFocus();
     EXPECT_TRUE(mEditor.InPlaceEditor->GetEditControl()->HasFocus());
@@ -262,6 +343,19 @@ TEST_F(CommentEditorNavigationTest, TheActiveEditorIsThatOfTheSurface) {
     EXPECT_FALSE(mEditor.GetActiveHTMLEditor(true));
     mEditor.eb->SetSelectedItem(nullptr);
     EXPECT_FALSE(mEditor.GetActiveHTMLEditor(true));
+}
+
+TEST_F(CommentEditorNavigationTest, ListsHaveNoEditorWhateverDesignerThereIs) {
+    Group("flags").Add("flags", "All flags");
+    Load();
+    Open("#plain");
+    const auto designer = mEditor.ActiveDesigner;
+    ASSERT_TRUE(mEditor.GetActiveHTMLEditor(true));
+    for (const char* key : {"other", "flags"}) {
+        Open(key);
+        mEditor.ActiveDesigner = designer;
+        EXPECT_FALSE(mEditor.GetActiveHTMLEditor(true)) << key;
+    }
 }
 
 TEST_F(CommentEditorNavigationTest, CommandsGoToThePageOrTheDefaultDesigner) {
@@ -316,6 +410,8 @@ TEST_F(CommentEditorNavigationTest, AWrapperIsBoundToWhatIsShown) {
     EXPECT_EQ(mCalls.Take(), "A.BindToWrapper(CommandWrapper)");
     AddTemplate({{"class.html", "Test:Class"}});
     Load();
+    wrapped.Take();
+    Open("inplaceedit:class.html");
     EXPECT_EQ(wrapped.Take(), "lockrefresh unlockrefresh BindTo(True,HtmlEdit)");
     mEditor.BindToWrapper(wrapper);
     EXPECT_EQ(wrapped.Take(), "BindTo(True,HtmlEdit)");
@@ -348,6 +444,15 @@ TEST_F(CommentEditorNavigationTest, TheToolbarStyleReachesTheEditors) {
     EXPECT_EQ(mEditor.DockCommentTypes->GetToolbarStyle(), ToolbarStyle::TextUnderIcons);
     EXPECT_EQ(mEditor.InPlaceEditor->GetEditControl()->GetContextToolbarStyle(), 2);
     EXPECT_EQ(ControlOf("fixed").Editor->GetContextToolbarStyle(), 2);
+}
+
+TEST_F(CommentEditorNavigationTest, TheToolbarStyleReachesTheDefaultDesignerFromTheBeginning) {
+    CommentEditor editor;
+    editor.SetToolbarStyle(ToolbarStyle::TextBesideIcons);
+    EXPECT_EQ(ControlOf("fixed").Editor->GetContextToolbarStyle(), 3);
+    editor.Initialize();
+    EXPECT_EQ(ControlOf("fixed").Editor->GetContextToolbarStyle(), 3);
+    EXPECT_EQ(mServices.TakeReports(), "");
 }
 
 } // namespace

@@ -32,6 +32,27 @@ TEST_F(CommentEditorPropertiesTest, LoadingSetsTheTitleAndClearsDirtyLast) {
     EXPECT_TRUE(mEditor.CurrentRootItem == mModel.Provider->Root);
 }
 
+TEST_F(CommentEditorPropertiesTest, AReportTellsItsStateInDeclaredOrder) {
+    Load();
+    VariableDump dump;
+    mEditor.DumpVariables(dump);
+    std::string names;
+    for (const std::string& line : Split(dump.GetText(), "\r\n"))
+        if (line.starts_with("<") && !line.starts_with("</"))
+            names += line.substr(1, line.find('>') - 1) + " ";
+    EXPECT_EQ(names,
+              "NamespaceDefs CurrentRootItem CancelSpellCheck mShowCombo mCurrentNamespaceDef "
+              "mNamespaceChanged mEditInFocus mForceChange mIgnoreReset mCurrentCodeElement "
+              "mShowLegacyTags mListImplicitTaggedCommentType mDesignFlag mSpellCheckCancelled "
+              "mModules mProjectName ActiveDesigner ActiveTaggedCommentDef AddButtonIndex "
+              "DeleteButtonIndex mNoSetFocus mInPlaceTemplate mWrapper mSpell CreatedDesigners "
+              "mBaseURL mKiteProject mInPlaceEditorIsActive mKeepTombstones mDynamicHelpHost "
+              "mCommentType mTipPopup mDirty mAutoSetFocus mTerminated mCheckBoxes "
+              "mPostingtoCheckboxes mPopulating mInitialized ");
+    EXPECT_NE(dump.GetText().find("<mTipPopup>{DataObject}</mTipPopup>"), std::string::npos);
+    EXPECT_NE(dump.GetText().find("<mCheckBoxes>{EBCheckBoxes}</mCheckBoxes>"), std::string::npos);
+}
+
 TEST_F(CommentEditorPropertiesTest, TheDescriptionPaneComesFromTheSettings) {
     mEditor.Initialize();
     EXPECT_TRUE(mEditor.prpTags->GetDescriptionVisible());

@@ -224,6 +224,18 @@ TEST_F(CommentEditorSearchTest, OptionsAndIgnoredWordsReachThePageAndTheDefaultD
     EXPECT_EQ(onDefault->Ignored, std::vector<std::string>{"wrod"});
 }
 
+TEST_F(CommentEditorSearchTest, OptionsReachTheDefaultDesignerBeforeTheFirstElement) {
+    CommentEditor editor;
+    const auto engine = MakeRef<ScriptedEngine>();
+    ControlOf("fixed").Editor->SetSpellObject(engine);
+    SpellOptions options;
+    options.IgnoreWordList = "kite";
+    editor.SetSpellOptions(options);
+    EXPECT_EQ(engine->Options, options);
+    editor.AddIgnoreAll("wrod");
+    EXPECT_EQ(engine->Ignored, std::vector<std::string>{"wrod"});
+}
+
 TEST_F(CommentEditorSearchTest, TheOptionsButtonOfTheOwnEngineAsksTheHost) {
     const auto engine = MakeRef<ScriptedEngine>();
     CurrentServices().Spelling = engine;

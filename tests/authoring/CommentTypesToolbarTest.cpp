@@ -11,23 +11,12 @@ protected:
         Tag("#one").IconName = "NOTE";
         Tag("#two").IconName = "two";
         Tag("#same").IconName = "missing";
-        for (const char* level : {"Test:Project", "Test:Class"})
-            mModel.Def(level)->GetChildDefs()->SetName("kite.test");
     }
     void AddPages(const std::vector<std::string>& files) {
-        const auto made = MakeRef<PageTemplate>();
-        made->Name = "Plain";
-        const auto served = MakeRef<TemplateNamespace>();
-        served->Moniker = "kite.test";
-        made->Namespaces.push_back(served);
-        for (const std::string& file : files) {
-            const auto layout = MakeRef<PageLayout>();
-            layout->Name = file;
-            layout->FileName = file;
-            layout->Namespaces = "Test:Class";
-            made->PageLayouts->Add(layout);
-        }
-        GlobalConfig().Templates.Add(made);
+        std::vector<std::pair<std::string, std::string>> layouts;
+        for (const std::string& file : files)
+            layouts.emplace_back(file, "Test:Class");
+        AddTemplate(layouts);
     }
     DockHost& Dock() { return *mEditor.DockCommentTypes; }
     Ref<DockCommand> Command(const std::string& name) { return Dock().Commands.Item(name); }
@@ -83,11 +72,56 @@ TEST_F(CommentTypesToolbarTest, ARefreshMakesItAnew) {
     EXPECT_EQ(mServices.TakeReports(), "");
 }
 
+TEST_F(CommentTypesToolbarTest, TheTipSurvivesAsTheFirstCommand) {
+    mEditor.Initialize();
+    const auto tip = Command("TipPopup");
+    for (const char* name : {"P~A", "P~B"}) {
+        Load(name);
+        EXPECT_TRUE(Dock().Commands.Item(1) == tip) << name;
+    }
+}
+
 TEST_F(CommentTypesToolbarTest, HiddenAndDisabledItemsHaveNoButtons) {
     Load();
-    mEditor.eb->GetGroup("other")->Item("other")->SetEnabled(false);
+    const auto other = mEditor.eb->GetGroup("other")->Item("other");
+    other->SetEnabled(false);
     mEditor.Refresh(true);
     EXPECT_FALSE(Dock().Commands.Contains("other"));
+    other->SetEnabled(true);
+    other->SetVisible(false);
+    mEditor.Refresh(true);
+    EXPECT_FALSE(Dock().Commands.Contains("other"));
+    other->SetVisible(true);
+    mEditor.Refresh(true);
+    EXPECT_TRUE(Dock().Commands.Contains("other"));
+}
+
+TEST_F(CommentTypesToolbarTest, AChoiceOfTheAuthorIsCarriedOverToTheNextElement) {
+    mEditor.SetShowCombo(true);
+    Load();
+    Dock().UserClick("#one");
+    for (const char* name : {"P~B", "P~C"}) {
+        Load(name);
+        EXPECT_EQ(Selected(), "#one") << name;
+        EXPECT_EQ(Checked(), "#one ") << name;
+    }
+}
+
+TEST_F(CommentTypesToolbarTest, TheItemThatTheCodeChoseIsTheAuthorsOnceItsButtonIsPressed) {
+    for (const char* tag : {"#zero", "#one", "#two", "#same", "#plain"})
+        Tag(tag).Namespaces = "Test:Method";
+    mEditor.SetShowCombo(true);
+    Load();
+    const auto other = mEditor.eb->GetGroup("other")->Item("other");
+    EXPECT_EQ(other->GetTag(), "x");
+    Dock().UserClick("other");
+    EXPECT_EQ(other->GetTag(), "");
+}
+
+TEST_F(CommentTypesToolbarTest, ButtonsAreCheckedIgnoringCase) {
+    Load();
+    mEditor.eb->UserClick(mEditor.eb->GetGroup("other")->Add("FLAGS", "All flags"));
+    EXPECT_EQ(Checked(), "flags ");
 }
 
 TEST_F(CommentTypesToolbarTest, AButtonChoosesTheSurfaceAndTheItemOfTheBar) {
@@ -133,6 +167,34 @@ TEST_F(CommentTypesToolbarTest, TheTipTellsWhatTheTabIsFor) {
     EXPECT_FALSE(Dock().PopupWindow("TipPopup").Content);
 }
 
+TEST_F(CommentTypesToolbarTest, OnlyTabsHaveATip) {
+    AddPages({"a.html"});
+    mEditor.SetShowCombo(true);
+    Load();
+    for (const char* key : {"flags", "other", "inplaceedit:a.html"}) {
+        Dock().UserClick("#one");
+        EXPECT_TRUE(Command("TipPopup")->GetVisible());
+        Dock().UserClick(key);
+        EXPECT_FALSE(Command("TipPopup")->GetVisible()) << key;
+    }
+}
+
+TEST_F(CommentTypesToolbarTest, WithoutATabTheTipStaysAsItWas) {
+    mEditor.SetShowCombo(true);
+    Load();
+    Dock().UserClick("#one");
+    Dock().UserClick("TipPopup");
+    auto& window = Dock().PopupWindow("TipPopup");
+    window.Width = 11;
+    window.Height = 12;
+    ChooseCommand("#nowhere");
+    ASSERT_FALSE(mEditor.ActiveTaggedCommentDef);
+    Dock().Events.PopupWindowShowing.Raise("TipPopup");
+    EXPECT_EQ(window.Content.As<frmTipPopup>()->GetTipText(), "<p><b>One</b></p><p>Tip of One</p>");
+    EXPECT_EQ(window.Width, 11);
+    EXPECT_EQ(window.Height, 12);
+}
+
 TEST_F(CommentTypesToolbarTest, ButtonsTellWhatIsInUse) {
     mItem->Comment("#one", "text", "1");
     mItem->Comment("#todo", "", "t");
@@ -162,6 +224,7 @@ TEST_F(CommentTypesToolbarTest, TheComboFormPutsTheSurfacesUnderTheToolbar) {
     EXPECT_EQ(Dock().GetBounds(), (Bounds{0, 0, 600, 400}));
     Dock().UserClientResize({10, 30, 580, 360});
     EXPECT_EQ(mEditor.tagsContainer->GetBounds(), (Bounds{10, 30, 580, 360}));
+    EXPECT_EQ(mEditor.splitMain->GetBounds(), (Bounds{10, 30, 580, 360}));
     for (const auto& surface : std::initializer_list<Ref<Control>>{
              mEditor.prpTags, mEditor.prpFlags, mEditor.InPlaceEditor, mEditor.DesignerContainer})
         EXPECT_EQ(surface->GetBounds(), (Bounds{0, 0, 580, 360})) << surface->GetName();
@@ -170,6 +233,34 @@ TEST_F(CommentTypesToolbarTest, TheComboFormPutsTheSurfacesUnderTheToolbar) {
     EXPECT_FALSE(Dock().GetVisible());
     EXPECT_TRUE(mEditor.splitMain->GetSecondPane() == mEditor.tagsContainer);
     EXPECT_EQ(mEditor.splitMain->GetBounds(), (Bounds{0, 0, 600, 400}));
+}
+
+TEST_F(CommentTypesToolbarTest, TheToolbarIsNarrowedBeforeItFillsTheControl) {
+    mEditor.UserControl->Move(0, 0, 600, 400);
+    Dock().SetWidth(500);
+    std::vector<int> widths;
+    const auto tie =
+        Dock().ControlEvents.Resize.Connect([&](int width, int) { widths.push_back(width); });
+    mEditor.SetShowCombo(true);
+    EXPECT_EQ(widths, (std::vector<int>{485, 600}));
+}
+
+TEST_F(CommentTypesToolbarTest, AHiddenToolbarMovesNothingBesideTheBar) {
+    mEditor.UserControl->Move(0, 0, 600, 400);
+    Load();
+    const Bounds before = mEditor.tagsContainer->GetBounds();
+    Dock().UserClientResize({10, 30, 50, 40});
+    EXPECT_EQ(mEditor.tagsContainer->GetBounds(), before);
+    EXPECT_EQ(mEditor.splitMain->GetBounds(), (Bounds{0, 0, 600, 400}));
+}
+
+TEST_F(CommentTypesToolbarTest, WithoutATabNoDesignerIsMoved) {
+    Load();
+    Open("other");
+    ControlOf("Z").Move(5, 6, 7, 8);
+    mEditor.Refresh(true);
+    EXPECT_FALSE(mEditor.ActiveTaggedCommentDef);
+    EXPECT_EQ(ControlOf("Z").GetBounds(), (Bounds{5, 6, 7, 8}));
 }
 
 TEST_F(CommentTypesToolbarTest, TheBarComesBackWhereTheControlIsVisible) {

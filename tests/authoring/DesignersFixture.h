@@ -41,6 +41,31 @@ protected:
             if (group->Contains(key)) return mEditor.eb->UserClick(group->Item(key));
         ADD_FAILURE() << "there is no item " << key;
     }
+    /// Has a command for a key that need be no item of the bar.
+    void ChooseCommand(const std::string& key) {
+        if (!mEditor.DockCommentTypes->Commands.Contains(key))
+            mEditor.DockCommentTypes->Commands.AddCheck(key);
+        auto& dock = *mEditor.DockCommentTypes;
+        dock.Events.CommandClick.Raise(dock.Commands.Item(key));
+    }
+    /// Adds a template with these layouts, each a file and its namespaces.
+    void AddTemplate(const std::vector<std::pair<std::string, std::string>>& layouts) {
+        for (const char* level : {"Test:Project", "Test:Class"})
+            mModel.Def(level)->GetChildDefs()->SetName("kite.test");
+        const auto made = MakeRef<PageTemplate>();
+        made->Name = "Plain";
+        const auto served = MakeRef<TemplateNamespace>();
+        served->Moniker = "kite.test";
+        made->Namespaces.push_back(served);
+        for (const auto& [file, namespaces] : layouts) {
+            const auto layout = MakeRef<PageLayout>();
+            layout->Name = file;
+            layout->FileName = file;
+            layout->Namespaces = namespaces;
+            made->PageLayouts->Add(layout);
+        }
+        GlobalConfig().Templates.Add(made);
+    }
     /// Opens a tab; what came before is not told.
     void Start(const std::string& key) {
         Load();
@@ -49,6 +74,10 @@ protected:
     }
     RecordingDesigner& Designer(const std::string& name) { return *mControls.at(name)->Designer; }
     RecordingDesignerControl& ControlOf(const std::string& name) { return *mControls.at(name); }
+    std::string Selected() {
+        const auto item = mEditor.eb->GetSelectedItem();
+        return item ? item->GetKey() : "nothing";
+    }
     std::string FrontSurface() {
         const auto front = mEditor.tagsContainer->GetFrontControl();
         return front ? front->GetName() : "nothing";

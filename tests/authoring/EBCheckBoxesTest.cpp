@@ -1,27 +1,14 @@
 #include "authoring/EBCheckBoxes.h"
 
-#include "foundation/Services.h"
+#include "authoring/ScriptedTheme.h"
 #include "support/EventLog.h"
-#include "support/ScriptedServices.h"
+#include "support/ModelServices.h"
 #include "widgets/FramePanel.h"
 
 #include <gtest/gtest.h>
 
 namespace paperkite::test {
 namespace {
-
-class ScriptedTheme : public ThemeColours {
-public:
-    bool IsActive() const override { return Active; }
-    std::optional<std::uint32_t> ColourOf(int part, int state, int property) const override {
-        if (part != 5 || state != 1) return std::nullopt;
-        const auto found = Colours.find(property);
-        return found == Colours.end() ? std::nullopt : std::optional(found->second);
-    }
-
-    bool Active = true;
-    std::map<int, std::uint32_t> Colours{{3802, 0x112233}, {3803, 0x445566}};
-};
 
 /// Every letter is ten pixels wide, the ellipsis too.
 class TenPixelLetters : public TextMeasure {
@@ -54,7 +41,7 @@ protected:
         return mBoxes.AddCheckbox(*mBar, *mItem, caption, tag, "Tip of " + caption);
     }
 
-    ScriptedServices mServices;
+    ModelServices mServices;
     std::shared_ptr<TenPixelLetters> mMeasure = std::make_shared<TenPixelLetters>();
     Ref<ExplorerBar> mBar = MakeRef<ExplorerBar>("eb");
     Ref<FramePanel> mFrame = MakeRef<FramePanel>("frame");
@@ -202,10 +189,78 @@ TEST_F(EBCheckBoxesTest, ClearTakesAllBoxesOff) {
     EXPECT_EQ(clicked, "21");
 }
 
-TEST_F(EBCheckBoxesTest, AnItemWithoutAFrameIsAnError) {
+TEST_F(EBCheckBoxesTest, TheBoxesAreThereInTheirOrder) {
+    EXPECT_TRUE(mBoxes.GetCheckBoxes().empty());
+    const auto first = Add("One");
+    const auto second = Add("Two");
+    ASSERT_EQ(mBoxes.GetCheckBoxes().size(), 2u);
+    EXPECT_TRUE(mBoxes.GetCheckBoxes()[0] == first);
+    EXPECT_TRUE(mBoxes.GetCheckBoxes()[1] == second);
+    mBoxes.Clear();
+    EXPECT_TRUE(mBoxes.GetCheckBoxes().empty());
+}
+
+// Failures
+
+TEST_F(EBCheckBoxesTest, AnItemWithoutAFrameIsReported) {
     mItem->SetControl(nullptr);
-    EXPECT_EQ(ErrorNumberOf([&] { Add("One"); }), 91);
+    EXPECT_FALSE(Add("One"));
+    EXPECT_EQ(mServices.TakeReports(), "EBCheckBoxes.AddCheckbox (91)\n");
     EXPECT_EQ(mBoxes.Count(), 0u);
+    mItem->SetControl(mFrame);
+    EXPECT_TRUE(Add("Two"));
+    EXPECT_EQ(mServices.TakeReports(), "");
+}
+
+TEST_F(EBCheckBoxesTest, AThemeThatFailsIsReported) {
+    struct FailingTheme : ScriptedTheme {
+        std::optional<std::uint32_t> ColourOf(int, int, int) const override {
+            RaiseError(ErrorNumber::InvalidCall);
+        }
+    };
+    CurrentServices().ThemeColours = std::make_shared<FailingTheme>();
+    mBoxes.SetupExplorerBar(*mBar);
+    EXPECT_EQ(mServices.TakeReports(), "EBCheckBoxes.SetupExplorerBar (5)\n");
+    EXPECT_EQ(mBar->GetGroupBackColor(), Colour());
+}
+
+TEST_F(EBCheckBoxesTest, AMeasureThatFailsIsReportedForEachBox) {
+    struct FailingMeasure : TenPixelLetters {
+        std::string FitWithEllipsis(const std::string& text, int width) const override {
+            if (text == "One") RaiseError(ErrorNumber::InvalidCall);
+            return TenPixelLetters::FitWithEllipsis(text, width);
+        }
+    };
+    Add("One");
+    Add("Two");
+    CurrentServices().TextMeasure = std::make_shared<FailingMeasure>();
+    mBar->SetWidth(230);
+    mBoxes.ResizeCheckboxes(*mBar);
+    EXPECT_EQ(mServices.TakeReports(), "EBCheckBoxes.FitTextByRect (5)\n");
+    EXPECT_EQ(mBoxes.Item(2)->GetWidth(), 203 * 15);
+    EXPECT_EQ(mBoxes.Item(2)->GetCaption(), "Two");
+    EXPECT_EQ(mBoxes.CaptionOf(1), "One");
+    CurrentServices().TextMeasure = mMeasure;
+    mBoxes.ResizeCheckboxes(*mBar);
+    EXPECT_EQ(mBoxes.Item(1)->GetCaption(), "One");
+}
+
+TEST_F(EBCheckBoxesTest, ABarWithoutFlagsIsReported) {
+    Add("One");
+    mBar->RemoveGroup("flags");
+    mBoxes.ResizeCheckboxes(*mBar);
+    EXPECT_EQ(mServices.TakeReports(), "EBCheckBoxes.ResizeCheckboxes (5)\n");
+}
+
+TEST_F(EBCheckBoxesTest, AReportTellsBoxesAndCaptions) {
+    Add("One");
+    VariableDump dump;
+    mBoxes.DumpVariables(dump);
+    EXPECT_EQ(dump.GetText(),
+              "<mCheckBoxes>\r\n<mCheckBoxes Index=\"1\">{DataObject}</mCheckBoxes>\r\n"
+              "</mCheckBoxes>\r\n<mCheckBoxCaptions>\r\n"
+              "<mCheckBoxCaptions Index=\"1\">One</mCheckBoxCaptions>\r\n"
+              "</mCheckBoxCaptions>\r\n");
 }
 
 } // namespace

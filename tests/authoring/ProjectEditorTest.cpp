@@ -41,6 +41,13 @@ TEST_F(ProjectEditorTest, TheHostHearsOfTheDefinitionBeforeTheItemIsLoaded) {
     EXPECT_EQ(heard, "P~B/Test:Class/P~A~Run");
 }
 
+TEST_F(ProjectEditorTest, TheToolbarStyleReachesBothHalves) {
+    mEditor.SetToolbarStyle(static_cast<int>(ToolbarStyle::TextBesideIcons));
+    EXPECT_EQ(mEditor.Project.Dock->GetToolbarStyle(), ToolbarStyle::TextBesideIcons);
+    EXPECT_EQ(mEditor.cEditor.DockCommentTypes->GetToolbarStyle(), ToolbarStyle::TextBesideIcons);
+    EXPECT_EQ(mEditor.cEditor.InPlaceEditor->GetEditControl()->GetContextToolbarStyle(), 3);
+}
+
 TEST_F(ProjectEditorTest, AGroupEmptiesTheEditorAndLeavesPasteAsItWas) {
     mEditor.Project.SetGrouped(true);
     mModel.Def("Test:Class")->GroupInEditing = true;
