@@ -1,53 +1,20 @@
 #include "pagelayout/KeptElements.h"
 
+#include "foundation/Error.h"
 #include "foundation/Text.h"
 
-#include <cstdlib>
+#include <algorithm>
+#include <charconv>
 
 namespace paperkite {
 
 namespace {
 
-constexpr std::string_view kTag = "<!--KITEMETADATA ";
-constexpr std::string_view kComment = "<!--";
-constexpr std::string_view kStart = "start";
-constexpr std::string_view kEnd = "end";
 constexpr std::string_view kClose = "-->";
+constexpr std::string_view kEscapedClose = "--&gt;";
 
-struct Stretch {
-    std::size_t Begin = 0;
-    std::size_t End = 0;
-};
-
-bool BeginsTag(const std::string& html, std::size_t at, std::string_view tag) {
-    return EqualIgnoringCase(std::string_view(html).substr(at, tag.size()), tag);
-}
-
-// The outermost elements, in the order of the text. A tag without its counterpart is text.
-std::vector<Stretch> OutermostElements(const std::string& html) {
-    std::vector<Stretch> found;
-    std::vector<std::size_t> open;
-    for (std::size_t at = html.find(kComment); at != std::string::npos;
-         at = html.find(kComment, at)) {
-        if (!BeginsTag(html, at, kTag)) {
-            at += kComment.size();
-            continue;
-        }
-        const std::size_t close = html.find(kClose, at);
-        if (close == std::string::npos) break;
-        const std::size_t end = close + kClose.size();
-        const std::size_t word = at + kTag.size();
-        if (EqualIgnoringCase(html.substr(word, kStart.size()), kStart)) {
-            open.push_back(at);
-        } else if (EqualIgnoringCase(html.substr(word, kEnd.size()), kEnd) && !open.empty()) {
-            while (!found.empty() && found.back().Begin > open.back())
-                found.pop_back();
-            found.push_back({open.back(), end});
-            open.pop_back();
-        }
-        at = end;
-    }
-    return found;
+std::string StartTagOf(const std::string& source) {
+    return source.substr(0, source.find(kClose) + kClose.size());
 }
 
 // Without the blank behind the indentation, which is even.
@@ -60,17 +27,18 @@ void DropOddBlank(std::string& text) {
 
 } // namespace
 
-std::string KeptElements::Hide(const std::string& html) {
-    while (html.find(mPrefix) != std::string::npos)
-        mPrefix += '-';
+std::string KeptElements::Hide(const Collection<Ref<ParserElement>>& pieces) {
+    for (const auto& piece : pieces)
+        if (piece->ElementType != kParserTagElement)
+            // Behind the "<", which the text may hold in its escaped form.
+            while (piece->Text.find(mPrefix.substr(1)) != std::string::npos)
+                mPrefix += '-';
     std::string hidden;
-    std::size_t from = 0;
-    for (const Stretch& element : OutermostElements(html)) {
-        hidden.append(html, from, element.Begin - from);
-        hidden += Keep(html.substr(element.Begin, element.End - element.Begin));
-        from = element.End;
-    }
-    return hidden.append(html, from);
+    for (const auto& piece : pieces)
+        hidden += piece->ElementType == kParserTagElement ? Keep(piece->SourceText) : piece->Text;
+    mIsExpected.assign(mSources.size() + 1, true);
+    mIsExpected[0] = false;
+    return hidden;
 }
 
 std::string KeptElements::Keep(std::string source) {
@@ -78,7 +46,48 @@ std::string KeptElements::Keep(std::string source) {
     return mPrefix + std::to_string(mSources.size()) + std::string(kClose);
 }
 
-std::string KeptElements::Restore(const std::string& html) const {
+void KeptElements::Forget(std::string_view html) {
+    if (mIsExpected.size() <= 1) return;
+    for (std::size_t at = html.find(mPrefix); at != std::string_view::npos;
+         at = html.find(mPrefix, at + 1)) {
+        std::size_t end = at;
+        const std::size_t number = NumberAt(html, at, end);
+        if (number < mIsExpected.size()) mIsExpected[number] = false;
+    }
+}
+
+std::size_t KeptElements::NumberAt(std::string_view html, std::size_t at, std::size_t& end) const {
+    if (html.substr(at, mPrefix.size()) != mPrefix) return 0;
+    std::size_t number = 0;
+    const char* digits = html.data() + at + mPrefix.size();
+    const auto read = std::from_chars(digits, html.data() + html.size(), number);
+    end = static_cast<std::size_t>(read.ptr - html.data());
+    if (read.ec != std::errc() || number > mSources.size() ||
+        html.substr(end, kClose.size()) != kClose)
+        return 0;
+    end += kClose.size();
+    return number;
+}
+
+std::string KeptElements::WithBareComments(const std::string& html) const {
+    const std::string escaped = "&lt;" + mPrefix.substr(1);
+    std::string bare;
+    std::size_t from = 0;
+    for (std::size_t at = html.find(escaped); at != std::string::npos;
+         at = html.find(escaped, at + 1)) {
+        const std::size_t digits = at + escaped.size();
+        const std::size_t end = std::min(html.find_first_not_of("0123456789", digits), html.size());
+        if (html.compare(end, kEscapedClose.size(), kEscapedClose) != 0) continue;
+        bare.append(html, from, at - from).append(mPrefix);
+        bare.append(html, digits, end - digits).append(kClose);
+        from = end + kEscapedClose.size();
+    }
+    return from == 0 ? html : bare.append(html, from);
+}
+
+std::string KeptElements::Restore(const std::string& rewritten) const {
+    const std::string html = WithBareComments(rewritten);
+    std::vector<bool> found(mSources.size() + 1);
     std::string restored;
     std::size_t from = 0;
     bool isPreformatted = false;
@@ -91,17 +100,27 @@ std::string KeptElements::Restore(const std::string& html) const {
             if (EqualIgnoringCase(name.substr(0, 3), "pre") || EqualIgnoringCase(name, "textarea"))
                 isPreformatted = !isEnd;
         }
-        if (first != '!' || html.compare(at, mPrefix.size(), mPrefix) != 0) continue;
-        const std::size_t digits = at + mPrefix.size();
-        const std::size_t number = std::strtoul(html.c_str() + digits, nullptr, 10);
-        const std::size_t close = html.find(kClose, digits);
-        if (number < 1 || number > mSources.size() || close == std::string::npos) continue;
+        if (first != '!') continue;
+        std::size_t end = at;
+        const std::size_t number = NumberAt(html, at, end);
+        if (number == 0) continue;
         restored.append(html, from, at - from);
         if (!isPreformatted) DropOddBlank(restored);
         restored += mSources[number - 1];
-        from = close + kClose.size();
+        found[number] = true;
+        from = end;
     }
+    RaiseLost(found);
     return restored.append(html, from);
+}
+
+void KeptElements::RaiseLost(const std::vector<bool>& found) const {
+    for (std::size_t number = 1; number < mIsExpected.size(); ++number)
+        if (mIsExpected[number] && !found[number])
+            RaiseError(ErrorNumber::InvalidCall,
+                       "The element " + StartTagOf(mSources[number - 1]) +
+                           " would be lost where it stands. Put it into the head or the body, "
+                           "between tags or as an attribute's value in quotation marks");
 }
 
 } // namespace paperkite

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "foundation/Collection.h"
+#include "foundation/ParserElement.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -11,24 +14,33 @@ namespace paperkite {
 /// them: a bare comment stands in for each, which is legal everywhere an element is.
 ///
 ///     KeptElements kept;
-///     std::string html = kept.Hide(text);
+///     std::string html = kept.Hide(parsed->GetSections()->Item(1)->Elements);
 ///     …
 ///     return kept.Restore(Tidied(html));
 class KeptElements {
 public:
-    /// With a comment for each element that has both its tags; those inside another one go with
-    /// it. Call it before Keep.
-    std::string Hide(const std::string& html);
+    /// The text that a parser took apart, with a comment for each tag element. Call it before Keep.
+    std::string Hide(const Collection<Ref<ParserElement>>& pieces);
     /// The comment that stands for a source text.
     std::string Keep(std::string source);
-    /// Puts the source texts back. A blank that the rewriting left in front of one at the begin of
-    /// a line, behind the indentation, goes.
+    /// Does not expect the comments of a part that is taken away.
+    void Forget(std::string_view html);
+    /// Puts the source texts back, also where a comment was taken for text, as in a title. A blank
+    /// that the rewriting left in front of one at the begin of a line, behind the indentation,
+    /// goes. Error 5 for a hidden element that is lost and was not forgotten.
     std::string Restore(const std::string& html) const;
 
 private:
+    /// The number of the comment at a position and where it ends; 0 for anything else.
+    std::size_t NumberAt(std::string_view html, std::size_t at, std::size_t& end) const;
+    std::string WithBareComments(const std::string& html) const;
+    void RaiseLost(const std::vector<bool>& found) const;
+
     /// Begins the comments; nothing in the text does.
     std::string mPrefix = "<!--kitekept";
     std::vector<std::string> mSources;
+    /// By number, for those that Hide gave out.
+    std::vector<bool> mIsExpected;
 };
 
 } // namespace paperkite

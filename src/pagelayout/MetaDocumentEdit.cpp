@@ -32,20 +32,25 @@ std::int32_t StrictInteger(const std::string& text) {
 
 } // namespace
 
+Ref<ParserTemplate> MetaDocumentEdit::ParsedLayout(const std::string& HTML) {
+    const auto& create = CurrentServices().CreateParserTemplate;
+    if (!create) RaiseError(ErrorNumber::CannotCreateComponent);
+    const Ref<ParserTemplate> t = create();
+    t->SetMetaDocumentMode(true);
+    t->SetStartTagPrefix("<!--KITEMETADATA start");
+    t->SetStartTagSuffix("-->");
+    t->SetEndTagPrefix("<!--KITEMETADATA end");
+    t->SetEndTagSuffix("-->");
+    t->LoadText(HTML);
+    return t;
+}
+
 Ref<ParserTemplate> MetaDocumentEdit::CreateParserTemplate(const std::string& HTML) {
     return Procedure<Ref<ParserTemplate>>(
         *this, "CreateParserTemplate", [&](Ref<ParserTemplate>& result, Frame& frame) {
             Watch watchHTML(frame, "HTML", HTML);
-            const auto& create = CurrentServices().CreateParserTemplate;
-            if (!create) RaiseError(ErrorNumber::CannotCreateComponent);
-            const Ref<ParserTemplate> t = create();
+            const Ref<ParserTemplate> t = ParsedLayout(HTML);
             Local watchTemplate(frame, "t", t);
-            t->SetMetaDocumentMode(true);
-            t->SetStartTagPrefix("<!--KITEMETADATA start");
-            t->SetStartTagSuffix("-->");
-            t->SetEndTagPrefix("<!--KITEMETADATA end");
-            t->SetEndTagSuffix("-->");
-            t->LoadText(HTML);
             result = t;
             const std::string errors = t->GetParseErrors();
             if (errors.empty()) return;
@@ -101,7 +106,11 @@ std::string MetaDocumentEdit::ConvertSpanDocumentToMetaDocument(const std::strin
             // Elements in the head and between cells would not survive the document as they are.
             KeptElements kept;
             const auto document =
-                Required(CurrentServices().HTMLDOMFactory).CreateFromString(kept.Hide(HTML), {});
+                Required(CurrentServices().HTMLDOMFactory)
+                    .CreateFromString(
+                        kept.Hide(
+                            ParsedLayout(HTML)->GetSections()->Item(std::size_t{1})->Elements),
+                        {});
             Local watchDocument(frame, "document", document);
             ReplaceSpans(*document, kept);
             NameGenerator(*document);
@@ -124,7 +133,10 @@ void MetaDocumentEdit::ReplaceSpan(HTMLDocument& document, HTMLElement& span, Ke
     span.InsertAdjacentHTML(InsertPosition::AfterEnd, "<span id=\"" + std::string(kScratchId) +
                                                           "\">$$</span>" + kept.Keep(source));
     // A span inside one that is gone already has nothing left to stand for.
-    if (const auto scratch = document.All(kScratchId)) scratch->SetOuterHTML("");
+    if (const auto scratch = document.All(kScratchId)) {
+        scratch->SetOuterHTML("");
+        kept.Forget(span.GetInnerHTML());
+    }
     span.SetOuterHTML("");
 }
 

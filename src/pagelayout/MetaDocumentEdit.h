@@ -76,6 +76,8 @@ public:
 
 private:
     Ref<ParserTemplate> CreateParserTemplate(const std::string& HTML);
+    /// The elements and the text between them; mistakes are not shown.
+    static Ref<ParserTemplate> ParsedLayout(const std::string& HTML);
     void FindExcludedElements();
     void ReplaceSpans(HTMLDocument& document, KeptElements& kept);
     void ReplaceSpan(HTMLDocument& document, HTMLElement& span, KeptElements& kept);

@@ -1,5 +1,8 @@
 #include "pagelayout/KeptElements.h"
 
+#include "foundation/Error.h"
+#include "model/TemplateParser.h"
+
 #include <gtest/gtest.h>
 
 namespace paperkite {
@@ -9,10 +12,27 @@ std::string Element(const std::string& text) {
     return "<!--KITEMETADATA start type=\"x\"-->" + text + "<!--KITEMETADATA end-->";
 }
 
+std::string Hidden(KeptElements& kept, const std::string& html) {
+    const auto parser = MakeRef<TemplateParser>();
+    parser->SetMetaDocumentMode(true);
+    parser->SetPageLayoutTags();
+    parser->LoadText(html);
+    return kept.Hide(parser->GetSections()->Item(std::size_t{1})->Elements);
+}
+
+std::string ErrorOfRestoring(const KeptElements& kept, const std::string& html) {
+    try {
+        kept.Restore(html);
+    } catch (const Error& error) {
+        return error.GetDescription();
+    }
+    return "none";
+}
+
 TEST(KeptElementsTest, AnElementIsACommentUntilItIsRestored) {
     KeptElements kept;
     const std::string html = "a" + Element("<td>\n        b</td>") + "c";
-    const std::string hidden = kept.Hide(html);
+    const std::string hidden = Hidden(kept, html);
     EXPECT_EQ(hidden, "a<!--kitekept1-->c");
     EXPECT_EQ(kept.Restore(hidden), html);
 }
@@ -20,24 +40,66 @@ TEST(KeptElementsTest, AnElementIsACommentUntilItIsRestored) {
 TEST(KeptElementsTest, AnElementInsideAnotherGoesWithIt) {
     KeptElements kept;
     const std::string html = Element(Element("a") + Element("b")) + Element("c");
-    EXPECT_EQ(kept.Hide(html), "<!--kitekept1--><!--kitekept2-->");
-    EXPECT_EQ(kept.Restore("<!--kitekept2-->"), Element("c"));
+    EXPECT_EQ(Hidden(kept, html), "<!--kitekept1--><!--kitekept2-->");
+    EXPECT_EQ(kept.Restore("<!--kitekept2--> <!--kitekept1-->"),
+              Element("c") + " " + Element(Element("a") + Element("b")));
+}
+
+TEST(KeptElementsTest, TagsThatTheParserRefusesAreTextAndWhatIsBetweenThemIsNot) {
+    KeptElements kept;
+    const std::string twice = "<!--KITEMETADATA start type=\"a\" type=\"b\"-->";
+    EXPECT_EQ(Hidden(kept, twice + "x" + Element("y") + "z<!--KITEMETADATA end-->"),
+              twice + "x<!--kitekept1-->z<!--KITEMETADATA end-->");
+    KeptElements none;
+    const std::string small = "<!--kitemetadata start type=\"a\"-->x<!--kitemetadata end-->";
+    EXPECT_EQ(Hidden(none, small), small);
 }
 
 TEST(KeptElementsTest, TagsWithoutTheirCounterpartAreText) {
     KeptElements kept;
     const std::string html =
         "<!--KITEMETADATA end-->x<!--KITEMETADATA start a-->y" + Element("z") + "<!--KITEMETADATA ";
-    EXPECT_EQ(kept.Hide(html), "<!--KITEMETADATA end-->x<!--KITEMETADATA start a-->y"
-                               "<!--kitekept1--><!--KITEMETADATA ");
+    EXPECT_EQ(Hidden(kept, html), "<!--KITEMETADATA end-->x<!--KITEMETADATA start a-->y"
+                                  "<!--kitekept1--><!--KITEMETADATA ");
 }
 
 TEST(KeptElementsTest, ATextThatHoldsSuchACommentIsLeftAlone) {
     KeptElements kept;
-    const std::string html = "<!--kitekept1-->" + Element("a");
-    const std::string hidden = kept.Hide(html);
-    EXPECT_EQ(hidden, "<!--kitekept1--><!--kitekept-1-->");
+    const std::string html = "<!--kitekept1-->&lt;!--kitekept1--&gt;" + Element("a");
+    const std::string hidden = Hidden(kept, html);
+    EXPECT_EQ(hidden, "<!--kitekept1-->&lt;!--kitekept1--&gt;<!--kitekept-1-->");
     EXPECT_EQ(kept.Restore(hidden), html);
+    KeptElements escaped;
+    const std::string written = "&lt;!--kitekept1--&gt;" + Element("a");
+    EXPECT_EQ(escaped.Restore(Hidden(escaped, written)), written);
+}
+
+TEST(KeptElementsTest, ACommentThatWasWrittenAsTextIsRestoredToo) {
+    KeptElements kept;
+    const std::string hidden = Hidden(kept, Element("a") + "," + Element("b"));
+    ASSERT_EQ(hidden, "<!--kitekept1-->,<!--kitekept2-->");
+    EXPECT_EQ(kept.Restore("x &lt;!--kitekept1--&gt;,&lt;!--kitekept2--&gt; y"),
+              "x " + Element("a") + "," + Element("b") + " y");
+}
+
+TEST(KeptElementsTest, AHiddenElementThatIsLostIsAnErrorThatNamesIt) {
+    KeptElements kept;
+    const std::string hidden = Hidden(kept, Element("a") + Element("b"));
+    EXPECT_EQ(ErrorOfRestoring(kept, hidden), "none");
+    const std::string told = ErrorOfRestoring(kept, "<!--kitekept2-->");
+    EXPECT_TRUE(told.starts_with("The element <!--KITEMETADATA start type=\"x\"--> would be lost"))
+        << told;
+    EXPECT_NE(ErrorOfRestoring(kept, "<!--kitekept1--=\"\">a<!--kitekept2-->"), "none")
+        << "the rest of such a comment is none of it";
+}
+
+TEST(KeptElementsTest, AnElementInAPartThatIsTakenAwayIsNotMissed) {
+    KeptElements kept;
+    Hidden(kept, Element("a") + Element("b"));
+    const std::string span = kept.Keep("S");
+    kept.Forget("x<!--kitekept1-->y");
+    EXPECT_EQ(kept.Restore("<!--kitekept2-->"), Element("b"));
+    EXPECT_EQ(kept.Restore(span + "<!--kitekept2-->"), "S" + Element("b"));
 }
 
 TEST(KeptElementsTest, ABlankBehindTheIndentationGoesButNotInPreformattedText) {
@@ -55,7 +117,7 @@ TEST(KeptElementsTest, AHundredThousandOpenTagsTakeNoLongerThanTheirText) {
     for (int count = 0; count < 100000; ++count)
         html += "<!--KITEMETADATA start a-->";
     KeptElements kept;
-    EXPECT_EQ(kept.Hide(html), html);
+    EXPECT_EQ(Hidden(kept, html), html);
 }
 
 } // namespace

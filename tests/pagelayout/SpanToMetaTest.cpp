@@ -42,6 +42,62 @@ TEST_F(SpanToMetaTest, ExcludedElementsComeThroughUntouched) {
     EXPECT_EQ(ToMeta(spans), html);
 }
 
+TEST_F(SpanToMetaTest, AnElementInATitleComesThrough) {
+    for (const char* tag : {"title", "textarea"}) {
+        const std::string name = tag;
+        const std::string html = "<html><head><title>t</title></head><p><" + name + ">a " +
+                                 Meta("title", "T & <b>") + " b</" + name + "></p></html>";
+        const std::string meta = ToMeta(ToSpan(html));
+        EXPECT_NE(meta.find(">a " + Meta("title", "T & <b>") + " b</"), std::string::npos) << meta;
+        EXPECT_EQ(meta.find("kitekept"), std::string::npos) << meta;
+    }
+    const std::string html = Page(Meta("x"), "<title>" + Meta("title", "T") + "</title><style>" +
+                                                 Meta("s") + "</style>");
+    EXPECT_EQ(ToMeta(ToSpan(html)), html);
+    EXPECT_EQ(Messages(), "");
+}
+
+TEST_F(SpanToMetaTest, AnElementThatTheDocumentCannotHoldIsReportedInsteadOfLost) {
+    const std::string html = "<!DOCTYPE html>" + Meta("early") + Page("a");
+    EXPECT_EQ(ToMeta(ToSpan(html)), "");
+    EXPECT_NE(Messages().find("type=\"early\"--> would be lost"), std::string::npos);
+}
+
+TEST_F(SpanToMetaTest, SpansBetweenTagsThatWereRefusedAreReplaced) {
+    const std::string twice = "<!--KITEMETADATA start type=\"a\" type=\"b\"-->";
+    const std::string html =
+        Page(twice + "x" + Meta("c", "t") + "y<!--KITEMETADATA end-->",
+             "<!--kitemetadata start--><meta name=\"generator\" content=\"\"><!--kitemetadata "
+             "end-->");
+    const std::string spans = ToSpan(html);
+    EXPECT_EQ(Numbers(spans), "1 ");
+    EXPECT_EQ(ToMeta(spans), ReplaceAll(html, "content=\"\"",
+                                        "content=\"Brindlewick Paperkite "
+                                        "(https://www.brindlewick.example/)\""));
+}
+
+TEST_F(SpanToMetaTest, TheGeneratorTagBetweenRefusedTagsIsRenamed) {
+    const std::string twice = "<!--KITEMETADATA start type=\"a\" type=\"b\"-->";
+    const std::string meta = ToMeta(
+        ToSpan(Page("a", twice + "<meta name=\"generator\" content=\"\"><!--KITEMETADATA end-->")));
+    EXPECT_NE(meta.find("content=\"Brindlewick Paperkite "), std::string::npos) << meta;
+}
+
+TEST_F(SpanToMetaTest, AnElementInTheTextOfAnElementComesBackWithIt) {
+    const std::string html = Page("1" + Meta("a", "x" + Meta("b") + "y"));
+    const std::string spans = ToSpan(html);
+    EXPECT_NE(spans.find(Meta("b")), std::string::npos) << "the span shows the text as it is";
+    EXPECT_EQ(ToMeta(spans), html);
+    EXPECT_EQ(Messages(), "");
+}
+
+TEST_F(SpanToMetaTest, TheProviderMakesNoSpansBehindTheConversion) {
+    const std::string spans = ToSpan(Page("1" + Meta("a")));
+    EXPECT_TRUE(mEdit.GetSpanProvider()->OutputSpans);
+    ToMeta(spans);
+    EXPECT_FALSE(mEdit.GetSpanProvider()->OutputSpans);
+}
+
 TEST_F(SpanToMetaTest, WhatStandsInFrontOfTheRootIsLost) {
     EXPECT_EQ(ToMeta(ToSpan("<!DOCTYPE html>\n" + Page(Meta("a")))), Page(Meta("a")));
 }
