@@ -71,7 +71,7 @@ InPlaceEditor::InPlaceEditor(std::string name) : Container(std::move(name)) {
     ed->SetAccessibleName("Page");
     Controls.Add(ed);
     Controls.Add(FlatStrip);
-    SetLayout(FormLayout::Column({FormLayout::Item(ed, 1), FormLayout::Item(FlatStrip)}));
+    zArrange();
     zConnect();
 }
 
@@ -79,11 +79,24 @@ InPlaceEditor::~InPlaceEditor() {
     Terminate();
 }
 
+void InPlaceEditor::zArrange() {
+    mTheme = CurrentServices().ThemeColours;
+    const bool isThemed = mTheme && mTheme->IsActive();
+    // Another layout has its view made again.
+    if (isThemed == mThemed && GetLayout().GetKind() != FormLayout::Kind::Empty) return;
+    mThemed = isThemed;
+    std::vector<FormLayout> parts{FormLayout::Item(ed, 1), FormLayout::Item(FlatStrip)};
+    SetLayout(mThemed ? FormLayout::Framed(std::move(parts))
+                      : FormLayout::Column(std::move(parts)));
+}
+
 void InPlaceEditor::Initialize(ICommentDesignerHost* Host, const std::string& AppName,
                                const std::string& BaseURL) {
     Procedure(*this, "Initialize", [&](Frame& frame) {
+        Watch watchHost(frame, "Host", Host);
         Watch watchApp(frame, "AppName", AppName);
         Watch watchBase(frame, "BaseURL", BaseURL);
+        zArrange();
         mBaseURL = BaseURL;
         ed->SetApplicationName(AppName);
         ed->SetSpellAsYouType(false);
@@ -113,6 +126,7 @@ ICommentDesignerHost& InPlaceEditor::zHost() const {
 
 void InPlaceEditor::ConfigureKiteProject() {
     Procedure(*this, "ConfigureKiteProject", [&](Frame&) {
+        if (!mHost || !mKiteProject) return;
         const auto pageTemplate = zHost().ICommentDesignerHost_Template();
         // Without a template there is no page to make.
         if (!pageTemplate) {
@@ -159,6 +173,8 @@ void InPlaceEditor::Load(const Ref<Object>& CodeElement, const std::string& Layo
         Watch watchElement(frame, "CodeElement", CodeElement);
         Watch watchLayout(frame, "LayoutFileName", LayoutFileName);
         const bool ForEdit = !zIsPreview();
+        // What was typed is a change as long as no page is loading.
+        CommitEdit();
         mCodeElement = CodeElement;
         bool isShown = false;
         const ScopeExit otherwiseEmpty([&] {
@@ -283,9 +299,11 @@ Ref<ParserTemplate> InPlaceEditor::CreateParserTemplate(const std::string& FileN
 }
 
 void InPlaceEditor::RemoveTempFiles() {
-    for (const auto& file : CreatedFiles)
-        Ignoring([&] { Required(CurrentServices().FileSystem).DeleteFile(file); });
-    zDeleteScratchFile();
+    Procedure(*this, "RemoveTempFiles", [&](Frame&) {
+        for (const auto& file : CreatedFiles)
+            Ignoring([&] { Required(CurrentServices().FileSystem).DeleteFile(file); });
+        zDeleteScratchFile();
+    });
 }
 
 void InPlaceEditor::zDeleteScratchFile() {
@@ -314,16 +332,19 @@ void InPlaceEditor::Terminate() {
 void InPlaceEditor::DumpVariables(VariableDump& dump) const {
     dump.Add("mLoading", mLoading)
         .Add("mBaseURL", mBaseURL)
-        .Add("CommentType", static_cast<int>(CommentType))
+        .Add("CommentType", CommentType)
         .Add("mDocType", mDocType)
         .Add("mKiteProject", mKiteProject)
         .Add("mCodeElement", mCodeElement)
         .Add("mLayoutFileName", mLayoutFileName)
         .Add("mResetUndo", mResetUndo)
         .Add("CreatedFiles", Value::ArrayOfTexts(CreatedFiles))
+        .Add("mHost", mHost)
         .Add("mIgnoreChanges", mIgnoreChanges)
         .Add("mTerminated", mTerminated)
-        .Add("AutoSetFocus", AutoSetFocus);
+        .Add("AutoSetFocus", AutoSetFocus)
+        .Add("mTheme", mTheme)
+        .Add("mThemed", mThemed);
 }
 
 } // namespace paperkite

@@ -5,10 +5,12 @@
 #include "foundation/KiteProject.h"
 #include "foundation/ParserTemplate.h"
 #include "foundation/Procedure.h"
+#include "foundation/Theme.h"
 #include "widgets/Container.h"
 #include "widgets/FlatStrip.h"
 #include "widgets/HtmlEdit.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -89,6 +91,9 @@ private:
     /// Error 91 before Initialize and behind Terminate.
     ICommentDesignerHost& zHost() const;
 
+    /// Puts the strip below the page, and a frame around both while a visual theme is active.
+    void zArrange();
+
     // Loading
     void ConfigureKiteProject();
     void zShowVariableNames();
@@ -108,7 +113,7 @@ private:
     void ed_EditableSpanChanged(const Ref<HTMLElement>& Span);
     void zStoreText(const Ref<Object>& obj, const std::string& TagIdentifier,
                     const std::string& NewText);
-    static bool InPopupBubble(const Ref<HTMLElement>& Element);
+    bool InPopupBubble(const Ref<HTMLElement>& Element) const;
     Ref<TaggedComment> FindTaggedComment(const Ref<Object>& Item,
                                          const std::string& TagIdentifier) const;
     Ref<TaggedComment> NewTaggedComment(const std::string& TagIdentifier, const std::string& Text);
@@ -117,10 +122,16 @@ private:
     // Commands
     void zConnect();
     void FlatStrip_Change(const Ref<FlatTab>& PreviousTab, const Ref<FlatTab>& FlatTab);
-    void ed_BeforeShowContextMenuEx(bool& CancelDefault, bool& ShowDefault);
+    void ed_BeforeShowContextMenuEx(int X, int Y, const Ref<HTMLElement>& ObjectAtPoint,
+                                    bool& CancelDefault, bool& ShowDefault, HtmlMenuType MenuType);
     void ed_CommandClick(const std::string& CommandName, bool& Ignore);
     void ed_ToolsRefreshed();
-    void ed_GetURL(std::string& URL, std::string& Caption, bool ShowCaption, bool& CancelDefault);
+    void ed_GetURL(std::string& URL, std::string& Caption, bool& RemoveLink, bool ShowRemoveLink,
+                   bool ShowCaption, bool EnabledKiteLinks, bool& CancelDefault);
+    void ed_HyperlinkClick(const std::string& hRef);
+    void ed_InsertHyperLinkRequest(const std::string& SelectedText, std::string& Link,
+                                   bool& Cancel);
+    void ed_SpellIgnoreWordAdded(const std::string& Word);
     bool zIsPreview() const;
 
     InstanceCount mInstanceCount{"InPlaceEditor", ComponentType::Control};
@@ -134,6 +145,10 @@ private:
     ICommentDesignerHost* mHost = nullptr;
     bool mIgnoreChanges = false;
     bool mTerminated = false;
+    /// The visual theme of the window system, or nothing.
+    std::shared_ptr<ThemeColours> mTheme;
+    /// Whether the frame is drawn.
+    bool mThemed = false;
     std::string mLastPreviewFolder;
     std::vector<Connection> mConnections;
 };

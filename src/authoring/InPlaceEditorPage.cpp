@@ -56,7 +56,8 @@ bool IsProjectOf(const Ref<Object>& item, const std::string& extension) {
 }
 
 bool IsBlock(const Ref<Object>& item) {
-    return IsType(item, "Block") || IsType(item, "BlockElement");
+    ControlHelper& helper = Required(CurrentServices().ControlHelper);
+    return helper.IsType(item, "Block") || helper.IsType(item, "BlockElement");
 }
 
 } // namespace
@@ -86,11 +87,11 @@ void InPlaceEditor::zMakePlaceEditable(const Ref<HTMLElement>& span) {
     const auto obj = zHost().ICommentDesignerHost_GetObjectFromQualifiedName(NameIn(span));
     if (!obj) return;
     const std::string TagIdentifier = TagIn(span);
+    const auto tc = FindTaggedComment(obj, TagIdentifier);
     if (zIsSkipped(obj, TagIdentifier)) {
         span->GetParentElement()->GetParentElement()->SetOuterHTML({});
         return;
     }
-    const auto tc = FindTaggedComment(obj, TagIdentifier);
     if (!tc) return;
     const auto place = ed->GetDocument()->CreateElement("SPAN");
     place->SetInnerHTML(tc->GetText());
@@ -114,32 +115,45 @@ bool InPlaceEditor::zIsSkipped(const Ref<Object>& obj, const std::string& TagIde
     return !obj->Get(ofProject ? "HasOverloadsInProject" : "HasOverloads").ToBoolean();
 }
 
-bool InPlaceEditor::InPopupBubble(const Ref<HTMLElement>& Element) {
-    for (Ref<HTMLElement> at = Element; at; at = at->GetParentElement())
-        if (EqualIgnoringCase(at->GetTagName(), "DIV") && at->GetClassName() == "popupbubble")
-            return true;
-    return false;
+bool InPlaceEditor::InPopupBubble(const Ref<HTMLElement>& Element) const {
+    return Procedure<bool>(*this, "InPopupBubble", [&](bool& result, Frame& frame) {
+        Watch watchElement(frame, "Element", Element);
+        for (Ref<HTMLElement> at = Element; at && !result; at = at->GetParentElement())
+            result =
+                EqualIgnoringCase(at->GetTagName(), "DIV") && at->GetClassName() == "popupbubble";
+    });
 }
 
 Ref<TaggedComment> InPlaceEditor::FindTaggedComment(const Ref<Object>& Item,
                                                     const std::string& TagIdentifier) const {
-    const auto all = Item->Get("TaggedComments").ToObjectOf<TaggedCommentCollection>();
-    // What UnDeletedTaggedComments holds, without making a collection for each place of a page.
-    for (const auto& comment : *all)
-        if (comment->GetState() != kTaggedCommentTombstone &&
-            EqualIgnoringCase(comment->GetTagIdentifier(), TagIdentifier))
-            return comment;
-    return {};
+    return Procedure<Ref<TaggedComment>>(
+        *this, "FindTaggedComment", [&](Ref<TaggedComment>& result, Frame& frame) {
+            Watch watchItem(frame, "Item", Item);
+            Watch watchTag(frame, "TagIdentifier", TagIdentifier);
+            const auto all = Item->Get("TaggedComments").ToObjectOf<TaggedCommentCollection>();
+            // What UnDeletedTaggedComments holds, without a collection for each place of a page.
+            for (const auto& comment : *all) {
+                if (comment->GetState() == kTaggedCommentTombstone ||
+                    !EqualIgnoringCase(comment->GetTagIdentifier(), TagIdentifier))
+                    continue;
+                result = comment;
+                return;
+            }
+        });
 }
 
 Ref<TaggedComment> InPlaceEditor::NewTaggedComment(const std::string& TagIdentifier,
                                                    const std::string& Text) {
-    const auto comment = MakeRef<TaggedComment>();
-    comment->SetItem(mCodeElement);
-    comment->SetTagIdentifier(TagIdentifier);
-    comment->SetText(Text);
-    comment->SetState(kTaggedCommentNew);
-    return comment;
+    return Procedure<Ref<TaggedComment>>(*this, "NewTaggedComment",
+                                         [&](Ref<TaggedComment>& result, Frame& frame) {
+                                             Watch watchTag(frame, "TagIdentifier", TagIdentifier);
+                                             Watch watchText(frame, "Text", Text);
+                                             result = MakeRef<TaggedComment>();
+                                             result->SetItem(mCodeElement);
+                                             result->SetTagIdentifier(TagIdentifier);
+                                             result->SetText(Text);
+                                             result->SetState(kTaggedCommentNew);
+                                         });
 }
 
 void InPlaceEditor::ed_EditableSpanChanged(const Ref<HTMLElement>& Span) {
@@ -173,7 +187,8 @@ void InPlaceEditor::zStoreText(const Ref<Object>& obj, const std::string& TagIde
 }
 
 std::string InPlaceEditor::GetStrippedHTML(const Ref<HTMLElement>& Element) {
-    return Procedure<std::string>(*this, "GetStrippedHTML", [&](std::string& result, Frame&) {
+    return Procedure<std::string>(*this, "GetStrippedHTML", [&](std::string& result, Frame& frame) {
+        Watch watchElement(frame, "Element", Element);
         mIgnoreChanges = true;
         const ScopeExit heedChanges([this] { mIgnoreChanges = false; });
         const auto clone = ed->GetDocument()->CreateElement(Element->GetTagName());

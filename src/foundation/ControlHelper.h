@@ -27,6 +27,11 @@ public:
     virtual std::string GetClipboardItemType() const = 0;
     virtual std::string GetClipboardQualifiedName() const = 0;
 
+    /// Whether an object is there and of that run-time type, letter case ignored.
+    virtual bool IsType(const Ref<Object>& object, const std::string& name) {
+        return paperkite::IsType(object, name);
+    }
+
     /// Keeps an item's own description in step with its general comment: gives the comment's text
     /// to the item's TaggedDescription (or Description, where it has no such member). With `load`,
     /// the first time, an item without a general comment is left as it is: taking an item up never

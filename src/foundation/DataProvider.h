@@ -34,7 +34,8 @@ public:
     /// The definition may be replaced by one that fits the item better.
     virtual void SetCurrentItem(Ref<NamespaceDef>& definition, const Ref<Object>& item,
                                 const std::string& itemType, const Ref<Object>& parentItem) = 0;
-    virtual void Terminate() = 0;
+    /// The interface's own: classes may have an operation Terminate that does something else.
+    virtual void DataProvider_Terminate() = 0;
 };
 
 } // namespace paperkite

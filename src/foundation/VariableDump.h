@@ -45,6 +45,9 @@ DumpOperand OperandOf(const T& variable) {
         return {Value(static_cast<double>(variable))};
     else if constexpr (std::is_convertible_v<const T&, std::string_view>)
         return {Value(std::string_view(variable))};
+    // A host, of which only the interface is known.
+    else if constexpr (std::is_pointer_v<T>)
+        return {variable ? Value(InterfaceValue{}) : Value(Ref<Object>())};
     else if constexpr (requires { Value(variable); })
         return {Value(variable)};
     else if constexpr (requires { variable.GetObject(); })

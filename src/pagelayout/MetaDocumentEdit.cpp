@@ -190,6 +190,8 @@ std::int32_t MetaDocumentEdit::GetSpanIndex(const std::string& Id) {
 bool MetaDocumentEdit::IsInsideMetaSpan(const Ref<HTMLElement>& Root, Ref<HTMLElement>* Span) {
     return Procedure<bool>(*this, "IsInsideMetaSpan", [&](bool& result, Frame& frame) {
         Watch watchRoot(frame, "Root", Root);
+        const Ref<HTMLElement> nobody;
+        Watch watchSpan(frame, "Span", Span ? *Span : nobody);
         for (Ref<HTMLElement> element = Root; element && !result;
              element = element->GetParentElement()) {
             if (!EqualIgnoringCase(element->GetTagName(), "span") ||

@@ -34,7 +34,7 @@ public:
     std::string ProvideData(const Ref<ParserElement>& Element,
                             const Ref<FileSystem>& FileSystemObject) override;
     /// Drops the elements.
-    void Terminate() override { Elements.Clear(); }
+    void Terminate() { Elements.Clear(); }
 
     Ref<DataProvider> Clone() override { return {}; }
     Ref<Object> GetCurrentItem() override { return {}; }
@@ -46,6 +46,8 @@ public:
     std::string GetProperty(const std::string&) override { return {}; }
     void Initialise(const Ref<ParserTemplate>&) override {}
     std::string ParseForProperties(const std::string&) override { return {}; }
+    /// A parser that is done with its provider leaves the elements.
+    void DataProvider_Terminate() override {}
     void SetCurrentItem(Ref<paperkite::NamespaceDef>&, const Ref<Object>&, const std::string&,
                         const Ref<Object>&) override {}
 

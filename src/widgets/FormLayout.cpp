@@ -32,6 +32,10 @@ FormLayout FormLayout::Padded(std::vector<FormLayout> children, int stretch) {
     return FormLayout(Kind::Padded, {}, nullptr, std::move(children), stretch);
 }
 
+FormLayout FormLayout::Framed(std::vector<FormLayout> children, int stretch) {
+    return FormLayout(Kind::Framed, {}, nullptr, std::move(children), stretch);
+}
+
 FormLayout FormLayout::Fields(std::vector<Field> fields, int stretch) {
     std::vector<FormLayout> lines;
     for (auto& field : fields)

@@ -29,6 +29,7 @@ public:
         Column,  ///< children from top to bottom
         Group,   ///< a captioned column
         Padded,  ///< a column with room around it
+        Framed,  ///< a column in a frame as wide as the system's
         Fields,  ///< two aligned columns: labels and their fields
         Stack,   ///< children share one rectangle; the visible ones are seen
         Tabs,    ///< one captioned page a child
@@ -51,6 +52,7 @@ public:
     static FormLayout Column(std::vector<FormLayout> children, int stretch = 0);
     static FormLayout Group(std::string caption, std::vector<FormLayout> children, int stretch = 0);
     static FormLayout Padded(std::vector<FormLayout> children, int stretch = 1);
+    static FormLayout Framed(std::vector<FormLayout> children, int stretch = 1);
     static FormLayout Fields(std::vector<Field> fields, int stretch = 0);
     static FormLayout Stack(std::vector<FormLayout> children, int stretch = 1);
     static FormLayout Tabs(std::vector<FormLayout> captionedGroups, int stretch = 1);

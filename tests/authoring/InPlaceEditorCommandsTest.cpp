@@ -1,5 +1,7 @@
 #include "authoring/PageFixture.h"
 
+#include "support/FewWords.h"
+
 namespace paperkite::test {
 namespace {
 
@@ -16,6 +18,13 @@ struct EditWatcher : HtmlEditObserver {
             Commands += "," + argument;
         Commands += " ";
     }
+    void QueuedFocusWanted() override { ++QueuedFocus; }
+    void SelectionWanted(const HtmlSelection& selection) override {
+        Selected += std::to_string(selection.Place) + ":" + std::to_string(selection.Start) + "-" +
+                    std::to_string(selection.End) + " ";
+    }
+    int QueuedFocus = 0;
+    std::string Selected;
     int UndoCleared = 0;
     int Flushed = 0;
     std::function<void()> OnFlush;
@@ -59,6 +68,36 @@ TEST_F(InPlaceEditorCommandsTest, EverySwitchBuildsThePageAgain) {
     EXPECT_EQ(mServices.TakeReports(), "");
 }
 
+TEST_F(InPlaceEditorCommandsTest, TheViewIsSetBeforeThePageIsBuiltAndTheFocusFollows) {
+    LoadPage();
+    EventLog log;
+    mData->OnPrepare = [&] {
+        log.Add(std::to_string(static_cast<int>(Widget().GetView())) +
+                (Widget().HasFocus() ? "focus" : ""));
+    };
+    for (const char* view : {"htmlsource", "preview", "htmlsource", "normal"}) {
+        Page().FlatStrip->SetFocus();
+        ShowView(view);
+        EXPECT_TRUE(Widget().HasFocus()) << view;
+    }
+    EXPECT_EQ(log.Take(), "1 0 1 0");
+}
+
+TEST_F(InPlaceEditorCommandsTest, BehindAViewNothingIsLeftToBeUndone) {
+    mItem->Comment("#note", "one fish", "n", 1);
+    LoadPage();
+    Page().DoReplace("fish", "bird", false, false, false);
+    ASSERT_TRUE(Widget().IsCommandEnabled("undo"));
+    EXPECT_EQ(mItem->Comments()->Item("n")->GetText(), "one bird");
+    for (const char* view : {"preview", "normal"}) {
+        ShowView(view);
+        EXPECT_FALSE(Widget().IsCommandEnabled("undo")) << view;
+        Widget().ClickEditTool("undo");
+        EXPECT_EQ(mItem->Comments()->Item("n")->GetText(), "one bird") << view;
+    }
+    EXPECT_EQ(Span("P~A", "#note")->GetInnerHTML(), "one bird");
+}
+
 TEST_F(InPlaceEditorCommandsTest, AnotherTabLeavesTheViewAndBuildsThePage) {
     LoadPage();
     ShowView("htmlsource");
@@ -99,12 +138,22 @@ TEST_F(InPlaceEditorCommandsTest, WhatWasTypedReachesTheModelBeforeTheViewChange
     EXPECT_EQ(Body(), "page typed late");
 }
 
-TEST_F(InPlaceEditorCommandsTest, ViewSourceHasNoEffect) {
+TEST_F(InPlaceEditorCommandsTest, ViewSourceHasNoEffectHoweverItIsSpelt) {
     LoadPage();
-    Widget().ClickEditTool("ViewSource");
+    for (const char* name : {"ViewSource", "viewsource", "VIEWSOURCE"}) {
+        Widget().ClickEditTool(name);
+        EXPECT_EQ(Widget().GetView(), HtmlView::Normal) << name;
+        EXPECT_EQ(Selected(), "normal") << name;
+        EXPECT_EQ(mPageLog.Take(), "") << name;
+    }
+}
+
+TEST_F(InPlaceEditorCommandsTest, ViewPreviewIsThatOfTheStripHoweverItIsSpelt) {
+    LoadPage();
+    Widget().ClickEditTool("viewpreview");
+    EXPECT_EQ(Selected(), "preview");
     EXPECT_EQ(Widget().GetView(), HtmlView::Normal);
-    EXPECT_EQ(Selected(), "normal");
-    EXPECT_EQ(mPageLog.Take(), "");
+    EXPECT_NE(mPageLog.Take().find("ForEdit=False"), std::string::npos);
 }
 
 TEST_F(InPlaceEditorCommandsTest, ViewPreviewShowsThePreviewOfTheStrip) {
@@ -244,12 +293,121 @@ TEST_F(InPlaceEditorCommandsTest, TheFocusAndTheOpenEditArePassedOn) {
     LoadPage();
     EditWatcher watcher;
     const auto watch = Widget().Observe(watcher);
+    Page().SetEditFocusQueued();
+    EXPECT_EQ(watcher.QueuedFocus, 1);
+    EXPECT_FALSE(Widget().HasFocus()) << "it comes when the widget is idle";
     Page().SetEditFocus();
     EXPECT_TRUE(Widget().HasFocus());
+    EXPECT_EQ(watcher.QueuedFocus, 1);
     Page().CommitEdit();
     EXPECT_EQ(watcher.Flushed, 1);
     mEditor.CommitEdit();
     EXPECT_EQ(watcher.Flushed, 2);
+}
+
+TEST_F(InPlaceEditorCommandsTest, EachArgumentOfASearchCounts) {
+    mItem->Comment("#note", "Fishes <i>FISH</i> fish <b title=\"fish\">x</b>", "n", 1);
+    LoadPage();
+    EditWatcher watcher;
+    const auto watch = Widget().Observe(watcher);
+    const auto found = [&](bool whole, bool exact, const char* wanted) {
+        Widget().UserSelectionMoved({0, 0, 0});
+        watcher.Selected.clear();
+        Page().DoFind(wanted, whole, exact, false);
+        return watcher.Selected;
+    };
+    EXPECT_EQ(found(false, false, "fish"), "0:0-4 ");
+    EXPECT_EQ(found(true, false, "fish"), "0:7-11 ");
+    EXPECT_EQ(found(true, true, "fish"), "0:12-16 ");
+    EXPECT_EQ(found(false, true, "Fish"), "0:0-4 ");
+    const auto replaced = [&](bool whole, bool exact, bool inHTML) {
+        mItem->Comments()->Item("n")->SetText("Fishes FISH fish <b title=\"fish\">x</b>");
+        Page().Load(mItem, "class.html");
+        Page().DoReplace("fish", "ox", whole, exact, inHTML);
+        return mItem->Comments()->Item("n")->GetText();
+    };
+    EXPECT_EQ(replaced(false, false, false), "oxes ox ox <b title=\"fish\">x</b>");
+    EXPECT_EQ(replaced(true, false, false), "Fishes ox ox <b title=\"fish\">x</b>");
+    EXPECT_EQ(replaced(false, true, false), "Fishes FISH ox <b title=\"fish\">x</b>");
+    EXPECT_EQ(replaced(false, true, true), "Fishes FISH ox <b title=\"ox\">x</b>");
+    EXPECT_EQ(mServices.TakeReports(), "");
+}
+
+TEST_F(InPlaceEditorCommandsTest, ASpellCheckThatIsEndedSaysSo) {
+    mItem->Comment("#note", "one fihs", "n", 1);
+    LoadPage();
+    CurrentServices().Spelling = MakeRef<FewWords>("one");
+    SpellAnswer answer{SpellAction::Cancel, {}};
+    CurrentServices().AskSpelling = [&](const SpellQuestion&) { return answer; };
+    bool cancel = false;
+    Page().DoSpellCheck({}, cancel);
+    EXPECT_TRUE(cancel);
+    answer = {SpellAction::Change, "fish"};
+    cancel = false;
+    Page().DoSpellCheck({}, cancel);
+    EXPECT_FALSE(cancel);
+    EXPECT_EQ(mItem->Comments()->Item("n")->GetText(), "one fish");
+    EXPECT_EQ(mServices.TakeReports(), "");
+}
+
+TEST_F(InPlaceEditorCommandsTest, ASpellCheckTakesTheEngineThatIsPassed) {
+    mItem->Comment("#note", "one fihs", "n", 1);
+    LoadPage();
+    CurrentServices().Spelling = MakeRef<FewWords>("one fihs");
+    int asked = 0;
+    CurrentServices().AskSpelling = [&](const SpellQuestion&) {
+        ++asked;
+        return SpellAnswer{SpellAction::Ignore, {}};
+    };
+    bool cancel = false;
+    Page().DoSpellCheck({}, cancel);
+    EXPECT_EQ(asked, 0);
+    Page().DoSpellCheck(MakeRef<FewWords>("one"), cancel);
+    EXPECT_EQ(asked, 1);
+}
+
+TEST_F(InPlaceEditorCommandsTest, AWrapperIsBoundToTheWidgetAndNoneToNothing) {
+    struct Wrapper : Object {
+        std::string TypeName() const override { return "CommandWrapper"; }
+        Value Call(std::string_view member, const std::vector<Value>& arguments) override {
+            Called += std::string(member) + "(" + arguments.at(0).ToText() + ")";
+            Bound = arguments.at(1).ToObject();
+            return {};
+        }
+        std::string Called;
+        Ref<Object> Bound;
+    };
+    const auto wrapper = MakeRef<Wrapper>();
+    Page().BindToWrapper(wrapper);
+    EXPECT_EQ(wrapper->Called, "BindTo(True)");
+    EXPECT_TRUE(wrapper->Bound == Page().GetEditControl());
+    Page().BindToWrapper(nullptr);
+    EXPECT_EQ(mServices.TakeReports(), "");
+}
+
+TEST_F(InPlaceEditorCommandsTest, AFailureTellsTheParameters) {
+    struct Component : ErrorComponent {
+        explicit Component(std::string& told) : Told(told) {}
+        void ErrorHandler(const Report& report) override {
+            Told += report.ProcedureName + " " + report.Parameters;
+        }
+        std::string GetAction() const override { return {}; }
+        std::string& Told;
+    };
+    std::string told;
+    CurrentServices().CreateErrorComponent = [&] { return std::make_shared<Component>(told); };
+    InPlaceEditor page;
+    page.GetEditControl()->UserSelection("", {}, {}, "", "", "old.html");
+    page.GetEditControl()->ClickEditTool("createlink");
+    std::size_t at = told.find("ed_GetURL ");
+    ASSERT_NE(at, std::string::npos) << told;
+    for (const char* parameter :
+         {"<URL>old.html</URL>", "<Caption></Caption>", "<RemoveLink>False</RemoveLink>",
+          "<ShowRemoveLink>True</ShowRemoveLink>", "<ShowCaption>False</ShowCaption>",
+          "<EnabledKiteLinks>True</EnabledKiteLinks>", "<CancelDefault>True</CancelDefault>"}) {
+        at = told.find(parameter, at);
+        ASSERT_NE(at, std::string::npos) << parameter << " in " << told;
+    }
 }
 
 } // namespace

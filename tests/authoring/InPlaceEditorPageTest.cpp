@@ -1,7 +1,36 @@
 #include "authoring/PageFixture.h"
 
+#include "foundation/ScopeExit.h"
+#include "foundation/VariableDump.h"
+
 namespace paperkite::test {
 namespace {
+
+/// Tells when a file is deleted.
+class WatchedFiles : public ScriptedFileSystem {
+public:
+    void DeleteFile(const std::string& path) override {
+        ScriptedFileSystem::DeleteFile(path);
+        if (OnDelete) OnDelete(path);
+    }
+    std::function<void(const std::string&)> OnDelete;
+};
+
+/// Tells when a document is made.
+class WatchedFactory : public HTMLDOMFactory {
+public:
+    Ref<HTMLDocument> CreateFromString(const std::string& html, const Ref<Object>& own) override {
+        if (OnCreate) OnCreate();
+        return mInner->CreateFromString(html, own);
+    }
+    Ref<HTMLDocument> CreateFromFile(const std::string& path, const Ref<Object>& own) override {
+        return mInner->CreateFromFile(path, own);
+    }
+    std::function<void()> OnCreate;
+
+private:
+    std::shared_ptr<HTMLDOMFactory> mInner = MakeHTMLDOMFactory();
+};
 
 /// Places on a page, and what is typed into them.
 class InPlaceEditorPageTest : public PageFixture {
@@ -12,6 +41,16 @@ protected:
         Load(name);
         mPageLog.Take();
         ASSERT_TRUE(Page().GetVisible()) << mServices.TakeReports();
+    }
+    /// The fields that say how far a page has come.
+    std::string State() {
+        VariableDump dump;
+        Page().DumpVariables(dump);
+        const auto isOn = [&](const std::string& name) {
+            return dump.GetText().find("<" + name + ">True<") != std::string::npos;
+        };
+        return std::string(isOn("mLoading") ? "loading" : "loaded") +
+               (isOn("mResetUndo") ? ",reset" : ",kept");
     }
 };
 
@@ -84,9 +123,60 @@ TEST_F(InPlaceEditorPageTest, BlanksAloneAndTheEmptiedParagraphDelete) {
     }
     LoadPage(PlaceTag("P~A", "#note", "hint"));
     mLog.Take();
-    Type("P~A", "#note", "  ");
-    EXPECT_EQ(mItem->Comments()->Count(), 0u);
+    for (const char* nothing : {"  ", "<p>&nbsp;</p>", "<P>&nbsp;</P> ", "&nbsp;"}) {
+        Type("P~A", "#note", nothing);
+        EXPECT_EQ(mItem->Comments()->Count(), 0u) << nothing;
+        EXPECT_EQ(mLog.Take(), "") << nothing;
+    }
+    Type("P~A", "#note", "<p>&nbsp;.</p>");
+    EXPECT_EQ(mItem->Comments()->Count(), 1u);
+}
+
+TEST_F(InPlaceEditorPageTest, SpansThatChangeWhileAPageLoadsAreNoComments) {
+    const auto comment = mItem->Comment("#note", "text", "n", 1);
+    LoadPage(PlaceTag("P~A", "#note"));
+    const auto factory = std::make_shared<WatchedFactory>();
+    CurrentServices().HTMLDOMFactory = factory;
+    const auto changed = Widget().GetDocument()->CreateElement("SPAN");
+    changed->SetId("TaggedComment|P~A|#note");
+    changed->SetInnerHTML("changed by code");
+    int raised = 0;
+    const auto raise = [&] {
+        ++raised;
+        Widget().Events.EditableSpanChanged.Raise(changed);
+    };
+    const ScopeExit unhook([] { TestItem::OnUse = nullptr; });
+    factory->OnCreate = [&] {
+        raise();
+        bool inside = false;
+        TestItem::OnUse = [&, inside](const std::string&) mutable {
+            if (!std::exchange(inside, true)) raise();
+        };
+    };
+    Page().Load(mItem, "class.html");
+    TestItem::OnUse = nullptr;
+    EXPECT_GE(raised, 2) << "while the text becomes a document, and while its places are made";
+    EXPECT_EQ(comment->GetText(), "text");
     EXPECT_EQ(mLog.Take(), "");
+    raise();
+    EXPECT_EQ(comment->GetText(), "changed by code");
+}
+
+TEST_F(InPlaceEditorPageTest, APageIsLoadedBeforeItIsReported) {
+    const auto files = std::make_shared<WatchedFiles>();
+    files->Texts = mServices.Files->Texts;
+    LoadPage(PlaceTag("P~A", "#note"));
+    files->Texts = mServices.Files->Texts;
+    CurrentServices().FileSystem = files;
+    EventLog log;
+    files->OnDelete = [&](const std::string& path) {
+        EXPECT_EQ(path, "/data\\PreviewTemp\\kitePreview.html");
+        log.Add("deleted:" + State());
+    };
+    log.Keep(Page().Events.DocumentComplete.Connect([&] { log.Add("complete:" + State()); }));
+    Page().Load(mItem, "class.html");
+    EXPECT_EQ(log.Take(), "deleted:loading,kept complete:loaded,reset");
+    EXPECT_EQ(State(), "loaded,kept") << "the tools were refreshed";
 }
 
 TEST_F(InPlaceEditorPageTest, OneOuterBlankOnEachSideIsNoChange) {
@@ -240,14 +330,17 @@ TEST_F(InPlaceEditorPageTest, ATextThatLooksLikeAPlaceStaysText) {
 TEST_F(InPlaceEditorPageTest, APlaceThatFailsIsReportedAndThePageIsAlive) {
     mModel.Item("P~B")->Comment("#note", "of B", "b", 1);
     mModel.Item("P~C")->Without("TaggedComments");
-    Write("class.html", PlaceTag("P~A", "#note") + "<span id=\"TaggedComment|P~C|#note\"></span>");
+    mItem->Comment("##", "general", "g", 1);
+    Write("class.html", "<span id=\"TaggedComment|P~C|#note\"></span>" + PlaceTag("P~A", "#note") +
+                            "<span id=\"TaggedComment|P~A|##\">old</span>");
     EventLog log;
     log.Keep(mEditor.Events.DocumentComplete.Connect([&] { log.Add("complete"); }));
     Load();
-    EXPECT_EQ(mServices.TakeReports(), "InPlaceEditor.ed_DocumentComplete (438)\n");
+    EXPECT_EQ(mServices.TakeReports(), "InPlaceEditor.FindTaggedComment (438)\n");
     EXPECT_EQ(log.Take(), "complete");
+    EXPECT_EQ(Span("P~A", "##")->GetInnerHTML(), "general") << "the places behind it are made";
     Type("P~A", "#note", "typed");
-    EXPECT_EQ(mItem->Comments()->Count(), 1u);
+    EXPECT_EQ(mItem->Comments()->Count(), 2u);
 }
 
 // Handlers that come back

@@ -71,7 +71,7 @@ public:
                             const Ref<FileSystem>& files) override;
     void SetCurrentItem(Ref<NamespaceDef>& definition, const Ref<Object>& item,
                         const std::string& itemType, const Ref<Object>& parentItem) override;
-    void Terminate() override { mInner->Terminate(); }
+    void DataProvider_Terminate() override { mInner->DataProvider_Terminate(); }
 
 private:
     FailureSwitch& mFailure;

@@ -32,7 +32,7 @@ public:
     }
     void SetCurrentItem(Ref<NamespaceDef>&, const Ref<Object>&, const std::string&,
                         const Ref<Object>&) override {}
-    void Terminate() override {}
+    void DataProvider_Terminate() override {}
 };
 
 Ref<TemplateParser> Loaded(const std::string& text, bool metaDocument = false) {

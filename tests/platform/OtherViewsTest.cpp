@@ -4,6 +4,7 @@
 #include "platform/qt/ExplorerBarView.h"
 #include "platform/qt/FormView.h"
 #include "platform/qt/SplitPanelView.h"
+#include "widgets/Button.h"
 #include "widgets/ComboBox.h"
 #include "widgets/ListBox.h"
 #include "widgets/StackPanel.h"
@@ -14,11 +15,13 @@
 #include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QStyle>
 #include <QTimer>
 
 namespace paperkite {
@@ -231,6 +234,29 @@ TEST_F(OtherViewsTest, EveryVisibleControlOfTheWindowHasANameForScreenReaders) {
         EXPECT_FALSE(spoken->text(QAccessible::Name).isEmpty())
             << button->metaObject()->className() << " " << button->objectName().toStdString();
     }
+}
+
+TEST_F(OtherViewsTest, AFramedLayoutStandsInAFrameAsWideAsTheStyleSays) {
+    auto page = MakeRef<Container>("page");
+    auto text = MakeRef<TextBox>("text");
+    auto below = MakeRef<Button>("below");
+    below->SetCaption("&Below");
+    for (const Ref<Control>& control : {Ref<Control>(text), Ref<Control>(below)})
+        page->Controls.Add(control);
+    page->SetLayout(FormLayout::Framed({FormLayout::Item(text, 1), FormLayout::Item(below)}));
+    auto* view = Show<ContainerView>(page);
+    auto* field = view->findChild<QWidget*>("text");
+    auto* button = view->findChild<QPushButton*>("below");
+    ASSERT_TRUE(field && button);
+    const auto* frame = qobject_cast<QFrame*>(button->parentWidget());
+    ASSERT_TRUE(frame);
+    EXPECT_EQ(field->parentWidget(), frame);
+    EXPECT_EQ(frame->rect().size(), view->rect().size());
+    const int width = frame->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, frame);
+    EXPECT_GT(width, 0);
+    EXPECT_EQ(button->geometry().bottom(), frame->rect().bottom() - width);
+    EXPECT_EQ(button->geometry().left(), width);
+    EXPECT_LT(field->geometry().bottom(), button->geometry().top());
 }
 
 } // namespace

@@ -67,7 +67,7 @@ public:
     }
     void SetCurrentItem(Ref<NamespaceDef>& definition, const Ref<Object>& item,
                         const std::string& itemType, const Ref<Object>& parentItem) override;
-    void Terminate() override {}
+    void DataProvider_Terminate() override {}
 
     /// Comes back in place of the definition that is handed in.
     Ref<NamespaceDef> Replacement;

@@ -168,7 +168,7 @@ void SourceDataProvider::SetCurrentItem(Ref<NamespaceDef>& definition, const Ref
     mPage = nullptr;
 }
 
-void SourceDataProvider::Terminate() {
+void SourceDataProvider::DataProvider_Terminate() {
     mDefinition = nullptr;
     mItem = nullptr;
     mParentItem = nullptr;

@@ -46,7 +46,7 @@ public:
                             const Ref<FileSystem>& files) override;
     void SetCurrentItem(Ref<NamespaceDef>& definition, const Ref<Object>& item,
                         const std::string& itemType, const Ref<Object>& parentItem) override;
-    void Terminate() override;
+    void DataProvider_Terminate() override;
 
 private:
     friend struct SourceDataProviderMembers;

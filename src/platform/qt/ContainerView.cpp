@@ -8,6 +8,7 @@
 
 #include <QDialogButtonBox>
 #include <QFormLayout>
+#include <QFrame>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -170,6 +171,9 @@ void ContainerView::AddTo(QBoxLayout& box, const FormLayout& part, QWidget* pare
         box.addLayout(column, stretch);
         break;
     }
+    case FormLayout::Kind::Framed:
+        box.addWidget(FrameOf(part, parent), stretch);
+        break;
     case FormLayout::Kind::Fields:
         box.addLayout(FieldsOf(part, parent), stretch);
         break;
@@ -209,6 +213,18 @@ QWidget* ContainerView::GroupOf(const FormLayout& part, QWidget* parent) {
     for (const auto& child : part.GetChildren())
         AddTo(*column, child, group);
     return group;
+}
+
+QWidget* ContainerView::FrameOf(const FormLayout& part, QWidget* parent) {
+    auto* frame = new QFrame(parent);
+    // The style says how wide it is and draws it.
+    frame->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    auto* column = new QVBoxLayout(frame);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(kSpacing);
+    for (const auto& child : part.GetChildren())
+        AddTo(*column, child, frame);
+    return frame;
 }
 
 QWidget* ContainerView::StackOf(const FormLayout& part, QWidget* parent) {

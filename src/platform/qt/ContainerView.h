@@ -39,6 +39,7 @@ private:
     void AddLayout(QBoxLayout& box, QLayout* layout, int stretch);
     QBoxLayout* BoxOf(const FormLayout& part, QWidget* parent);
     QWidget* GroupOf(const FormLayout& part, QWidget* parent);
+    QWidget* FrameOf(const FormLayout& part, QWidget* parent);
     QWidget* StackOf(const FormLayout& part, QWidget* parent);
     QWidget* TabsOf(const FormLayout& part, QWidget* parent);
     QWidget* ButtonsOf(const FormLayout& part, QWidget* parent);
