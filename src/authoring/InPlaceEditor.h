@@ -116,6 +116,7 @@ private:
     bool InPopupBubble(const Ref<HTMLElement>& Element) const;
     Ref<TaggedComment> FindTaggedComment(const Ref<Object>& Item,
                                          const std::string& TagIdentifier) const;
+    static Ref<TaggedComment> zFindTaggedComment(Object& Item, const std::string& TagIdentifier);
     Ref<TaggedComment> NewTaggedComment(const std::string& TagIdentifier, const std::string& Text);
     std::string GetStrippedHTML(const Ref<HTMLElement>& Element);
 

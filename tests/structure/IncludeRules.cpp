@@ -187,7 +187,7 @@ void IncludeRules::CheckFile(const std::string& file, std::vector<std::string>& 
     const Module shared{"support",
                         kFirstOpenLevel,
                         {"foundation", "widgets", "model", "designers", "platform_html"},
-                        {"GTest"}};
+                        {"GTest", "Qt6"}};
     const Module* module = file.starts_with("tests/support/") ? &shared : ModuleOf(file);
     if (!module) {
         found.push_back(file + ": no line of the build description names its folder");
