@@ -55,8 +55,10 @@ kite.isBlank = function (html) {
     return rest === '';
 };
 
+// The hint stands in the first line of a place, which a paragraph would push down.
 kite.showEmpty = function (place) {
-    place.toggleAttribute('data-kite-empty', kite.isBlank(place.innerHTML));
+    const isEmpty = kite.isBlank(place.innerHTML) && !place.querySelector('p, div');
+    place.toggleAttribute('data-kite-empty', isEmpty);
 };
 
 // The engine leaves blanks and line breaks at the ends of what was typed and deleted again.

@@ -10,10 +10,10 @@ body[data-kite-place] { outline: none; min-height: calc(100vh - 16px); }
 :where([data-kite-place]):hover { outline-color: var(--kite-highlight); }
 :where([data-kite-place]):focus { outline: 2px solid var(--kite-highlight); }
 body[data-kite-place]:focus { outline: none; }
-/* In the flow and without height: floats and absolute boxes of the whole page would be laid out
-   with every key. */
+/* In the line and without width: floats and absolute boxes of the whole page would be laid out with
+   every key. */
 [data-kite-empty]::before { content: attr(data-placeholder); color: var(--kite-quiet);
-    display: block; height: 0; pointer-events: none; }
+    display: inline-block; width: 0; white-space: nowrap; pointer-events: none; }
 [data-kite-place] table:not([border]) td, [data-kite-place] table:not([border]) th {
     min-width: 2em; outline: 1px dotted var(--kite-lines); }
 `;
