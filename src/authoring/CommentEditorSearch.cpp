@@ -130,7 +130,8 @@ void CommentEditor::ShowSpellingOptions() {
 }
 
 void CommentEditor::zReloadSpelling() {
-    if (const auto engine = zSpellObject()) InitSpellingObject(*engine);
+    // A host that gave an engine of its own sees to its options.
+    if (const auto& own = CurrentServices().Spelling) InitSpellingObject(*own);
 }
 
 void CommentEditor::SetSpellOptions(const SpellOptions& value) {

@@ -12,6 +12,19 @@ namespace {
 
 constexpr std::string_view kBetweenLevels = " > ";
 
+/// With one blank wherever there was any white space.
+std::string WithSingleBlanks(std::string_view text) {
+    std::string single;
+    for (const char letter : text) {
+        const bool isBlank = letter == ' ' || letter == '\t' || letter == '\n' || letter == '\r';
+        if (!isBlank)
+            single += letter;
+        else if (!single.empty() && single.back() != ' ')
+            single += ' ';
+    }
+    return TrimWhiteSpace(single);
+}
+
 bool ComesBefore(const std::string& left, const std::string& right) {
     return CompareIgnoringCase(left, right) < 0;
 }
@@ -72,7 +85,7 @@ std::string KeywordList::Normal(std::string_view keyword) {
 // A sign that touches its neighbours on both sides belongs to a word, such as "operator>>".
 std::vector<std::string> KeywordList::Levels(std::string_view keyword) {
     std::vector<std::string> levels;
-    const std::string line = " " + PlainText::OneLine(keyword) + " ";
+    const std::string line = " " + WithSingleBlanks(keyword) + " ";
     std::string level;
     for (std::size_t at = 0; at < line.size(); ++at) {
         const bool isLone = line[at] == '>' && at > 0 && at + 1 < line.size() &&

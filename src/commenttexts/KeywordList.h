@@ -31,8 +31,8 @@ public:
     bool Change(std::size_t position, std::string_view keyword);
     void Remove(std::size_t position);
 
-    /// A keyword with one blank around each ">" between levels. A ">" that touches a letter belongs
-    /// to a word ("operator>>").
+    /// A keyword with one blank between its words and around each ">" between levels. A ">" that
+    /// touches a letter belongs to a word ("operator>>").
     static std::string Normal(std::string_view keyword);
     /// The levels of a keyword.
     static std::vector<std::string> Levels(std::string_view keyword);

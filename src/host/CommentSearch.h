@@ -29,7 +29,7 @@ public:
         HtmlSearch::Hit Place;
     };
 
-    explicit CommentSearch(SearchOptions options) : mSearch(std::move(options)) {}
+    explicit CommentSearch(const SearchOptions& options);
 
     /// Sorted by item; in an item in the order of its comments.
     std::vector<Hit> Find(const CommentStore& store) const;
@@ -40,8 +40,11 @@ public:
 
 private:
     void Add(const std::string& item, const TaggedComment& comment, std::vector<Hit>& hits) const;
+    const HtmlSearch& SearchIn(const TaggedComment& comment) const;
 
     HtmlSearch mSearch;
+    /// For comments that are no HTML, in which every byte means itself.
+    HtmlSearch mPlainSearch;
 };
 
 } // namespace paperkite

@@ -22,7 +22,7 @@ std::string Folded(std::string_view word) {
 
 } // namespace
 
-DeclaredNames::DeclaredNames(const SourceIndex& index) {
+void DeclaredNames::Add(const SourceIndex& index) {
     for (std::size_t entity = 0; entity < index.Size(); ++entity) {
         const auto id = static_cast<SourceIndex::Id>(entity);
         AddNames(index.Name(id));

@@ -13,7 +13,8 @@ namespace paperkite {
 /// "record" known).
 class DeclaredNames {
 public:
-    explicit DeclaredNames(const SourceIndex& index);
+    /// Those of one more index.
+    void Add(const SourceIndex& index);
 
     /// Whole names as they are written, words in any case.
     bool Knows(const std::string& word) const;

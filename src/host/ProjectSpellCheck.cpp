@@ -1,5 +1,7 @@
 #include "host/ProjectSpellCheck.h"
 
+#include "foundation/LearnWord.h"
+
 namespace paperkite {
 
 bool ProjectSpellCheck::Run(const std::vector<Finding>& findings) {
@@ -36,8 +38,8 @@ bool ProjectSpellCheck::Decide(const Finding& finding) {
             mDecided.emplace_back(finding, answer.Replacement);
             return true;
         case SpellAction::Add:
-            mEngine.AddToCustomDictionary(finding.Word);
-            return true;
+            if (LearnWord(mEngine, finding.Word)) return true;
+            break;
         case SpellAction::Options:
             mEngine.Events.OptionBtnClick.Raise();
             break;

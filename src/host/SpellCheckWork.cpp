@@ -1,8 +1,11 @@
 #include "host/SpellCheckWork.h"
 
+#include "commenttexts/CommentProse.h"
 #include "foundation/HtmlText.h"
 #include "foundation/SpellWords.h"
 #include "host/TagName.h"
+
+#include <utility>
 
 namespace paperkite {
 
@@ -12,15 +15,38 @@ bool IsAtOrBelow(const std::string& name, const std::string& item) {
     return item.empty() || name == item || name.starts_with(item + "~");
 }
 
+CommentForm FormOfComment(const TaggedComment& comment) {
+    return CommentProse::FormOfText(comment.GetTaggedCommentDef().get(), comment.GetWrittenText());
+}
+
+bool IsThere(const std::string& text, const SpellCheckWork::Finding& finding) {
+    return finding.To <= text.size() &&
+           text.compare(finding.From, finding.To - finding.From, finding.Found) == 0;
+}
+
 } // namespace
 
 void SpellCheckWork::CheckComment(const std::string& item, const TaggedComment& comment,
                                   std::vector<Finding>& findings) {
-    const HtmlText text(comment.GetWrittenText());
-    for (const auto& word : SpellWords::FindMisspelt(text, mEngine))
+    const std::string& written = comment.GetWrittenText();
+    const auto add = [&](const std::string& text, std::size_t from, std::size_t to,
+                         const std::string& word) {
         findings.push_back({item, comment.GetId(), comment.GetTagIdentifier(), TagNameOf(comment),
-                            word.Word, TextContext::Of(text.GetText(), word.From, word.To),
-                            word.From, word.To});
+                            word, TextContext::Of(text, from, to), from, to,
+                            text.substr(from, to - from)});
+    };
+    const CommentForm form = FormOfComment(comment);
+    if (CommentProse::IsHtml(form)) {
+        const HtmlText text(written);
+        for (const auto& word : SpellWords::FindMisspelt(text, mEngine))
+            add(text.GetText(), word.From, word.To, word.Word);
+        return;
+    }
+    for (const auto& prose : CommentProse::StretchesOf(form, written)) {
+        const auto part = std::string_view(written).substr(prose.From, prose.To - prose.From);
+        for (const auto& word : SpellWords::FindMisspelt(part, mEngine))
+            add(written, prose.From + word.From, prose.From + word.To, word.Word);
+    }
 }
 
 std::vector<SpellCheckWork::Finding>
@@ -43,13 +69,18 @@ TextChanges::Changes SpellCheckWork::Plan(const CommentStore& store, const Findi
                                           const std::string& replacement) {
     const auto comments = store.Find(finding.Item);
     if (!comments || !comments->Contains(finding.CommentId)) return {};
-    const std::string& html = comments->Item(finding.CommentId)->GetText();
-    const HtmlText text(html);
-    for (const auto& word : SpellWords::FindMisspelt(text, mEngine))
-        if (word.From == finding.From && word.Word == finding.Word)
-            return {{finding.Item, finding.CommentId, html,
-                     text.Replaced({{word.From, word.To}}, replacement)}};
-    return {};
+    const auto comment = comments->Item(finding.CommentId);
+    const std::string& written = comment->GetWrittenText();
+    std::string after;
+    if (CommentProse::IsHtml(FormOfComment(*comment))) {
+        const HtmlText text(written);
+        if (!IsThere(text.GetText(), finding)) return {};
+        after = text.Replaced({{finding.From, finding.To}}, replacement);
+    } else {
+        if (!IsThere(written, finding)) return {};
+        after = std::string(written).replace(finding.From, finding.Found.size(), replacement);
+    }
+    return {{finding.Item, finding.CommentId, written, std::move(after)}};
 }
 
 } // namespace paperkite

@@ -23,9 +23,12 @@ public:
         std::string Name; ///< "Remarks"
         std::string Word;
         TextContext Context;
-        /// In the text that a reader sees (see HtmlText).
+        /// In the text that a reader sees (see HtmlText), or in the bytes of a comment that is no
+        /// HTML.
         std::size_t From = 0;
         std::size_t To = 0;
+        /// What stands there; Word is how dictionaries have it.
+        std::string Found;
     };
     /// Asked for each item; false ends the check.
     using GoOn = std::function<bool(std::size_t done, std::size_t total)>;
@@ -36,9 +39,10 @@ public:
     /// items below it have; nothing when the check was ended.
     std::vector<Finding> Check(const CommentStore& store, const std::string& item = {},
                                const GoOn& goOn = {});
-    /// What to change so that a finding is replaced; no change where it is not there any more.
-    TextChanges::Changes Plan(const CommentStore& store, const Finding& finding,
-                              const std::string& replacement);
+    /// What to change so that a finding is replaced, whatever is right by now; no change where it
+    /// is not there any more.
+    static TextChanges::Changes Plan(const CommentStore& store, const Finding& finding,
+                                     const std::string& replacement);
 
 private:
     void CheckComment(const std::string& item, const TaggedComment& comment,

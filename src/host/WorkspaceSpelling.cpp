@@ -17,17 +17,32 @@ const WorkspaceSpelling* newest = nullptr;
 /// What the engine uses of the project, as long as the project is open.
 struct WorkspaceSpelling::Shared {
     explicit Shared(ProjectSession& session)
-        : Session(&session), Words(session.GetProject()->GetPath()) {}
+        : Session(&session), Project(session.GetProject()->GetPath()), Kept(Project) {}
+
+    /// They follow the project to another name.
+    ProjectWords& Words() {
+        if (Session && Session->GetProject()->GetPath() != Project) {
+            Project = Session->GetProject()->GetPath();
+            Kept = ProjectWords(Project);
+        }
+        return Kept;
+    }
 
     /// Walking over all names takes a moment in large code, so nobody waits for it in vain.
     bool IsDeclared(const std::string& word) {
         if (!Session) return false;
-        if (!Names) Names = std::make_unique<DeclaredNames>(Session->GetProvider()->GetIndex(0));
+        if (!Names) {
+            Names = std::make_unique<DeclaredNames>();
+            const auto& provider = Session->GetProvider();
+            for (std::size_t root = 0; root < provider->GetRootCount(); ++root)
+                Names->Add(provider->GetIndex(root));
+        }
         return Names->Knows(word);
     }
 
     ProjectSession* Session;
-    ProjectWords Words;
+    std::string Project;
+    ProjectWords Kept;
     std::unique_ptr<DeclaredNames> Names;
 };
 
@@ -55,8 +70,14 @@ void WorkspaceSpelling::CodeChanged() {
     Tell();
 }
 
+bool WorkspaceSpelling::LookAtWords() {
+    if (!CurrentServices().Spelling || !mShared->Words().HasChanged()) return false;
+    ReadWords();
+    return true;
+}
+
 void WorkspaceSpelling::ReadWords() {
-    const auto problem = mShared->Words.Read();
+    const auto problem = mShared->Words().Read();
     mProblem = problem ? problem->Message() : std::string();
     Tell();
 }
@@ -68,18 +89,18 @@ void WorkspaceSpelling::Tell() {
     project.IsDeclared = [shared = mShared](const std::string& word) {
         return shared->IsDeclared(word);
     };
-    const ProjectWords& words = mShared->Words;
+    const ProjectWords& words = mShared->Words();
     project.Learnt.assign(words.GetLearnt().begin(), words.GetLearnt().end());
     project.Ignored.assign(words.GetIgnored().begin(), words.GetIgnored().end());
     project.Learn = [shared = mShared](const std::string& word) {
-        if (const auto problem = shared->Words.Learn(word))
+        if (const auto problem = shared->Words().Learn(word))
             RaiseError(ErrorNumber::PathOrFileAccess, problem->Message());
     };
     engine->SetProject(std::move(project));
 }
 
 void WorkspaceSpelling::Ignore(const std::string& word) {
-    const auto problem = mShared->Words.Ignore(word);
+    const auto problem = mShared->Words().Ignore(word);
     mProblem = problem ? problem->Message() : std::string();
     const auto& messages = CurrentServices().MessageBox;
     if (problem && messages) messages->Show(problem->Message(), "Spelling", MessageIcon::Warning);

@@ -26,14 +26,16 @@ public:
 
     /// The code is another one now.
     void CodeChanged();
-    /// Reads the words anew, as somebody else may have changed the file.
-    void ReadWords();
-    /// Why the file of words could not be read the last time; empty when all is well.
+    /// Reads the words anew where somebody else changed the file, or the project has another name
+    /// now; false when it is the same file as the last time.
+    bool LookAtWords();
+    /// Why the file of words could not be read or written the last time; empty when all is well.
     const std::string& GetProblem() const { return mProblem; }
 
 private:
     struct Shared;
 
+    void ReadWords();
     void Tell();
     void Ignore(const std::string& word);
 

@@ -1,5 +1,6 @@
 #include "model/ProjectDocument.h"
 #include "model/ProjectPaths.h"
+#include "model/ProjectWords.h"
 #include "model/SafeFile.h"
 
 #include <filesystem>
@@ -19,6 +20,16 @@ std::optional<std::string> BytesAt(const std::string& path) {
     std::string bytes;
     if (SafeFile::Read(path, bytes)) return {};
     return bytes;
+}
+
+/// Puts a file back as BytesAt found it.
+void Restore(const std::string& path, const std::optional<std::string>& bytes) {
+    std::error_code ignored;
+    if (BytesAt(path) == bytes) return;
+    if (bytes)
+        SafeFile::Write(path, *bytes);
+    else
+        std::filesystem::remove(path, ignored);
 }
 
 } // namespace
@@ -92,6 +103,10 @@ std::optional<FileProblem> ProjectDocument::SaveAs(const std::string& path,
     if (auto problem = SyncContentFiles()) return problem;
 
     const std::string oldPath = mPath;
+    ProjectWords words(whole);
+    const std::optional<std::string> oldWords = BytesAt(words.GetPath());
+    if (!oldPath.empty())
+        if (auto problem = words.TakeFrom(oldPath)) return problem;
     const bool existed = mExistsOnDisk;
     std::vector<OldFile> old = RememberFiles();
     MoveTo(whole);
@@ -99,6 +114,7 @@ std::optional<FileProblem> ProjectDocument::SaveAs(const std::string& path,
         if (was.File->Path != was.Path) was.Replaced = BytesAt(was.File->Path);
     const auto problem = Save(overwriting);
     if (!problem) return {};
+    Restore(words.GetPath(), oldWords);
     GoBackTo(std::move(old));
     MoveStoreTo(oldPath);
     mExistsOnDisk = existed;

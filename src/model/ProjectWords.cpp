@@ -17,12 +17,32 @@ bool IsConflictMark(const std::string& line) {
            line.starts_with(">>>>>>>") || line.starts_with("|||||||");
 }
 
+/// Of a file that is not there an empty text.
+std::string StampOf(const std::string& path) {
+    namespace fs = std::filesystem;
+    std::error_code failed;
+    const auto time = fs::last_write_time(path, failed);
+    if (failed) return {};
+    const auto size = fs::file_size(path, failed);
+    return std::to_string(time.time_since_epoch().count()) + " " +
+           (failed ? std::string("none") : std::to_string(size));
+}
+
 } // namespace
 
 ProjectWords::ProjectWords(const std::string& projectFile)
     : mPath(std::filesystem::path(projectFile).replace_extension(".words").string()) {}
 
 std::optional<FileProblem> ProjectWords::Read() {
+    mStamp = StampOf(mPath);
+    return ReadFile();
+}
+
+bool ProjectWords::HasChanged() const {
+    return mStamp != StampOf(mPath);
+}
+
+std::optional<FileProblem> ProjectWords::ReadFile() {
     std::string bytes;
     std::error_code ignored;
     if (std::filesystem::exists(mPath, ignored))
@@ -66,10 +86,22 @@ std::optional<FileProblem> ProjectWords::Ignore(const std::string& word) {
 }
 
 std::optional<FileProblem> ProjectWords::Add(const std::string& word, bool isIgnored) {
-    if (auto problem = Read()) return problem;
+    if (auto problem = ReadFile()) return problem;
     const bool isThere = mLearnt.contains(word) || (isIgnored && mIgnored.contains(word));
     if (isThere || word.empty()) return std::nullopt;
     (isIgnored ? mIgnored : mLearnt).insert(word);
+    return SafeFile::Write(mPath, Text());
+}
+
+std::optional<FileProblem> ProjectWords::TakeFrom(const std::string& projectFile) {
+    ProjectWords other(projectFile);
+    if (other.Read() || (other.mLearnt.empty() && other.mIgnored.empty())) return std::nullopt;
+    if (auto problem = ReadFile()) return problem;
+    const std::size_t before = mLearnt.size() + mIgnored.size();
+    if (mRemarks.empty()) mRemarks = other.mRemarks;
+    mLearnt.merge(other.mLearnt);
+    mIgnored.merge(other.mIgnored);
+    if (mLearnt.size() + mIgnored.size() == before) return std::nullopt;
     return SafeFile::Write(mPath, Text());
 }
 

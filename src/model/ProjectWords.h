@@ -22,6 +22,8 @@ public:
     const std::string& GetPath() const { return mPath; }
     /// No file is no problem: then there are no words.
     std::optional<FileProblem> Read();
+    /// Whether the file is another one than at the last Read, or nobody read it yet.
+    bool HasChanged() const;
     /// Without the words that are passed over.
     const std::set<std::string>& GetLearnt() const { return mLearnt; }
     const std::set<std::string>& GetIgnored() const { return mIgnored; }
@@ -29,8 +31,11 @@ public:
     /// What is in the file already is not written again. After a problem the file is as it was.
     std::optional<FileProblem> Learn(const std::string& word);
     std::optional<FileProblem> Ignore(const std::string& word);
+    /// Takes in what another project's file holds. Where that cannot be read it stays there.
+    std::optional<FileProblem> TakeFrom(const std::string& projectFile);
 
 private:
+    std::optional<FileProblem> ReadFile();
     std::optional<FileProblem> Add(const std::string& word, bool isIgnored);
     void Parse(const std::string& bytes);
     std::string Text() const;
@@ -40,6 +45,8 @@ private:
     std::set<std::string> mIgnored;
     /// The lines that begin with "#", as they are.
     std::string mRemarks;
+    /// What the disk said of the file at the last Read.
+    std::optional<std::string> mStamp;
 };
 
 } // namespace paperkite

@@ -231,8 +231,8 @@ public:
     /// Raises BeforeShowContextMenuEx, where a handler may narrow the menu.
     HtmlMenuAnswer UserContextMenu(int x, int y, const Ref<HTMLElement>& objectAtPoint,
                                    HtmlMenuType type);
-    /// The author chose to pass over a marked word, or to have it learnt; error 75 where it cannot
-    /// be written down.
+    /// The author chose to pass over a marked word, or to have it learnt; where it cannot be
+    /// written down he is shown why.
     void UserIgnoreWord(const std::string& word);
     void UserLearnWord(const std::string& word);
 

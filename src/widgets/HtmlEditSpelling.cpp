@@ -1,3 +1,4 @@
+#include "foundation/LearnWord.h"
 #include "foundation/ScopeExit.h"
 #include "foundation/Services.h"
 #include "foundation/SpellWords.h"
@@ -70,7 +71,7 @@ void HtmlEdit::UserIgnoreWord(const std::string& word) {
 }
 
 void HtmlEdit::UserLearnWord(const std::string& word) {
-    if (const auto engine = Engine()) engine->AddToCustomDictionary(word);
+    if (const auto engine = Engine()) LearnWord(*engine, word);
 }
 
 } // namespace paperkite

@@ -1,6 +1,7 @@
 #include "widgets/HtmlSpellCheck.h"
 
 #include "foundation/Error.h"
+#include "foundation/LearnWord.h"
 
 #include <algorithm>
 
@@ -54,7 +55,8 @@ HtmlSpellCheck::Outcome HtmlSpellCheck::CheckWord(const Ref<HTMLElement>& place,
         }
         switch (answer.Action) {
         case SpellAction::IgnoreAll:
-            mEdit.UserIgnoreWord(word.Word);
+            mEngine.AddIgnoreAll(word.Word);
+            mEdit.Events.SpellIgnoreWordAdded.Raise(word.Word);
             return Outcome::GoOn;
         case SpellAction::ChangeAll:
             mChanges[word.Word] = answer.Replacement;
@@ -62,8 +64,8 @@ HtmlSpellCheck::Outcome HtmlSpellCheck::CheckWord(const Ref<HTMLElement>& place,
         case SpellAction::Change:
             return Change(place, text, word, answer.Replacement);
         case SpellAction::Add:
-            mEngine.AddToCustomDictionary(word.Word);
-            return Outcome::GoOn;
+            if (LearnWord(mEngine, word.Word)) return Outcome::GoOn;
+            break;
         case SpellAction::Options:
             mEngine.Events.OptionBtnClick.Raise();
             break;

@@ -260,27 +260,85 @@ TEST_F(CommentEditorSearchTest, TheOptionsButtonOfTheOwnEngineAsksTheHost) {
     EXPECT_EQ(asked, 1);
 }
 
-TEST_F(CommentEditorSearchTest, ANewOptionsRequestReloadsTheEngineOfTheHost) {
-    struct Engine : Object {
-        std::string TypeName() const override { return "Engine"; }
-        void Set(std::string_view member, const Value& value) override {
-            Written += std::string(member) + "=" + value.ToText() + " ";
-        }
-        std::string Written;
-    };
-    const auto own = MakeRef<ScriptedEngine>();
+/// Remembers what is set by name.
+class SettableEngine : public ScriptedEngine {
+public:
+    void Set(std::string_view member, const Value& value) override {
+        Written += std::string(member) + "=" + value.ToText() + " ";
+    }
+    std::string Written;
+};
+
+TEST_F(CommentEditorSearchTest, AcceptedOptionsAreReadIntoTheOwnEngine) {
+    const auto own = MakeRef<SettableEngine>();
+    const auto ofHost = MakeRef<SettableEngine>();
     CurrentServices().Spelling = own;
-    const auto engine = MakeRef<Engine>();
-    mEditor.SetSpellObject(engine);
+    mEditor.SetSpellObject(ofHost);
     Load();
     int answer = 0;
     CurrentServices().ShowPageDialog = [&](const PageDialog&) { return answer; };
-    engine->Written.clear();
+    own->Written.clear();
     own->Events.OptionBtnClick.Raise();
-    EXPECT_EQ(engine->Written, "") << "the author cancelled";
+    EXPECT_EQ(own->Written, "") << "the author cancelled";
     answer = 1;
     own->Events.OptionBtnClick.Raise();
-    EXPECT_NE(engine->Written.find("Suggest=1 "), std::string::npos) << engine->Written;
+    EXPECT_NE(own->Written.find("Suggest=1 "), std::string::npos) << own->Written;
+    EXPECT_EQ(ofHost->Written, "") << "that is for the host";
+}
+
+TEST_F(CommentEditorSearchTest, ReloadingTheSettingsReadsThemIntoTheOwnEngine) {
+    const auto own = MakeRef<SettableEngine>();
+    const auto ofHost = MakeRef<SettableEngine>();
+    CurrentServices().Spelling = own;
+    mEditor.SetSpellObject(ofHost);
+    mEditor.SetAppName("Test");
+    mServices.Registry->Values[MemoryRegistry::Name(
+        HKEY_CURRENT_USER, "Software\\Brindlewick\\Test\\Spelling", "IgnoreMixedCase")] = "1";
+    mEditor.ReloadSettings();
+    EXPECT_NE(own->Written.find("IgnoreInMixedCase=1 "), std::string::npos) << own->Written;
+    EXPECT_EQ(ofHost->Written, "");
+    CurrentServices().Spelling = {};
+    mEditor.ReloadSettings();
+    EXPECT_EQ(mServices.TakeReports(), "");
+}
+
+TEST_F(CommentEditorSearchTest, WithoutADialogForPagesTheOptionsAreReportedAndKept) {
+    const auto own = MakeRef<SettableEngine>();
+    CurrentServices().Spelling = own;
+    CurrentServices().ShowPageDialog = {};
+    Load();
+    own->Written.clear();
+    mEditor.ShowSpellingOptions();
+    EXPECT_EQ(mServices.TakeReports(), "CommentEditor.ShowSpellingOptions (429)\n");
+    EXPECT_EQ(own->Written, "");
+}
+
+TEST_F(CommentEditorSearchTest, PendingEventsRunBeforeEachTabIsChecked) {
+    AllCan("SpellCheck");
+    Comment("#one");
+    Comment("#two");
+    Load();
+    CurrentServices().RunPendingEvents = [this] { mCalls.Add("events"); };
+    mEditor.SpellCheck(false);
+    std::string order;
+    for (const std::string& call : Split(mCalls.Take(), " "))
+        if (call == "events" || call.find(".SpellCheck(") != std::string::npos) order += call + " ";
+    EXPECT_EQ(order, "events A.SpellCheck(nothing) events B.SpellCheck(nothing) ");
+}
+
+TEST_F(CommentEditorSearchTest, AnIgnoredWordReachesTheDefaultDesignerBeforeThePage) {
+    struct NamedEngine : ScriptedEngine {
+        NamedEngine(std::string name, EventLog& log) : Name(std::move(name)), Log(log) {}
+        void AddIgnoreAll(const std::string& word) override { Log.Add(Name + ":" + word); }
+        std::string Name;
+        EventLog& Log;
+    };
+    Load();
+    mEditor.InPlaceEditor->GetEditControl()->SetSpellObject(MakeRef<NamedEngine>("page", mCalls));
+    ControlOf("fixed").Editor->SetSpellObject(MakeRef<NamedEngine>("default", mCalls));
+    mCalls.Take();
+    mEditor.AddIgnoreAll("wrod");
+    EXPECT_EQ(mCalls.Take(), "default:wrod page:wrod");
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "authoring/ProjectEditorFixture.h"
+#include "authoring/RecordingDesigner.h"
 
 namespace paperkite::test {
 namespace {
@@ -230,6 +231,71 @@ TEST_F(ProjectEditorSpellCheckTest, AFailingHostLeavesTheTreeEnabled) {
     EXPECT_TRUE(mEditor.Project.GetEnabled());
     EXPECT_EQ(mVisited, "P~A P~B P~C ");
     EXPECT_NE(mServices.TakeReports(), "");
+}
+
+/// Items whose comments are written in a tab of a designer that checks them.
+class ProjectEditorDesignerCheckTest : public ProjectEditorFixture {
+protected:
+    ProjectEditorDesignerCheckTest() {
+        CurrentServices().CreateDesigner = [this](const std::string&) {
+            mControl = MakeRef<RecordingDesignerControl>("tab", mCalls);
+            mControl->Designer->Capabilities = "SpellCheck";
+            return mControl;
+        };
+        const auto definition = MakeRef<TaggedCommentDef>();
+        definition->TagIdentifier = "#tab";
+        definition->TabName = "Tab";
+        definition->GroupName = "Texts";
+        definition->DesignerProgID = "Lib.dsrTab";
+        definition->Namespaces = "Test:Class,Test:Method,Test:Project";
+        GlobalConfig().TaggedCommentDefs->Add(definition);
+        for (const char* name : {"P~A", "P~B"})
+            mModel.Item(name)->Comment("#tab", std::string("text of ") + name);
+        mEditor.LoadFromNamespaceDefs(mModel.Defs, "moniker");
+        mEditor.SelectItem("P~A");
+    }
+    ~ProjectEditorDesignerCheckTest() override { mEditor.Terminate(); }
+
+    std::string Checks() {
+        std::string checks;
+        for (const std::string& call : Split(mCalls.Take(), " "))
+            if (call.find(".SpellCheck(") != std::string::npos) checks += call + " ";
+        return checks;
+    }
+
+    EventLog mCalls;
+    Ref<RecordingDesignerControl> mControl;
+};
+
+TEST_F(ProjectEditorDesignerCheckTest, TheEngineIsHandedToTheDesignersOfEveryItem) {
+    bool cancel = true;
+    mEditor.SpellCheck(true, cancel, MakeRef<TestWrapper>(mWrapperLog));
+    EXPECT_EQ(Checks(), "tab.SpellCheck(CommandWrapper) tab.SpellCheck(CommandWrapper) ");
+    EXPECT_FALSE(cancel);
+    mEditor.SpellCheck(false, cancel);
+    EXPECT_EQ(Checks(), "tab.SpellCheck(nothing) ");
+    EXPECT_EQ(Messages(), "") << "the completion is for the host to tell";
+}
+
+TEST_F(ProjectEditorDesignerCheckTest, AnAuthorWhoCancelsEndsTheCheckOfAllItems) {
+    mControl->Designer->CancelsSpellCheck = true;
+    bool cancel = false;
+    mEditor.SpellCheck(true, cancel);
+    EXPECT_TRUE(cancel);
+    EXPECT_EQ(Checks(), "tab.SpellCheck(nothing) ");
+    EXPECT_EQ(Current(), "P~A") << "the second item is not visited";
+    EXPECT_TRUE(mEditor.Project.GetEnabled());
+    EXPECT_EQ(Messages(), "");
+}
+
+TEST_F(ProjectEditorDesignerCheckTest, AnAuthorWhoCancelsTheCheckOfOneItemIsHeard) {
+    mControl->Designer->CancelsSpellCheck = true;
+    bool cancel = false;
+    mEditor.SpellCheck(false, cancel);
+    EXPECT_TRUE(cancel);
+    mControl->Designer->CancelsSpellCheck = false;
+    mEditor.SpellCheck(false, cancel);
+    EXPECT_FALSE(cancel);
 }
 
 } // namespace

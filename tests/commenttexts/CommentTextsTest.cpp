@@ -1,7 +1,9 @@
 #include "commenttexts/CommentForm.h"
 #include "commenttexts/CommentsFromChain.h"
+#include "commenttexts/ExampleNote.h"
 #include "commenttexts/ExampleReference.h"
 #include "commenttexts/KeywordList.h"
+#include "commenttexts/MenuPath.h"
 #include "commenttexts/PlainText.h"
 #include "commenttexts/SubItemList.h"
 #include "foundation/Text.h"
@@ -29,6 +31,63 @@ TEST(KeywordListTest, LevelsAreToldFromSignsOfWords) {
     EXPECT_EQ(KeywordList::Normal("operator >"), "operator");
     EXPECT_EQ(Join(KeywordList::Levels("a > b > c"), "|"), "a|b|c");
     EXPECT_EQ(KeywordList::Normal(" > "), "");
+}
+
+TEST(KeywordListTest, BlanksInsideAKeywordMakeNoOtherOne) {
+    EXPECT_EQ(KeywordList::Normal("read \t only  >\topen"), "read only > open");
+    KeywordList list;
+    list.Add("read only");
+    EXPECT_EQ(Join(list.Add("read  only, Read Only"), "|"), "read only|Read Only");
+    EXPECT_EQ(KeywordList::Read("read only\nread   only")->Write(), "read only");
+}
+
+TEST(KeywordListTest, AChangedKeywordIsOneKeyword) {
+    KeywordList list;
+    list.Add("one, two");
+    EXPECT_TRUE(list.Change(0, "a, b"));
+    EXPECT_EQ(list.Write(), "a b\ntwo");
+    EXPECT_FALSE(list.Change(0, " TWO ")) << "it is there already";
+    EXPECT_FALSE(list.Change(0, " , "));
+    EXPECT_TRUE(list.Change(1, "Two")) << "only its letter case";
+    EXPECT_EQ(list.Write(), "a b\nTwo");
+}
+
+TEST(MenuPathTest, StepsAndKeysComeThrough) {
+    const auto path = MenuPath::Read(" File >  Export\n\nkeys:  Ctrl+E \n");
+    ASSERT_TRUE(path);
+    EXPECT_EQ(Join(path->Steps, "|"), "File|Export");
+    EXPECT_EQ(path->Keys, "Ctrl+E");
+    EXPECT_EQ(path->Write(), "File > Export\nkeys: Ctrl+E");
+    EXPECT_EQ(MenuPath::Read("keys: F5")->Write(), "keys: F5");
+    EXPECT_EQ(MenuPath::Read("")->Write(), "");
+}
+
+TEST(MenuPathTest, WhatIsNoMenuPathIsNotRead) {
+    EXPECT_FALSE(MenuPath::Read("File\nEdit")) << "two paths";
+    EXPECT_FALSE(MenuPath::Read("keys: F5\nFile")) << "the keys come last";
+    EXPECT_FALSE(MenuPath::Read("<b>File</b>"));
+}
+
+TEST(MenuPathTest, StepsAreTypedWithAnyOfTheUsualSigns) {
+    EXPECT_EQ(Join(MenuPath::StepsOf("File->Export → As PDF | Now"), "|"),
+              "File|Export|As PDF|Now");
+    EXPECT_TRUE(MenuPath::StepsOf(" > ").empty());
+}
+
+TEST(ExampleNoteTest, TitleAndItemsComeThrough) {
+    const auto note = ExampleNote::Read("Counts words\nof: a~B\nof:  a~C\nof: a~B\n");
+    ASSERT_TRUE(note);
+    EXPECT_EQ(note->Title, "Counts words");
+    EXPECT_EQ(Join(note->Items, "|"), "a~B|a~C") << "each once";
+    EXPECT_EQ(note->Write(), "Counts words\nof: a~B\nof: a~C");
+    EXPECT_EQ(ExampleNote::Read("of: a~B")->Title, "");
+    EXPECT_EQ(ExampleNote::Read("")->Write(), "");
+}
+
+TEST(ExampleNoteTest, WhatIsNoNoteIsNotRead) {
+    EXPECT_FALSE(ExampleNote::Read("One\nTwo"));
+    EXPECT_FALSE(ExampleNote::Read("of: a~B\nTitle")) << "the title comes first";
+    EXPECT_FALSE(ExampleNote::Read("<p>One</p>"));
 }
 
 TEST(ExampleReferenceTest, FilesWithSignsComeThrough) {

@@ -100,6 +100,52 @@ TEST_F(CommentSearchTest, TheOpenItemShowsItsNewText) {
     EXPECT_EQ(shown, "tom cat.;");
 }
 
+TEST_F(CommentSearchTest, WhatAPageMadeOfATextDoesNotKeepItFromBeingReplaced) {
+    const std::string written = "An<br>old house &amp; more.";
+    Load("zoo~animals~Cat", "c2", "##remarks", written);
+    const auto comment = Store().Find("zoo~animals~Cat")->Item("c2");
+    comment->SetNormalisedText("An<br />old house &#38; more.");
+    const CommentSearch search({"house"});
+    EXPECT_EQ(mChanges->Apply(search.Plan(Store(), search.Find(Store()), "home"), "Replacing"), 0u);
+    EXPECT_EQ(comment->GetWrittenText(), "An<br>old home &amp; more.");
+    EXPECT_EQ(comment->GetText(), comment->GetWrittenText());
+}
+
+TEST_F(CommentSearchTest, PlainTextsAreReplacedWithoutBeingTakenForHtml) {
+    const std::string xml = "<rate name=\"budgets\">1 &lt; 2</rate>";
+    Load("zoo~animals~Cat", "k", "##keywords", "R&D > budgets\nAT&amp;T budgets");
+    Load("zoo~animals~Cat", "m", "##menuitem", "Q&A > budgets\nkeys: Ctrl+B");
+    Load("zoo~animals~Cat", "e", "##examplesource", "source: a&budgets.cpp\nThe budgets & co.");
+    Load("zoo~animals~Cat", "n", "##isexample", "R&D budgets\nof: zoo~animals~Dog");
+    Load("zoo~animals~Cat", "x", "##xml", xml);
+    const CommentSearch search({"budgets"});
+    const auto hits = search.Find(Store());
+    EXPECT_EQ(hits.size(), 7u);
+    EXPECT_EQ(mChanges->Apply(search.Plan(Store(), hits, "<costs>"), "Replacing"), 0u);
+    EXPECT_EQ(TextOf("zoo~animals~Cat", "k"), "R&D > <costs>\nAT&amp;T <costs>");
+    EXPECT_EQ(TextOf("zoo~animals~Cat", "m"), "Q&A > <costs>\nkeys: Ctrl+B");
+    EXPECT_EQ(TextOf("zoo~animals~Cat", "e"), "source: a&<costs>.cpp\nThe <costs> & co.");
+    EXPECT_EQ(TextOf("zoo~animals~Cat", "n"), "R&D <costs>\nof: zoo~animals~Dog");
+    EXPECT_EQ(TextOf("zoo~animals~Cat", "x"), "<rate name=\"<costs>\">1 &lt; 2</rate>");
+}
+
+TEST_F(CommentSearchTest, PlainTextsAreSearchedAsTheyStand) {
+    Load("zoo~animals~Cat", "k", "##keywords", "AT&amp;T\nread\n  only");
+    EXPECT_EQ(Shown(CommentSearch({"&amp;"}).Find(Store())),
+              "zoo~animals~Cat: Keywords: AT[&amp;]T\n");
+    EXPECT_EQ(CommentSearch({"AT&T"}).Find(Store()).size(), 0u);
+    EXPECT_EQ(CommentSearch({"only", true, true, false}).Find(Store()).size(), 1u);
+}
+
+TEST_F(CommentSearchTest, ATextThatIsNotInItsFormIsHtml) {
+    Load("zoo~animals~Cat", "k", "##keywords", "<p>R&amp;D budgets</p>");
+    Load("zoo~animals~Cat", "s", "##subitem", "<dl>\n<dt>R&amp;D</dt><dd>budgets</dd>\n</dl>");
+    const CommentSearch search({"R&D"});
+    mChanges->Apply(search.Plan(Store(), search.Find(Store()), "Q&A"), "Replacing");
+    EXPECT_EQ(TextOf("zoo~animals~Cat", "k"), "<p>Q&amp;A budgets</p>");
+    EXPECT_EQ(TextOf("zoo~animals~Cat", "s"), "<dl>\n<dt>Q&amp;A</dt><dd>budgets</dd>\n</dl>");
+}
+
 TEST_F(CommentSearchTest, LongLinesAreCutAroundTheHit) {
     std::string text;
     for (int count = 0; count < 40; ++count)

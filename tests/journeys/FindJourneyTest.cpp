@@ -86,5 +86,48 @@ TEST_F(FindJourneyTest, AFileOfWordsThatCannotBeReadIsTold) {
     EXPECT_TRUE(Contains(Refused({"spell", Project()}), "zoo.words"));
 }
 
+TEST_F(FindJourneyTest, TheHtmlItselfIsSearchedWhereThatIsAsked) {
+    EXPECT_EQ(Do({"find", Project(), "<b>colour"}), "No comment holds \"<b>colour\".\n");
+    EXPECT_EQ(Do({"find", Project(), "<b>colour", "--in-html"}),
+              "zoo~Dog: General Description: <p>Guards the <b>colour</b>ed house.</p>\n"
+              "Found 1 time in 1 comment of 1 item.\n");
+    Do({"find", Project(), "<b>colour</b>", "--in-html", "--replace", "<i>x</i>"});
+    EXPECT_TRUE(
+        Contains(Do({"comments", Project(), "Dog"}), "<p>Guards the <i>x</i>ed house.</p>"));
+}
+
+TEST_F(FindJourneyTest, ReplacingByNothingTakesTheTextOut) {
+    EXPECT_TRUE(Contains(Do({"find", Project(), " me lowd", "--replace", ""}),
+                         "    becomes: Colour.\nReplaced it 1 time"));
+    EXPECT_TRUE(Contains(Do({"comments", Project(), "Dog::Bark"}), "Colour."));
+}
+
+TEST_F(FindJourneyTest, WhatWasReplacedIsToldAsJsonToo) {
+    const Json json = DoJson({"find", Project(), "colour", "--replace", "color"});
+    EXPECT_EQ(json["written"], true);
+    ASSERT_EQ(json["hits"].size(), 2u);
+    EXPECT_EQ(json["hits"][0]["becomes"], "Guards the colored house.");
+    EXPECT_EQ(json["hits"][1]["becomes"], "color me lowd.");
+    const Json again = DoJson({"find", Project(), "colour", "--replace", "color"});
+    EXPECT_EQ(again["written"], false);
+    EXPECT_EQ(again["hits"], Json::array());
+}
+
+TEST_F(FindJourneyTest, AChosenDictionaryThatIsGoneIsTold) {
+    mAside.Write("settings/paperkite/registry.ini",
+                 "[Software]\nBrindlewick\\Paperkite\\Spelling\\PrimaryDictionary=" +
+                     (mFolder / "gone.dic") + "\n");
+    EXPECT_TRUE(Contains(Refused({"spell", Project()}), "gone.dic"));
+}
+
+TEST_F(FindJourneyTest, AnItemThatIsNotThereIsTold) {
+    EXPECT_TRUE(Contains(Refused({"spell", Project(), "Dgo"}), "Dgo"));
+}
+
+TEST_F(FindJourneyTest, WordsThatTheProjectPassesOverAreNotListed) {
+    mFolder.Write("zoo.words", "!lowd\n!colour\n!coloured\n");
+    EXPECT_EQ(Do({"spell", Project()}), "No word is misspelt.\n");
+}
+
 } // namespace
 } // namespace paperkite::test

@@ -1,58 +1,25 @@
-#include "host/window/FindDialog.h"
-#include "journeys/PageTest.h"
+#include "journeys/SearchTest.h"
 
 #include <QAction>
+#include <QCheckBox>
 #include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QPushButton>
-#include <QTest>
 #include <QTreeWidget>
 
-// An author writes on a page, finds it again, replaces it everywhere, and checks the spelling.
+// An author writes on a page, finds it again, and replaces it everywhere.
 
 namespace paperkite::test {
 namespace {
 
-constexpr const char* kDog = "zoo~animals~Dog";
-constexpr const char* kCat = "zoo~animals~Cat";
-
-class SearchJourneyTest : public PageTest {
+class SearchJourneyTest : public SearchTest {
 protected:
-    void OpenZoo() {
-        OpenProject();
-        ClickExpander("zoo~animals");
+    int Found(FindDialog& dialog, const char* text) {
+        Fill(dialog, "Text", text);
+        Click(dialog, "Find");
+        return In<QTreeWidget>(dialog, "Hits").topLevelItemCount();
     }
-    void Write(const std::string& item, const std::string& text) {
-        OpenPage(item);
-        TypeOnPage(text);
-        ASSERT_TRUE(WaitUntil([&] { return TextOf(item, "##") == text + ";"; }))
-            << TextOf(item, "##");
-    }
-    FindDialog& Finding() const {
-        for (auto* dialog : mWindow->findChildren<QDialog*>())
-            if (auto* found = dynamic_cast<FindDialog*>(dialog)) return *found;
-        throw std::logic_error("There is no dialog for finding");
-    }
-    template <class Widget>
-    Widget& In(QWidget& dialog, const char* name) const {
-        auto* widget = dialog.findChild<Widget*>(name);
-        if (!widget) throw std::logic_error(std::string("The dialog has no ") + name);
-        return *widget;
-    }
-    void Fill(QWidget& dialog, const char* name, const char* text) {
-        auto& edit = In<QLineEdit>(dialog, name);
-        edit.setFocus();
-        edit.selectAll();
-        QTest::keyClicks(&edit, text);
-    }
-    void Click(QWidget& dialog, const char* name) {
-        QTest::mouseClick(&In<QPushButton>(dialog, name), Qt::LeftButton);
-        Settle();
-    }
-    std::string Result(QWidget& dialog) {
-        return In<QLabel>(dialog, "Result").text().toStdString();
+    void Toggle(FindDialog& dialog, const char* option) { In<QCheckBox>(dialog, option).click(); }
+    std::string SelectedOnPage() const {
+        return Editor().InPlaceEditor->GetEditControl()->GetSelectedText();
     }
 };
 
@@ -131,61 +98,78 @@ TEST_F(SearchJourneyTest, AHitLeadsToItsItem) {
         [&] { return Editor().InPlaceEditor->GetEditControl()->GetSelectedText() == "house"; }));
 }
 
-TEST_F(SearchJourneyTest, TheSpellCheckOfThePageAsksAndChangesAndIsTakenBack) {
-    OpenZoo();
-    Write(kDog, "Guards the huose.");
-    mDialogs.Expect([&](QDialog& dialog) {
-        EXPECT_EQ(dialog.windowTitle().toStdString(), "Spelling");
-        EXPECT_GT(In<QListWidget>(dialog, "Suggestions").count(), 0);
-        Fill(dialog, "Replacement", "house");
-        QTest::keyClick(&In<QLineEdit>(dialog, "Replacement"), Qt::Key_Return);
-    });
-    mDialogs.ExpectBox("OK");
-    mWindow->GetAction("CheckSpelling")->trigger();
-    EXPECT_EQ(mDialogs.GetText(), "Spelling: The spell check completed successfully");
-    EXPECT_EQ(TextOf(kDog, "##"), "Guards the house.;");
-    mWindow->GetAction("Undo")->trigger();
-    EXPECT_EQ(TextOf(kDog, "##"), "Guards the huose.;");
+TEST_F(SearchJourneyTest, AHitInAParameterLeadsToItsCallable) {
+    const std::string bark = std::string(kDog) + "~Bark";
+    OpenZooWith(CommentOn(bark + "~:times", "Barks so oftenly."));
+    mWindow->GetAction("FindInComments")->trigger();
+    EXPECT_EQ(Found(Finding(), "oftenly"), 1);
+    Click(Finding(), "Next");
+    EXPECT_EQ(Selected(), bark);
+    WaitForPage();
+    EXPECT_TRUE(WaitUntil([&] { return SelectedOnPage() == "oftenly"; })) << Places();
 }
 
-TEST_F(SearchJourneyTest, TheSpellCheckOfTheProjectIsOneStep) {
-    OpenZoo();
-    Write(kCat, "Slepes in a huose.");
-    Write(kDog, "Guards teh huose.");
-    const auto answer = [&](const char* button, const char* replacement) {
-        mDialogs.ExpectBehindProgress([this, button, replacement](QDialog& dialog) {
-            if (*replacement) Fill(dialog, "Replacement", replacement);
-            for (auto* choice : dialog.findChildren<QPushButton*>())
-                if (choice->text().remove('&') == button)
-                    return QTest::mouseClick(choice, Qt::LeftButton);
-            ADD_FAILURE() << "no button " << button;
-            dialog.reject();
-        });
-    };
-    answer("Change", "Sleeps");
-    answer("Change All", "house");
-    answer("Change", "the");
-    mDialogs.ExpectBox("OK");
-    mWindow->GetAction("CheckSpellingOfProject")->trigger();
-    EXPECT_EQ(mDialogs.GetText(), "Spelling: The spell check completed successfully");
-    EXPECT_EQ(TextOf(kCat, "##") + TextOf(kDog, "##"), "Sleeps in a house.;Guards the house.;");
-    EXPECT_EQ(mWindow->GetAction("Undo")->text().toStdString(), "&Undo Spelling");
-    mWindow->GetAction("Undo")->trigger();
-    EXPECT_EQ(TextOf(kCat, "##") + TextOf(kDog, "##"), "Slepes in a huose.;Guards teh huose.;");
+TEST_F(SearchJourneyTest, AHitInAHiddenItemIsToldAndNothingElseIsShown) {
+    OpenZooWith(CommentOn(std::string(kDog) + "~mAge", "The house.") +
+                CommentOn(kCat, "Another house."));
+    OpenPage(kCat);
+    mWindow->GetAction("FindInComments")->trigger();
+    FindDialog& dialog = Finding();
+    ASSERT_EQ(Found(dialog, "house"), 2);
+    auto& hits = In<QTreeWidget>(dialog, "Hits");
+    ASSERT_EQ(hits.topLevelItem(1)->text(0).toStdString(), "zoo ~ animals ~ Dog ~ mAge");
+    emit hits.itemActivated(hits.topLevelItem(1), 0);
+    EXPECT_NE(Status().find("The tree does not show this item now"), std::string::npos) << Status();
+    EXPECT_EQ(Selected(), kCat);
+    EXPECT_EQ(SelectedOnPage(), "") << "the open page is not searched instead";
 }
 
-TEST_F(SearchJourneyTest, TheOptionsOfSpellingAreStored) {
-    OpenZoo();
+TEST_F(SearchJourneyTest, WordsLetterCaseAndTagsCountWhereTheAuthorWants) {
+    OpenZooWith(CommentOn(kDog, "<p>House, houses, the <b>house</b>.</p>"));
+    mWindow->GetAction("FindInComments")->trigger();
+    FindDialog& dialog = Finding();
+    EXPECT_EQ(Found(dialog, "house"), 3);
+    Toggle(dialog, "WholeWord");
+    EXPECT_EQ(Result(dialog), "") << "what was found is of other options";
+    EXPECT_EQ(Found(dialog, "house"), 2);
+    Toggle(dialog, "CaseSensitive");
+    EXPECT_EQ(Found(dialog, "house"), 1);
+    EXPECT_EQ(Found(dialog, "HOUSE"), 0);
+    Toggle(dialog, "WholeWord");
+    Toggle(dialog, "CaseSensitive");
+    EXPECT_EQ(Found(dialog, "<b>house"), 0);
+    Toggle(dialog, "SearchInHTML");
+    EXPECT_EQ(Found(dialog, "<b>house"), 1);
+    Fill(dialog, "Replacement", "<i>house");
+    Click(dialog, "Replace");
+    EXPECT_EQ(TextOf(kDog, "##"), "<p>House, houses, the <i>house</b>.</p>;");
+}
+
+TEST_F(SearchJourneyTest, FindNextGoesFromHitToHitAndBeginsAgain) {
+    OpenZooWith(CommentOn(kDog, "A house.") + CommentOn(kCat, "One house."));
+    mWindow->GetAction("FindNextInComments")->trigger();
+    FindDialog& dialog = Finding();
+    ASSERT_TRUE(dialog.isVisible()) << "nothing was looked for yet";
+    Fill(dialog, "Text", "house");
+    for (const char* item : {kCat, kDog, kCat}) {
+        mWindow->GetAction("FindNextInComments")->trigger();
+        Settle();
+        EXPECT_EQ(Selected(), item);
+    }
+}
+
+TEST_F(SearchJourneyTest, AHitIsShownOnThePageWhateverViewWasOpen) {
+    OpenZooWith(CommentOn(kDog, "A house."));
     OpenPage(kDog);
-    mDialogs.Expect([&](QDialog& dialog) {
-        EXPECT_EQ(dialog.windowTitle().toStdString(), "Spelling Options");
-        auto* box = dialog.findChild<QAbstractButton*>("IgnoreUppercase");
-        ASSERT_TRUE(box && box->isChecked());
-        box->click();
-        dialog.accept();
-    });
-    mWindow->GetAction("SpellingOptions")->trigger();
-    EXPECT_FALSE(CurrentServices().Spelling->GetOptions().IgnoreInUpperCase);
+    const auto& strip = Editor().InPlaceEditor->FlatStrip;
+    for (const std::size_t view : {2u, 3u}) {
+        strip->UserClick(view);
+        mWindow->GetAction("FindInComments")->trigger();
+        ASSERT_EQ(Found(Finding(), "house"), 1);
+        Click(Finding(), "Next");
+        EXPECT_EQ(strip->GetSelectedTab()->Key, "normal");
+        EXPECT_TRUE(Editor().InPlaceEditor->GetEditControl()->GetSelection());
+    }
 }
 
 } // namespace

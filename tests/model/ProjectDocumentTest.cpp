@@ -317,6 +317,37 @@ TEST(ProjectDocument, SaveAsTakesItsContentFileAlongUnderTheNewName) {
     EXPECT_EQ(TextOf(*Opened(folder / "a.kiteproject"), "src~A"), "text");
 }
 
+TEST(ProjectDocument, SaveAsTakesTheWordsAlong) {
+    const TemporaryFolder folder;
+    const auto project = NewProject(folder, "a.kiteproject");
+    ASSERT_EQ(MessageOf(project->Save()), "no problem");
+    folder.Write("a.words", "# Ours.\n!gnu\nokapi\n");
+    ASSERT_EQ(MessageOf(project->SaveAs(folder / "b.kiteproject")), "no problem");
+    EXPECT_EQ(folder.Read("b.words"), "# Ours.\n!gnu\nokapi\n");
+    EXPECT_EQ(folder.Read("a.words"), "# Ours.\n!gnu\nokapi\n");
+    folder.Write("c.words", "# Theirs.\naxolotl\n");
+    ASSERT_EQ(MessageOf(project->SaveAs(folder / "c.kiteproject")), "no problem");
+    EXPECT_EQ(folder.Read("c.words"), "# Theirs.\naxolotl\n!gnu\nokapi\n") << "nothing is lost";
+}
+
+TEST(ProjectDocument, SaveAsThatFailsLeavesTheWordsThatWereThere) {
+    const TemporaryFolder folder;
+    const auto project = NewProject(folder, "a.kiteproject");
+    ASSERT_EQ(MessageOf(project->Save()), "no problem");
+    folder.Write("a.words", "okapi\n");
+    folder.Write("b.kiteproject", "of somebody else");
+    ASSERT_TRUE(project->SaveAs(folder / "b.kiteproject"));
+    EXPECT_FALSE(std::filesystem::exists(folder / "b.words"));
+    folder.Write("b.words", "axolotl\n");
+    ASSERT_TRUE(project->SaveAs(folder / "b.kiteproject"));
+    EXPECT_EQ(folder.Read("b.words"), "axolotl\n");
+    std::filesystem::remove(folder / "b.words");
+    folder.Write("b.words/stands.here", "");
+    ASSERT_TRUE(project->SaveAs(folder / "b.kiteproject", ProjectDocument::Overwriting::Allowed));
+    EXPECT_EQ(project->GetPath(), folder / "a.kiteproject");
+    EXPECT_EQ(folder.Read("b.kiteproject"), "of somebody else");
+}
+
 TEST(ProjectDocument, SaveAsThatFailsGoesOnUnderTheOldName) {
     const TemporaryFolder folder;
     const auto project = NewProject(folder, "a.kiteproject");

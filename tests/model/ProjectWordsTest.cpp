@@ -71,5 +71,36 @@ TEST_F(ProjectWordsTest, AFileThatCannotBeReadIsAProblemAndStays) {
     EXPECT_TRUE(std::filesystem::is_directory(mWords.GetPath()));
 }
 
+TEST_F(ProjectWordsTest, AChangeOfTheFileIsNoticed) {
+    EXPECT_TRUE(mWords.HasChanged()) << "nobody read it yet";
+    EXPECT_FALSE(mWords.Read());
+    EXPECT_FALSE(mWords.HasChanged());
+    mFolder.Write("zoo.words", "okapi\n");
+    EXPECT_TRUE(mWords.HasChanged());
+    EXPECT_FALSE(mWords.Read());
+    EXPECT_FALSE(mWords.HasChanged());
+    std::filesystem::remove(mWords.GetPath());
+    EXPECT_TRUE(mWords.HasChanged());
+}
+
+TEST_F(ProjectWordsTest, WordsOfAnotherProjectAreTakenIn) {
+    mFolder.Write("other.words", "# Theirs.\nokapi\n!gnu\n");
+    EXPECT_FALSE(mWords.TakeFrom(mFolder / "other.kiteproject"));
+    EXPECT_EQ(Bytes(), "# Theirs.\n!gnu\nokapi\n");
+    mFolder.Write("zoo.words", "# Ours.\naxolotl\n");
+    EXPECT_FALSE(mWords.TakeFrom(mFolder / "other.kiteproject"));
+    EXPECT_EQ(Bytes(), "# Ours.\naxolotl\n!gnu\nokapi\n");
+    EXPECT_FALSE(mWords.TakeFrom(mFolder / "none.kiteproject"));
+    EXPECT_EQ(Bytes(), "# Ours.\naxolotl\n!gnu\nokapi\n");
+}
+
+TEST_F(ProjectWordsTest, WordsThatCannotBeTakenInAreAProblem) {
+    mFolder.Write("other.words", "okapi\n");
+    mFolder.Write("zoo.words/stands.here", "");
+    const auto problem = mWords.TakeFrom(mFolder / "other.kiteproject");
+    ASSERT_TRUE(problem);
+    EXPECT_EQ(problem->File, mFolder / "zoo.words");
+}
+
 } // namespace
 } // namespace paperkite

@@ -159,6 +159,15 @@ TEST_F(SpellingTest, WithoutACustomDictionaryLearningIsAnError) {
     }
 }
 
+TEST_F(SpellingTest, ACustomDictionaryThatCannotBeReadIsTold) {
+    mFolder.Write("data/custom.words/stands.here", "");
+    const auto engine = Engine();
+    EXPECT_NE(engine->GetProblem().find("custom.words"), std::string::npos) << engine->GetProblem();
+    EXPECT_FALSE(engine->Check("qzxv")) << "the dictionary itself is there";
+    engine->Set("CustomDictFile", Value(mFolder / "own.txt"));
+    EXPECT_EQ(engine->GetProblem(), "");
+}
+
 TEST_F(SpellingTest, WordsArePassedOver) {
     const auto engine = Engine();
     EXPECT_FALSE(engine->Check("qzxv"));

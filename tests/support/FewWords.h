@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/Error.h"
 #include "foundation/SpellEngine.h"
 #include "foundation/SpellWords.h"
 #include "foundation/Text.h"
@@ -32,12 +33,15 @@ public:
         Events.WordsChanged.Raise();
     }
     void AddToCustomDictionary(const std::string& word) override {
+        if (CannotLearn) RaiseError(ErrorNumber::PathOrFileAccess, "No room for " + word + ".");
         mKnown.insert(LowerCase(word));
         Told += "learn " + word + ";";
         Events.WordsChanged.Raise();
     }
 
     std::string Told;
+    /// Refuses to keep words.
+    bool CannotLearn = false;
 
 private:
     SpellOptions mOptions;

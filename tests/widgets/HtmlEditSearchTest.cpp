@@ -1,6 +1,7 @@
 #include "foundation/Services.h"
 #include "platform/html/HtmlServices.h"
 #include "support/FewWords.h"
+#include "support/ScriptedServices.h"
 #include "widgets/HtmlEdit.h"
 
 #include <gtest/gtest.h>
@@ -193,6 +194,40 @@ TEST_F(HtmlEditSearchTest, WordsArePassedOverOrLearnt) {
     EXPECT_TRUE(Check());
     EXPECT_EQ(mEngine->Told, "ignore foo;learn bar;");
     EXPECT_EQ(ignored, "foo;");
+}
+
+TEST_F(HtmlEditSearchTest, APassedEngineLearnsWhatIsPassedOver) {
+    Know("fish two", {{SpellAction::IgnoreAll, {}}});
+    const auto own = mEngine;
+    const auto passed = MakeRef<FewWords>("fish two");
+    std::string ignored;
+    const auto tie = mEdit->Events.SpellIgnoreWordAdded.Connect(
+        [&](const std::string& word) { ignored += word + ";"; });
+    mEdit->UserSpanChanged(0, "foo and foo");
+    bool cancel = false;
+    passed->AddIgnoreAll("and");
+    mEdit->DoSpellCheck(passed, cancel);
+    EXPECT_FALSE(cancel) << "the second one is not asked for";
+    EXPECT_EQ(mAsked, "foo@0 in 'foo and foo';");
+    EXPECT_EQ(passed->Told, "ignore and;ignore foo;");
+    EXPECT_EQ(own->Told, "");
+    EXPECT_EQ(ignored, "foo;");
+}
+
+TEST_F(HtmlEditSearchTest, AWordThatCannotBeLearntIsToldAndAskedForAgain) {
+    const auto messages = std::make_shared<test::ScriptedMessageBox>();
+    CurrentServices().MessageBox = messages;
+    mEdit->UserSpanChanged(0, "foo bar");
+    Know("fish two", {{SpellAction::Add, {}}, {SpellAction::Change, "fish"}, {}});
+    mEngine->CannotLearn = true;
+    EXPECT_FALSE(Check());
+    EXPECT_EQ(messages->Shown, std::vector<std::string>{"Spelling [warning] No room for foo."});
+    EXPECT_EQ(mAsked, "foo@0 in 'foo bar';foo@0 in 'foo bar';bar@5 in 'fish bar';");
+    EXPECT_EQ(Text(0), "fish bar") << "what was decided is kept";
+    mEdit->UserLearnWord("qux");
+    EXPECT_EQ(messages->Shown.back(), "Spelling [warning] No room for qux.");
+    CurrentServices().MessageBox = {};
+    EXPECT_NO_THROW(mEdit->UserLearnWord("qux"));
 }
 
 TEST_F(HtmlEditSearchTest, TheOptionsAreShownAndTheWordIsAskedForAgain) {

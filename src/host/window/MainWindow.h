@@ -157,7 +157,8 @@ private:
     void NextUndocumented();
     void PreviousUndocumented();
     void MoveTo(const Ref<TreeNode>& node);
-    void GoTo(const std::string& qualifiedName);
+    /// False, and the author is told, when the tree does not show the item.
+    bool GoTo(const std::string& qualifiedName);
     void FocusFinder();
     void CopyComments();
     void PasteComments();
@@ -171,6 +172,12 @@ private:
     void ShowHit(const std::string& item, const SearchOptions& options);
     void CheckSpelling();
     void CheckSpellingOfProject();
+    /// False, and the author is told why, when words cannot be checked.
+    bool CanCheckSpelling();
+    /// Tells why the project's file of words cannot be read, if so.
+    void TellWordsProblem();
+    /// Back from the HTML and the preview: only what is written on can be searched and checked.
+    void ShowNormalViews();
     void ShowSpellingOptions();
     /// Makes changes from outside the editor, as one step of that name; gives how many comments
     /// were left alone, since they say something else by now.

@@ -195,12 +195,13 @@ void MainWindow::FocusFinder() {
     mFinder->SetFocus();
 }
 
-void MainWindow::GoTo(const std::string& qualifiedName) {
-    if (mWorkspace->Select(qualifiedName)) return;
+bool MainWindow::GoTo(const std::string& qualifiedName) {
+    if (mWorkspace->Select(qualifiedName)) return true;
     statusBar()->showMessage(
         tr("The tree does not show this item now: private and protected members can be shown by "
            "the View menu."),
         8000);
+    return false;
 }
 
 } // namespace paperkite

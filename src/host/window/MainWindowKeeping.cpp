@@ -180,6 +180,7 @@ void MainWindow::OfferConflicts() {
 
 void MainWindow::LookAtDisk() {
     if (!mWorkspace || !mKeeping || mLooking || QApplication::activeModalWidget()) return;
+    if (mWorkspace->GetSpelling()->LookAtWords()) TellWordsProblem();
     const auto changed = mWorkspace->GetSession().GetProject()->ChangedOnDisk();
     if (changed.empty()) mNotMerged.clear();
     if (changed.empty() || changed == mNotMerged) return;

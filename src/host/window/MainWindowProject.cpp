@@ -91,6 +91,7 @@ bool MainWindow::ShowOpened(ProjectSession::OpenResult opened, const std::string
     ShowProject(std::move(opened.Session), std::move(opened.Rest));
     BeginKeeping(std::move(keeping));
     TellMissingFiles();
+    TellWordsProblem();
     OfferConflicts();
     return true;
 }
@@ -246,6 +247,7 @@ bool MainWindow::SaveAs() {
     if (path.isEmpty()) return false;
     if (!path.endsWith(kProjectEnding)) path += kProjectEnding;
     if (!StoreOrAsk(true, path)) return false;
+    mWorkspace->GetSpelling()->LookAtWords();
     mRecent.Add(project->GetPath());
     return true;
 }

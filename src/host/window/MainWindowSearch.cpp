@@ -1,11 +1,14 @@
 #include "host/window/MainWindow.h"
 
+#include "doctypes/source/ParameterStep.h"
+#include "foundation/ScopeExit.h"
 #include "foundation/Services.h"
 #include "host/CommentHistory.h"
 #include "host/ProjectSpellCheck.h"
 #include "host/window/CoverageStatus.h"
 #include "host/window/FindDialog.h"
 #include "host/window/SafeKeeping.h"
+#include "widgets/DesignerControl.h"
 
 #include <QAction>
 #include <QMessageBox>
@@ -54,19 +57,30 @@ void MainWindow::FindNextInComments() {
 }
 
 void MainWindow::ShowHit(const std::string& item, const SearchOptions& options) {
+    if (!mWorkspace->GetSession().GetProvider()->Exists(item)) {
+        statusBar()->showMessage(tr("This item is gone from the code; its comments are under "
+                                    "Homeless Comments."),
+                                 kTellMilliseconds);
+        return;
+    }
+    // Parameters are written on where their callables are.
+    const std::string shown = IsParameterName(item) ? item.substr(0, item.rfind('~')) : item;
     CommentEditor& editor = mWorkspace->GetEditor().cEditor;
     const auto current = editor.GetCurrentCodeElement();
-    if (!current || current->Get("QualifiedName").ToText() != item) {
-        if (!mWorkspace->GetSession().GetProvider()->Exists(item)) {
-            statusBar()->showMessage(tr("This item is gone from the code; its comments are under "
-                                        "Homeless Comments."),
-                                     kTellMilliseconds);
-            return;
-        }
-        GoTo(item);
-    }
+    if (!current || current->Get("QualifiedName").ToText() != shown)
+        if (!GoTo(shown)) return;
+    ShowNormalViews();
     editor.DoFind(options.SearchFor, options.WholeWord, options.CaseSensitive,
                   options.SearchInHTML);
+}
+
+void MainWindow::ShowNormalViews() {
+    CommentEditor& editor = mWorkspace->GetEditor().cEditor;
+    // The first tab is the page to write on; a click on it does nothing where it is selected.
+    editor.InPlaceEditor->FlatStrip->UserClick(1);
+    for (const auto& control : editor.DesignerContainer->Controls)
+        if (const auto designer = control.As<DesignerControl>())
+            if (const auto text = designer->GetEditor()) text->SetView(HtmlView::Normal);
 }
 
 std::size_t MainWindow::ChangeTexts(const TextChanges::Changes& changes,
@@ -82,27 +96,42 @@ std::size_t MainWindow::ChangeTexts(const TextChanges::Changes& changes,
     return leftAlone;
 }
 
+bool MainWindow::CanCheckSpelling() {
+    const auto& engine = CurrentServices().Spelling;
+    if (!engine) return false;
+    const std::string problem = engine->GetProblem();
+    if (!problem.empty())
+        QMessageBox::warning(this, tr("Spelling"), QString::fromStdString(problem));
+    return problem.empty();
+}
+
+void MainWindow::TellWordsProblem() {
+    const std::string& problem = mWorkspace->GetSpelling()->GetProblem();
+    if (!problem.empty())
+        QMessageBox::warning(this, tr("Spelling"), QString::fromStdString(problem));
+}
+
 void MainWindow::CheckSpelling() {
+    if (!CanCheckSpelling()) return;
     mWorkspace->GetEditor().CommitEdit();
+    ShowNormalViews();
     mHistory->BeginStep("Spelling");
+    ScopeExit step([this] { mHistory->EndStep(); });
     mWorkspace->GetEditor().cEditor.SpellCheck(true);
-    mHistory->EndStep();
+    step.Run();
     ShowHistory();
 }
 
 void MainWindow::ShowSpellingOptions() {
     mWorkspace->GetEditor().cEditor.ShowSpellingOptions();
+    CanCheckSpelling();
 }
 
 // The whole check is one step to take back, like the words of one item.
 void MainWindow::CheckSpellingOfProject() {
     const auto& engine = CurrentServices().Spelling;
     const auto& ask = CurrentServices().AskSpelling;
-    if (!engine || !ask) return;
-    if (const std::string problem = engine->GetProblem(); !problem.empty()) {
-        QMessageBox::warning(this, tr("Spelling"), QString::fromStdString(problem));
-        return;
-    }
+    if (!engine || !ask || !CanCheckSpelling()) return;
     mWorkspace->GetEditor().CommitEdit();
     const CommentStore& store = *mWorkspace->GetSession().GetProject()->GetComments();
     QProgressDialog progress(tr("Checking the words of all comments …"), tr("Cancel"), 0, 0, this);
@@ -119,17 +148,18 @@ void MainWindow::CheckSpellingOfProject() {
     progress.close();
     if (isCancelled) return;
     mHistory->BeginStep("Spelling");
+    ScopeExit step([this] { mHistory->EndStep(); });
     ProjectSpellCheck check(
         *engine, {ask,
                   [&](const SpellCheckWork::Finding& finding, const std::string& replacement) {
-                      ChangeTexts(work.Plan(store, finding, replacement), "Spelling");
+                      ChangeTexts(SpellCheckWork::Plan(store, finding, replacement), "Spelling");
                   },
                   [&](const std::string& word) {
                       engine->AddIgnoreAll(word);
                       mWorkspace->GetEditor().Events.SpellIgnoreWordAdded.Raise(word);
                   }});
     const bool isComplete = check.Run(findings);
-    mHistory->EndStep();
+    step.Run();
     ShowHistory();
     QMessageBox::information(this, tr("Spelling"),
                              isComplete ? tr("The spell check completed successfully")

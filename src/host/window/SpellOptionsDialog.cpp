@@ -1,13 +1,16 @@
 #include "host/window/SpellOptionsDialog.h"
 
 #include "foundation/Services.h"
+#include "platform/spelling/SpellServices.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
+#include <QDir>
 #include <QFileDialog>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -16,6 +19,8 @@ namespace paperkite {
 namespace {
 
 constexpr int kFirstWidth = 520;
+constexpr const char* kDictionary = "PrimaryDictionary";
+constexpr const char* kOwnWords = "CustomDictionary";
 
 } // namespace
 
@@ -67,9 +72,9 @@ void SpellOptionsDialog::AddRule(QWidget* parent, const char* name, bool byDefau
 QWidget* SpellOptionsDialog::MakeFiles() {
     auto* group = new QGroupBox(tr("Dictionaries"), this);
     new QVBoxLayout(group);
-    AddFile(group, "PrimaryDictionary", tr("&Dictionary:"), tr("That of the system's language"),
+    AddFile(group, kDictionary, tr("&Dictionary:"), tr("That of the system's language"),
             tr("Dictionaries (*.dic);;All files (*)"));
-    AddFile(group, "CustomDictionary", tr("&Own words:"), tr("A list of this user"),
+    AddFile(group, kOwnWords, tr("&Own words:"), tr("A list of this user"),
             tr("Lists of words (*.txt *.dic);;All files (*)"));
     return group;
 }
@@ -101,7 +106,33 @@ QLineEdit* SpellOptionsDialog::AddFile(QWidget* parent, const char* name, const 
     return path;
 }
 
-void SpellOptionsDialog::accept() {
+QString SpellOptionsDialog::Problem() const {
+    const auto chosen = [this](const char* name) {
+        return findChild<QLineEdit*>(name)->text().trimmed();
+    };
+    const QString dictionary = chosen(kDictionary);
+    const QString words = chosen(kOwnWords);
+    if (!dictionary.isEmpty() && !dictionary.endsWith(".dic"))
+        return tr("“%1” is no dictionary. Choose a file that ends in .dic and has its rules in an "
+                  ".aff file beside it, or leave the field empty.")
+            .arg(dictionary);
+    if (!words.isEmpty() && QDir::isRelativePath(words))
+        return tr("“%1” does not say in which folder it is. Choose a file for your own words, or "
+                  "leave the field empty.")
+            .arg(words);
+    const auto trial = MakeSpelling();
+    SpellOptions options = trial->GetOptions();
+    options.MainDictionaryFile = dictionary.toStdString();
+    if (!words.isEmpty()) options.CustomDictionaryFile = words.toStdString();
+    trial->SetOptions(options);
+    const std::string problem = trial->GetProblem();
+    // What was wrong before, and is not chosen here, does not keep from changing the rest.
+    const auto& present = CurrentServices().Spelling;
+    if (present && problem == present->GetProblem()) return {};
+    return QString::fromStdString(problem);
+}
+
+void SpellOptionsDialog::Store() const {
     RegistryHelper& registry = Required(CurrentServices().Registry);
     registry.CreateKey(HKEY_CURRENT_USER, mKey);
     const auto write = [&](const std::string& name, const std::string& text) {
@@ -111,7 +142,17 @@ void SpellOptionsDialog::accept() {
         write(rule.Name, rule.Box->isChecked() ? "1" : "0");
     for (const File& file : mFiles)
         write(file.Name, file.Path->text().trimmed().toStdString());
-    QDialog::accept();
+}
+
+void SpellOptionsDialog::accept() {
+    QString problem = Problem();
+    try {
+        if (problem.isEmpty()) Store();
+    } catch (const Error& error) {
+        problem = QString::fromStdString(error.GetDescription());
+    }
+    if (problem.isEmpty()) return QDialog::accept();
+    QMessageBox::warning(this, windowTitle(), problem);
 }
 
 } // namespace paperkite

@@ -10,7 +10,8 @@ class QLineEdit;
 
 namespace paperkite {
 
-/// The options of spell checking as they are stored under one key of the settings. OK stores them.
+/// The options of spell checking as they are stored under one key of the settings. OK stores them;
+/// files that a check cannot use are refused with the reason, and the dialog stays.
 class SpellOptionsDialog : public QDialog {
 public:
     /// The key below that of the current user: "Software\\Brindlewick\\Paperkite\\Spelling".
@@ -25,6 +26,10 @@ private:
     QLineEdit* AddFile(QWidget* parent, const char* name, const QString& text, const QString& hint,
                        const QString& filter);
     std::string Stored(const std::string& name) const;
+    /// A sentence that says which file cannot be used and what to do; empty when all can.
+    QString Problem() const;
+    /// Raises what the settings raise where they cannot be written.
+    void Store() const;
 
     struct Rule {
         std::string Name;

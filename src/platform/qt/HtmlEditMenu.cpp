@@ -58,7 +58,7 @@ void HtmlEditMenu::AddSpelling(const std::string& word) {
     connect(addAction(tr("&Ignore all")), &QAction::triggered, this,
             [edit = mEdit, word] { edit->UserIgnoreWord(word); });
     connect(addAction(Icons::ByName("list-add"), tr("&Add to the dictionary")), &QAction::triggered,
-            this, [edit = mEdit, word] { Ignoring([&] { edit->UserLearnWord(word); }); });
+            this, [edit = mEdit, word] { edit->UserLearnWord(word); });
     addSeparator();
 }
 

@@ -107,13 +107,14 @@ void DictionaryEngine::SetProject(ProjectSpelling project) {
 void DictionaryEngine::ReadCustomFile() {
     mTaught.Clear();
     mIgnored.Clear();
+    mCustomProblem.clear();
     std::string bytes;
     std::error_code ignored;
-    if (!mOptions.CustomDictionaryFile.empty() &&
-        fs::exists(mOptions.CustomDictionaryFile, ignored) &&
-        !SafeFile::Read(mOptions.CustomDictionaryFile, bytes))
-        for (const std::string& word : LinesOf(bytes))
-            mTaught.Add(word);
+    const std::string& file = mOptions.CustomDictionaryFile;
+    if (!file.empty() && fs::exists(file, ignored))
+        if (const auto problem = SafeFile::Read(file, bytes)) mCustomProblem = problem->Message();
+    for (const std::string& word : LinesOf(bytes))
+        mTaught.Add(word);
     for (const std::string& line : LinesOf(ReplaceAll(mOptions.IgnoreWordList, " ", "\n")))
         mIgnored.Add(line);
     for (const std::string& word : mProject.Learnt)
@@ -146,7 +147,7 @@ void DictionaryEngine::Load() const {
 
 std::string DictionaryEngine::GetProblem() const {
     Load();
-    return mProblem;
+    return mProblem.empty() ? mCustomProblem : mProblem;
 }
 
 bool DictionaryEngine::Check(const std::string& word) {

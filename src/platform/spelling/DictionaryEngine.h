@@ -51,6 +51,7 @@ private:
     mutable bool mIsLoaded = false;
     mutable std::unique_ptr<HunspellDictionary> mDictionary;
     mutable std::string mProblem;
+    std::string mCustomProblem;
     std::unordered_map<std::string, bool> mChecked;
 };
 
