@@ -116,7 +116,9 @@ private:
     bool InPopupBubble(const Ref<HTMLElement>& Element) const;
     Ref<TaggedComment> FindTaggedComment(const Ref<Object>& Item,
                                          const std::string& TagIdentifier) const;
-    static Ref<TaggedComment> zFindTaggedComment(Object& Item, const std::string& TagIdentifier);
+    /// The same, for those who must not take a failure for a tag without a comment: false then.
+    bool zFindTaggedComment(const Ref<Object>& Item, const std::string& TagIdentifier,
+                            Ref<TaggedComment>& found) const;
     Ref<TaggedComment> NewTaggedComment(const std::string& TagIdentifier, const std::string& Text);
     std::string GetStrippedHTML(const Ref<HTMLElement>& Element);
 

@@ -126,24 +126,27 @@ bool InPlaceEditor::InPopupBubble(const Ref<HTMLElement>& Element) const {
 
 Ref<TaggedComment> InPlaceEditor::FindTaggedComment(const Ref<Object>& Item,
                                                     const std::string& TagIdentifier) const {
-    return Procedure<Ref<TaggedComment>>(*this, "FindTaggedComment",
-                                         [&](Ref<TaggedComment>& result, Frame& frame) {
-                                             Watch watchItem(frame, "Item", Item);
-                                             Watch watchTag(frame, "TagIdentifier", TagIdentifier);
-                                             result = zFindTaggedComment(*Item, TagIdentifier);
-                                         });
+    Ref<TaggedComment> found;
+    zFindTaggedComment(Item, TagIdentifier, found);
+    return found;
 }
 
-// Whoever is about to write must not take a failure for an item without that comment.
-Ref<TaggedComment> InPlaceEditor::zFindTaggedComment(Object& Item,
-                                                     const std::string& TagIdentifier) {
-    const auto all = Item.Get("TaggedComments").ToObjectOf<TaggedCommentCollection>();
-    // What UnDeletedTaggedComments holds, without a collection for each place of a page.
-    for (const auto& comment : *all)
-        if (comment->GetState() != kTaggedCommentTombstone &&
-            EqualIgnoringCase(comment->GetTagIdentifier(), TagIdentifier))
-            return comment;
-    return {};
+bool InPlaceEditor::zFindTaggedComment(const Ref<Object>& Item, const std::string& TagIdentifier,
+                                       Ref<TaggedComment>& found) const {
+    return Procedure<bool>(*this, "FindTaggedComment", [&](bool& result, Frame& frame) {
+        Watch watchItem(frame, "Item", Item);
+        Watch watchTag(frame, "TagIdentifier", TagIdentifier);
+        const auto all = Item->Get("TaggedComments").ToObjectOf<TaggedCommentCollection>();
+        // What UnDeletedTaggedComments holds, without a collection for each place of a page.
+        for (const auto& comment : *all) {
+            if (comment->GetState() == kTaggedCommentTombstone ||
+                !EqualIgnoringCase(comment->GetTagIdentifier(), TagIdentifier))
+                continue;
+            found = comment;
+            break;
+        }
+        result = true;
+    });
 }
 
 Ref<TaggedComment> InPlaceEditor::NewTaggedComment(const std::string& TagIdentifier,
@@ -167,7 +170,9 @@ void InPlaceEditor::ed_EditableSpanChanged(const Ref<HTMLElement>& Span) {
         const auto obj = zHost().ICommentDesignerHost_GetObjectFromQualifiedName(NameIn(Span));
         if (!obj) return;
         const std::string TagIdentifier = TagIn(Span);
-        const auto tc = zFindTaggedComment(*obj, TagIdentifier);
+        Ref<TaggedComment> tc;
+        // A second comment beside one that could not be found would be worse than none.
+        if (!zFindTaggedComment(obj, TagIdentifier, tc)) return;
         const std::string OldText = tc ? TrimBlanks(tc->GetText()) : std::string();
         const std::string NewText = WithoutOuterBlanks(TrimBlanks(GetStrippedHTML(Span)));
         if (NewText != OldText) zStoreText(obj, TagIdentifier, NewText);
@@ -176,7 +181,8 @@ void InPlaceEditor::ed_EditableSpanChanged(const Ref<HTMLElement>& Span) {
 
 void InPlaceEditor::zStoreText(const Ref<Object>& obj, const std::string& TagIdentifier,
                                const std::string& NewText) {
-    Ref<TaggedComment> tc = zFindTaggedComment(*obj, TagIdentifier);
+    Ref<TaggedComment> tc;
+    if (!zFindTaggedComment(obj, TagIdentifier, tc)) return;
     const bool cleared = NewText.empty() || EqualIgnoringCase(NewText, kEmptiedSpan);
     if (!cleared && !tc) {
         tc = NewTaggedComment(TagIdentifier, NewText);
