@@ -343,6 +343,23 @@ TEST_F(InPlaceEditorPageTest, APlaceThatFailsIsReportedAndThePageIsAlive) {
     EXPECT_EQ(mItem->Comments()->Count(), 2u);
 }
 
+TEST_F(InPlaceEditorPageTest, ALookUpThatFailsAddsNoSecondComment) {
+    mItem->Comment("#note", "text", "n", 1);
+    LoadPage(PlaceTag("P~A", "#note"));
+    const ScopeExit unhook([] { TestItem::OnUse = nullptr; });
+    int failed = 0;
+    TestItem::OnUse = [&](const std::string& use) {
+        if (use != "Get(TaggedComments)" || failed++ > 0) return;
+        RaiseError(ErrorNumber::InvalidCall);
+    };
+    Type("P~A", "#note", "typed");
+    EXPECT_EQ(mServices.TakeReports(), "InPlaceEditor.FindTaggedComment (5)\n");
+    EXPECT_EQ(mItem->Comments()->Count(), 1u);
+    Type("P~A", "#note", "typed again");
+    EXPECT_EQ(mItem->Comments()->Item("n")->GetText(), "typed again");
+    EXPECT_EQ(mServices.TakeReports(), "");
+}
+
 // Handlers that come back
 
 TEST_F(InPlaceEditorPageTest, AHandlerMayLoadAnotherItemWhileATextIsStored) {

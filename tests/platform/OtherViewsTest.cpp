@@ -238,14 +238,14 @@ TEST_F(OtherViewsTest, EveryVisibleControlOfTheWindowHasANameForScreenReaders) {
 
 TEST_F(OtherViewsTest, AFramedLayoutStandsInAFrameAsWideAsTheStyleSays) {
     auto page = MakeRef<Container>("page");
-    auto text = MakeRef<TextBox>("text");
+    auto list = MakeRef<ListBox>("list");
     auto below = MakeRef<Button>("below");
     below->SetCaption("&Below");
-    for (const Ref<Control>& control : {Ref<Control>(text), Ref<Control>(below)})
+    for (const Ref<Control>& control : {Ref<Control>(list), Ref<Control>(below)})
         page->Controls.Add(control);
-    page->SetLayout(FormLayout::Framed({FormLayout::Item(text, 1), FormLayout::Item(below)}));
+    page->SetLayout(FormLayout::Framed({FormLayout::Item(list, 1), FormLayout::Item(below)}));
     auto* view = Show<ContainerView>(page);
-    auto* field = view->findChild<QWidget*>("text");
+    auto* field = view->ViewOf(list);
     auto* button = view->findChild<QPushButton*>("below");
     ASSERT_TRUE(field && button);
     const auto* frame = qobject_cast<QFrame*>(button->parentWidget());
