@@ -353,7 +353,7 @@ TEST_F(InPlaceEditorPageTest, ALookUpThatFailsAddsNoSecondComment) {
         RaiseError(ErrorNumber::InvalidCall);
     };
     Type("P~A", "#note", "typed");
-    EXPECT_EQ(mServices.TakeReports(), "InPlaceEditor.FindTaggedComment (5)\n");
+    EXPECT_EQ(mServices.TakeReports(), "InPlaceEditor.ed_EditableSpanChanged (5)\n");
     EXPECT_EQ(mItem->Comments()->Count(), 1u);
     Type("P~A", "#note", "typed again");
     EXPECT_EQ(mItem->Comments()->Item("n")->GetText(), "typed again");
