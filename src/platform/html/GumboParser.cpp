@@ -1,5 +1,6 @@
 #include "platform/html/GumboParser.h"
 
+#include "foundation/HtmlText.h"
 #include "foundation/HtmlTokens.h"
 #include "foundation/Text.h"
 #include "foundation/Unicode.h"
@@ -143,11 +144,19 @@ private:
             : element.tag_namespace == GUMBO_NAMESPACE_MATHML ? HtmlNamespace::MathML
                                                               : HtmlNamespace::Html;
         auto copy = std::make_shared<paperkite::GumboElement>(NameOf(element), space, mTie);
+        if (element.tag == GUMBO_TAG_UNKNOWN && !IsPlainName(copy->Name)) mIsRearranged = true;
         copy->Attributes.reserve(element.attributes.length);
         for (unsigned int at = 0; at < element.attributes.length; ++at)
             CopyAttribute(*static_cast<const GumboAttribute*>(element.attributes.data[at]),
                           copy->Attributes);
         return copy;
+    }
+
+    /// The parser may not take the end tag of another name for that of its start tag.
+    static bool IsPlainName(std::string_view name) {
+        return std::all_of(name.begin(), name.end(), [](unsigned char byte) {
+            return byte > ' ' && byte != 0x7F && byte != '<' && byte != '"' && byte != '\'';
+        });
     }
 
     static std::string NameOf(const ::GumboElement& element) {
@@ -275,13 +284,23 @@ struct Reading {
     ParsedHtml Settled(const std::string& html) const {
         RefuseTooDeep(html);
         ParsedHtml parsed = Once(html);
-        for (int reading = 1; parsed.IsRearranged && reading < kMostReadings; ++reading) {
+        for (int reading = 1; parsed.IsRearranged; ++reading) {
             const std::string before = SerialiseChildren(*parsed.Nodes);
             ParsedHtml again = Once(before);
             if (SerialiseChildren(*again.Nodes) == before) break;
+            if (reading == kMostReadings) return Unsettled(html, std::move(again));
             again.IsRearranged = true;
             parsed = std::move(again);
         }
+        return parsed;
+    }
+
+    /// Some tags that cross each other grow with every reading. In a part of a document they are
+    /// shown as the text that they are; a whole one stays readable as it is.
+    ParsedHtml Unsettled(const std::string& html, ParsedHtml last) const {
+        if (Context == GUMBO_TAG_LAST) return last;
+        ParsedHtml parsed = Once(HtmlText::Escaped(html));
+        parsed.IsRearranged = true;
         return parsed;
     }
 };
