@@ -113,44 +113,41 @@ void HtmlSearch::AppendFolded(std::string& to, char32_t character) const {
     AppendCharacter(to, mOptions.CaseSensitive ? character : FoldCase(character));
 }
 
+void HtmlSearch::FoldPart(std::string_view text, std::size_t from, bool& isBlank,
+                          Folded& folded) const {
+    for (std::size_t at = from; at < text.size();) {
+        const std::size_t origin = at;
+        const char32_t character = NextCharacter(text, at);
+        const bool wasBlank = std::exchange(isBlank, IsWhiteSpace(character));
+        if (isBlank && wasBlank) continue;
+        folded.Begin(origin);
+        AppendFolded(folded.Text, isBlank ? U' ' : character);
+    }
+    folded.End = text.size();
+}
+
 HtmlSearch::Folded HtmlSearch::Fold(std::string_view source) const {
     Folded folded;
     folded.Text.reserve(source.size());
     bool isBlank = false;
-    for (std::size_t at = 0; at < source.size();) {
-        const std::size_t from = at;
-        const char32_t character = NextCharacter(source, at);
-        const bool wasBlank = std::exchange(isBlank, IsWhiteSpace(character));
-        if (isBlank && wasBlank) continue;
-        folded.Begin(from);
-        AppendFolded(folded.Text, isBlank ? U' ' : character);
-    }
-    folded.End = source.size();
+    FoldPart(source, 0, isBlank, folded);
     return folded;
 }
 
 HtmlSearch::Folded HtmlSearch::Fold(const HtmlText& text) const {
     Folded folded;
-    const std::string& all = text.GetText();
+    const std::string_view all = text.GetText();
     folded.Text.reserve(all.size());
     bool isBlank = false;
     const auto& pieces = text.GetPieces();
     for (std::size_t index = 0; index < pieces.size(); ++index) {
-        if (pieces[index].IsBreak) {
-            folded.Begin(pieces[index].From);
-            folded.Text += kBreak;
-            isBlank = false;
+        if (!pieces[index].IsBreak) {
+            FoldPart(all.substr(0, text.EndOf(index)), pieces[index].From, isBlank, folded);
             continue;
         }
-        const std::string_view part = std::string_view(all).substr(0, text.EndOf(index));
-        for (std::size_t at = pieces[index].From; at < part.size();) {
-            const std::size_t from = at;
-            const char32_t character = NextCharacter(part, at);
-            const bool wasBlank = std::exchange(isBlank, IsWhiteSpace(character));
-            if (isBlank && wasBlank) continue;
-            folded.Begin(from);
-            AppendFolded(folded.Text, isBlank ? U' ' : character);
-        }
+        folded.Begin(pieces[index].From);
+        folded.Text += kBreak;
+        isBlank = false;
     }
     folded.End = all.size();
     return folded;

@@ -65,6 +65,7 @@ private:
     struct Folded;
 
     void AppendFolded(std::string& to, char32_t character) const;
+    void FoldPart(std::string_view text, std::size_t from, bool& isBlank, Folded& folded) const;
     Folded Fold(const HtmlText& text) const;
     Folded Fold(std::string_view source) const;
     std::vector<Hit> FindIn(const Folded& folded) const;

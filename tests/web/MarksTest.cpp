@@ -7,6 +7,11 @@
 #include "support/FewWords.h"
 #include "support/Waiting.h"
 
+#include <QImage>
+
+#include <algorithm>
+#include <set>
+
 namespace paperkite::test {
 namespace {
 
@@ -17,7 +22,7 @@ class MarksTest : public testing::Test {
 protected:
     MarksTest() : mBefore(CurrentServices()) {
         CurrentServices().HTMLDOMFactory = MakeHTMLDOMFactory();
-        CurrentServices().Spelling = MakeRef<FewWords>("right words here");
+        CurrentServices().Spelling = MakeRef<FewWords>("right words here two");
         mEdit->SetSpellAsYouType(true);
         mView.resize(600, 400);
         mView.show();
@@ -42,6 +47,18 @@ protected:
         return mEdit->GetPlaces()[place]->GetInnerHTML();
     }
 
+    /// The rows of the picture in which the colour of the wavy line stands.
+    std::set<int> MarkedRows() {
+        const QImage picture = mView.grab().toImage();
+        std::set<int> rows;
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x) {
+                const QColor colour = picture.pixelColor(x, y);
+                if (colour.red() - std::max(colour.green(), colour.blue()) > 70) rows.insert(y);
+            }
+        return rows;
+    }
+
     Services mBefore;
     Ref<HtmlEdit> mEdit = MakeRef<HtmlEdit>("ed");
     HtmlEditView mView{mEdit, nullptr};
@@ -54,6 +71,24 @@ TEST_F(MarksTest, WrongWordsAreFoundInWhatIsTypedAndLeaveNothingInTheText) {
     const auto wrong = mEdit->FindMisspelt("right wrng words");
     EXPECT_EQ(wrong, (std::vector<TextRange>{{6, 4}}));
     EXPECT_EQ(mEdit->GetDocumentHTML().find("kite-marks"), std::string::npos);
+}
+
+TEST_F(MarksTest, ALineIsDrawnBelowAWrongWordAndNotBelowCode) {
+    Show("right <b>wrng</b> words<br><br>right <code>wrng</code> <kbd>wrng</kbd>");
+    ASSERT_TRUE(WaitUntil([this] { return !MarkedRows().empty(); }));
+    // The colour of code has settled too by now.
+    QTest::qWait(300);
+    const auto rows = MarkedRows();
+    ASSERT_FALSE(rows.empty());
+    EXPECT_LE(*rows.rbegin() - *rows.begin(), 4) << "more than one line is marked";
+    EXPECT_LT(*rows.rbegin(), 40) << "the line is not below the first words";
+}
+
+TEST_F(MarksTest, TheLineGoesWithTheMistake) {
+    Show("wrng words");
+    ASSERT_TRUE(WaitUntil([this] { return !MarkedRows().empty(); }));
+    mEdit->GetPlaces()[0]->SetInnerHTML("right words");
+    EXPECT_TRUE(WaitUntil([this] { return MarkedRows().empty(); }));
 }
 
 TEST_F(MarksTest, TheMenuOffersSuggestionsForAWrongWord) {
