@@ -44,6 +44,13 @@ void WaitUntil(const Done& done) {
     }
 }
 
+/// A page goes on being drawn for a while after it stands.
+void LetSettle() {
+    QElapsedTimer waited;
+    waited.start();
+    WaitUntil([&] { return waited.elapsed() > 500; });
+}
+
 void PressKey(QWidget* widget) {
     for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
         QKeyEvent key(type, Qt::Key_X, Qt::NoModifier, QStringLiteral("x"));
@@ -191,6 +198,7 @@ void KeyOurs(benchmark::State& state, std::int64_t members) {
     window.Open("code~First");
     window.View()->GetSurface()->FocusText();
     WaitUntil([&] { return window.Edit()->IsCommandEnabled("bold"); });
+    LetSettle();
     for (auto _ : state) {
         const std::size_t before = window.TextOf("code~First").size();
         PressKey(window.View()->GetSurface()->InputWidget());
@@ -202,6 +210,7 @@ void KeyYardstick(benchmark::State& state, std::int64_t members) {
     BareView& view = BareOf(members);
     view.Load();
     view.CountKeys();
+    LetSettle();
     for (auto _ : state)
         view.Key();
 }

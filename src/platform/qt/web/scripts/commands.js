@@ -116,11 +116,12 @@ kite.run = function (name, args) {
 // command is waited for. The engine keeps some keys to itself, so that the wait is a short one.
 kite.pendingRuns = 0;
 kite.runBehind = function (keys, name, args) {
-    if (kite.keysSeen >= keys && !kite.pendingRuns) return kite.run(name, args);
+    if (kite.areKeysDone(keys) && !kite.pendingRuns) return kite.run(name, args);
     ++kite.pendingRuns;
     const until = performance.now() + 100;
     const attempt = () => {
-        if (kite.keysSeen < keys && performance.now() < until) return requestAnimationFrame(attempt);
+        if (!kite.areKeysDone(keys) && performance.now() < until)
+            return requestAnimationFrame(attempt);
         --kite.pendingRuns;
         kite.run(name, args);
     };

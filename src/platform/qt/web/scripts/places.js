@@ -10,6 +10,7 @@ const kite = {
     dirty: new Set(),
     inFlight: -1,
     keysSeen: 0,
+    awaitsText: false,
     number: 0,
     typedAt: -1000,
     bridge: null,
@@ -43,11 +44,19 @@ kite.rememberStyles = function (root) {
 
 kite.fill = function (index, html) {
     const place = kite.places[index];
+    if (html === '' && !place.firstChild) return kite.leaveEmpty(place, index);
     if (place.innerHTML !== html) place.innerHTML = html;
     kite.rememberStyles(place);
     kite.loaded[index] = { engine: place.innerHTML, text: html };
     kite.sent[index] = html;
     kite.showEmpty(place);
+};
+
+// Most places of a large page are, and nothing has to be looked at.
+kite.leaveEmpty = function (place, index) {
+    kite.loaded[index] = { engine: '', text: '' };
+    kite.sent[index] = '';
+    place.setAttribute('data-kite-empty', '');
 };
 
 kite.isBlank = function (html) {
@@ -120,7 +129,10 @@ kite.send = function () {
 };
 
 // Keys come on another way than questions, which may overtake them.
-kite.hasSeen = keys => kite.keysSeen >= keys && !kite.pendingRuns ? 'yes' : '';
+kite.hasSeen = keys => kite.areKeysDone(keys) && !kite.pendingRuns ? 'yes' : '';
+
+// Whether the page has seen that many keys, and what the last one types.
+kite.areKeysDone = keys => kite.keysSeen >= keys && !kite.awaitsText;
 
 kite.flush = function () {
     if (kite.inFlight >= 0) kite.dirty.add(kite.inFlight);

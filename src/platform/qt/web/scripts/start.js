@@ -68,7 +68,6 @@ kite.freeze = function () {
 };
 
 kite.start = function (given) {
-    kite.generation = given.generation;
     kite.editable = given.kind === 'editable';
     kite.setColours(given.colours);
     kite.places = kite.findPlaces();
@@ -81,11 +80,10 @@ kite.start = function (given) {
     style.textContent = kite.style;
     // Behind the body it would have the engine lay out the whole page with every key.
     if (kite.editable) document.head.append(style);
-    kite.command('defaultParagraphSeparator', 'p');
-    kite.command('styleWithCSS', false);
     kite.listen();
     kite.restore(given.position);
-    kite.connect();
+    kite.generation = given.generation;
+    if (kite.bridge) kite.tellReady();
 };
 
 kite.restore = function (position) {
@@ -96,17 +94,23 @@ kite.restore = function (position) {
         place.focus({ preventScroll: true });
         kite.putCaret(place, kite.last.start, kite.last.end);
     }
-    scrollTo(position.x, position.y);
+    // Scrolling has the engine lay out the page at once.
+    if (position.x || position.y) scrollTo(position.x, position.y);
 };
 
+// The way to the program is opened while the page is still read.
 kite.connect = function () {
     new QWebChannel(qt.webChannelTransport, channel => {
         kite.bridge = channel.objects.kite;
-        kite.bridge.ready(kite.generation);
-        kite.send();
-        kite.selectionMoved();
-        kite.marks.draw();
+        if (kite.generation) kite.tellReady();
     });
+};
+
+kite.tellReady = function () {
+    kite.bridge.ready(kite.generation);
+    kite.send();
+    kite.selectionMoved();
+    kite.marks.draw();
 };
 
 kite.addressOf = function (element) {
@@ -123,6 +127,9 @@ kite.keyDown = function (event) {
     else if (event.key !== 'Tab' && event.key !== 'Shift') kite.tabLeaves = false;
     const taken = event.key === 'Tab' ? kite.tabInTable(event.shiftKey) : kite.shortcut(event);
     if (taken) event.preventDefault();
+    // The letter comes in a step of its own.
+    const types = event.key.length === 1 && !event.ctrlKey && !event.altKey && !event.metaKey;
+    kite.awaitsText = types && !taken && Boolean(kite.selectedPlace());
 };
 
 kite.shortcut = function (event) {
@@ -188,6 +195,7 @@ kite.clicked = function (event) {
 kite.listen = function () {
     const on = (name, action) => document.addEventListener(name, action, true);
     on('input', event => kite.changed(kite.placeOf(event.target)));
+    for (const name of ['input', 'keyup', 'blur']) on(name, () => { kite.awaitsText = false; });
     on('selectionchange', kite.selectionMoved);
     on('keydown', kite.keyDown);
     on('beforeinput', kite.beforeInput);
@@ -197,5 +205,14 @@ kite.listen = function () {
     on('submit', event => event.preventDefault());
     addEventListener('scroll', () => { kite.selectionMoved(); kite.marks.changed(); });
     addEventListener('resize', () => kite.marks.changed());
+    // Commands lay the page out, for which a page that is only looked at need not wait.
+    document.addEventListener('focusin', kite.prepareCommands, { capture: true, once: true });
     kite.listenForPaste();
 };
+
+kite.prepareCommands = function () {
+    kite.command('defaultParagraphSeparator', 'p');
+    kite.command('styleWithCSS', false);
+};
+
+kite.connect();
