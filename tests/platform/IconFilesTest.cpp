@@ -43,7 +43,7 @@ double Contrast(QColor one, QColor other) {
     return (high + 0.05) / (low + 0.05);
 }
 
-/// The best contrast to the ground of a twentieth of the picture's area: lines may have a soft edge
+/// The best contrast to the ground of a thirtieth of the picture's area: lines may have a soft edge
 /// and a fill, but something of them has to be seen.
 double ContrastOn(const QImage& image, QColor ground) {
     std::vector<double> contrasts;
@@ -60,7 +60,7 @@ double ContrastOn(const QImage& image, QColor ground) {
                                           float(mixed(pixel.blueF(), ground.blueF()))),
                          ground));
         }
-    const auto last = contrasts.end() - std::ptrdiff_t(contrasts.size() / 20);
+    const auto last = contrasts.end() - std::ptrdiff_t(contrasts.size() / 30);
     std::nth_element(contrasts.begin(), last, contrasts.end());
     return *last;
 }
@@ -99,7 +99,7 @@ TEST_F(IconsInTheBarTest, ALineShowsItsFileAndTheMarkOfUse) {
         int count = 0;
         for (int y = 0; y < image.height(); ++y)
             for (int x = 0; x < image.width(); ++x)
-                count += image.pixelColor(x, y) == QColor(0x2e, 0x9e, 0x57);
+                count += image.pixelColor(x, y) == QColor(0x2c, 0x9a, 0x54);
         return count;
     };
     EXPECT_EQ(greenPixels(), 0);
