@@ -1,5 +1,6 @@
 #include "host/PreviewCommand.h"
 
+#include "foundation/PreviewLog.h"
 #include "foundation/Services.h"
 #include "foundation/Text.h"
 #include "host/HeadlessServices.h"
@@ -124,9 +125,17 @@ std::optional<std::string> CopyFiles(const PageTemplate& from, const fs::path& f
     return {};
 }
 
-std::string MakePage(ProjectSession& session, const Ref<SourceItem>& item,
-                     const Ref<PageTemplate>& from, const std::string& layout, bool isForEdit,
-                     bool hasFiles, std::string& mistakes) {
+struct MadePage {
+    std::string Text;
+    std::vector<std::string> Mistakes; ///< in the tags of the layout
+    std::vector<std::string> Missing;  ///< what the page cannot show
+};
+
+MadePage MakePage(ProjectSession& session, const Ref<SourceItem>& item,
+                  const Ref<PageTemplate>& from, const std::string& layout, bool isForEdit,
+                  bool hasFiles) {
+    const auto log = MakeRef<PreviewLog>();
+    session.GetProject()->Log = log;
     const auto provider = session.GetProvider()->GetDataProvider()->Clone();
     provider->Set("ForEdit", Value(isForEdit));
     provider->Set("PageLinks", Value(false));
@@ -139,8 +148,7 @@ std::string MakePage(ProjectSession& session, const Ref<SourceItem>& item,
     parser->LoadText(layout);
     parser->SetDataProvider(provider);
     parser->SetUseProvidedText(true);
-    mistakes = parser->GetParseErrors();
-    return parser->Parse();
+    return {parser->Parse(), Split(parser->GetParseErrors(), "\n"), log->Messages};
 }
 
 } // namespace
@@ -162,15 +170,17 @@ int PreviewCommand::Run(const CommandTarget& target, Output& output) const {
     if (!Out.empty())
         if (const auto problem = CopyFiles(*from, fs::absolute(Out).parent_path()))
             return output.Fail(*problem);
-    std::string mistakes;
-    const std::string page = MakePage(session, item, from, text, Edit, !Out.empty(), mistakes);
-    for (const std::string& mistake : Split(mistakes, "\n"))
+    const MadePage page = MakePage(session, item, from, text, Edit, !Out.empty());
+    for (const std::string& mistake : page.Mistakes)
         output.Err << from->PathOf(*layout) << ": " << mistake << '\n';
+    for (const std::string& missing : page.Missing)
+        output.Err << *name << ": " << missing << '\n';
     if (Out.empty()) {
-        output.Out << page;
+        output.Out << page.Text;
         return 0;
     }
-    if (const auto problem = SafeFile::Write(Out, page)) return output.Fail(problem->Message());
+    if (const auto problem = SafeFile::Write(Out, page.Text))
+        return output.Fail(problem->Message());
     output.Out << "Wrote the page of " << *name << " to " << Out << ".\n";
     return 0;
 }

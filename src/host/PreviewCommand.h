@@ -7,8 +7,8 @@
 namespace paperkite {
 
 /// Makes one page with a page template, and writes it to a file or to the output. Names of other
-/// items are no links there, since their pages are not made. Mistakes in the layout's tags go to
-/// the error stream, and the page is made all the same.
+/// items are no links there, since their pages are not made. Mistakes in the layout's tags, and
+/// what the page cannot show, go to the error stream, and the page is made all the same.
 struct PreviewCommand {
     /// Empty: the layout of the item's level.
     std::string Layout;

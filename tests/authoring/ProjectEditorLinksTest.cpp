@@ -1,4 +1,5 @@
 #include "authoring/ProjectEditorFixture.h"
+#include "model/PageTemplateDocument.h"
 
 namespace paperkite::test {
 namespace {
@@ -88,6 +89,27 @@ TEST_F(ProjectEditorLinksTest, ASuffixSwitchesToTheLayoutThatYieldsThatPage) {
     EXPECT_EQ(Current(), "P~A");
     EXPECT_EQ(selected(), "inplaceedit:plain");
     EXPECT_EQ(Messages(), "");
+}
+
+TEST_F(ProjectEditorLinksTest, InTheTemplatesOfTheProgramAPlainLinkToAClassShowsItsOwnPage) {
+    for (const char* folder : {"/templates/modern", "/templates/classic"}) {
+        const auto opened = PageTemplateDocument::Open(std::string(PAPERKITE_SOURCE_DIR) + folder);
+        ASSERT_TRUE(opened.Template) << folder;
+        for (const auto& layout : *opened.Template->PageLayouts)
+            layout->Namespaces = ReplaceAll(layout->Namespaces, "kite.source:", "Test:");
+        mEditor.SetInPlaceTemplate(opened.Template);
+        const auto selected = [this] {
+            const auto item = mEditor.cEditor.eb->GetSelectedItem();
+            return item ? item->GetKey() : "nothing";
+        };
+        Click("file://c/x/P~B_members.html");
+        EXPECT_EQ(Current() + " " + selected(), "P~B inplaceedit:allmembers.html") << folder;
+        Click("file://c/x/P~C.html");
+        EXPECT_EQ(Current() + " " + selected(), "P~C inplaceedit:type.html") << folder;
+        Click("file://c/x/P~A~Run.html");
+        EXPECT_EQ(Current() + " " + selected(), "P~A~Run inplaceedit:callable.html") << folder;
+        EXPECT_EQ(Messages(), "");
+    }
 }
 
 TEST_F(ProjectEditorLinksTest, ASuffixIsCutOffAndChoosesTheLayout) {

@@ -60,6 +60,21 @@ protected:
             EXPECT_TRUE(isThere) << link << "\n" << page;
         }
     }
+    /// A style sheet's rules for one kind of output: what stands in braces behind the condition.
+    static std::string RulesFor(const std::string& css, const std::string& condition) {
+        const std::size_t from = css.find("@media " + condition + " {");
+        std::size_t at = css.find('{', from);
+        if (from == css.npos || at == css.npos) return {};
+        for (int depth = 0; at < css.size(); ++at) {
+            depth += css[at] == '{' ? 1 : css[at] == '}' ? -1 : 0;
+            if (depth == 0) break;
+        }
+        return css.substr(from, at - from);
+    }
+    /// The names of the variables that rules set.
+    static std::set<std::string> Set(const std::string& rules) {
+        return Found(rules, "(--[a-z-]+):");
+    }
     /// A template of the test's own with one layout.
     std::string Template(const std::string& layout) const {
         mFolder.Write(
@@ -129,6 +144,68 @@ TEST_F(PreviewJourneyTest, AnotherLayoutIsChosenByItsName) {
     EXPECT_TRUE(Contains(page, "<h2>All Members</h2>")) << page;
     EXPECT_TRUE(Contains(page, "<code>Bark</code></td><td class=\"text\">Method</td>")) << page;
     ExpectNoBrokenLink(page, "/nowhere");
+}
+
+TEST_F(PreviewJourneyTest, ClassicHasAllMembersAndPlacesToo) {
+    const std::string page =
+        Preview("Dog", {"--template", "Classic", "--layout", "allmembers.html"});
+    EXPECT_TRUE(Contains(page, "<div class=\"banner\">")) << page;
+    EXPECT_TRUE(Contains(page, "<code>Bark</code></td><td class=\"text\">Method</td>")) << page;
+    ExpectNoBrokenLink(page, "/nowhere");
+    const std::string edited = Preview("Bark(int)", {"--template", "Classic", "--edit"});
+    const auto places =
+        Found(edited, "<span id=\"(TaggedComment[^\"]*)\" contenteditable=\"true\"");
+    EXPECT_TRUE(places.contains("TaggedComment|zoo~animals~Dog~Bark(int)|##")) << edited;
+    EXPECT_TRUE(places.contains("TaggedComment|zoo~animals~Dog~Bark(int)|##remarks"));
+    EXPECT_TRUE(places.contains("TaggedComment|zoo~animals~Dog~Bark(int)~:times|##"));
+}
+
+TEST_F(PreviewJourneyTest, TheStyleSheetsKnowDarkScreensPhonesAndPaper) {
+    for (const std::string name : {"Modern", "Classic"}) {
+        const std::string css = Preview("Dog", {"--template", name});
+        const auto all = Set(css.substr(0, css.find("@media")));
+        const auto dark = Set(RulesFor(css, "(prefers-color-scheme: dark)"));
+        // What says how something looks on the ground of the page has a dark counterpart.
+        for (const char* variable :
+             {"--text", "--quiet", "--page", "--line", "--accent", "--warn", "--good",
+              "--code-word", "--code-text", "--code-note", "--code-number", "--code-order"}) {
+            EXPECT_TRUE(all.contains(variable)) << name << ": " << variable;
+            EXPECT_TRUE(dark.contains(variable)) << name << ": " << variable;
+        }
+        const std::string phone = RulesFor(css, "(max-width: 40rem)");
+        EXPECT_TRUE(Contains(phone, "td { display: block")) << name << ": tables become lists";
+        const std::string paper = RulesFor(css, "print");
+        for (const char* variable : {"--text", "--page", "--accent", "--code-word"})
+            EXPECT_TRUE(Set(paper).contains(variable)) << name << ": " << variable;
+        EXPECT_TRUE(Contains(paper, "white-space: pre-wrap")) << name << ": paper cannot scroll";
+        EXPECT_GT(css.find("@media print"), css.find("@media (prefers-color-scheme: dark)"))
+            << name << ": who prints at night gets black on white";
+    }
+}
+
+TEST_F(PreviewJourneyTest, AnExampleWhoseFileIsGoneIsToldAndThePageIsMade) {
+    mFolder.Write("zoo/use.cpp", "int main() {}\n");
+    Do({"comment", Project(), "Dog", "--tag", "##examplesource", "--text",
+        "source: zoo/use.cpp\nUses it."});
+    EXPECT_TRUE(Contains(Preview("Dog"), "main() {}"));
+    fs::remove(mFolder / "zoo/use.cpp");
+    const auto result = mProgram.Run({"preview", Project(), "Dog"});
+    EXPECT_EQ(result.ExitCode, 0);
+    EXPECT_TRUE(result.Err.starts_with("zoo~animals~Dog: An example cannot be shown. "))
+        << result.Err;
+    EXPECT_TRUE(Contains(result.Err, "zoo/use.cpp")) << result.Err;
+    EXPECT_EQ(std::count(result.Err.begin(), result.Err.end(), '\n'), 1) << result.Err;
+    EXPECT_TRUE(Contains(result.Out, "Uses it.") && !Contains(result.Out, "cannot be shown"));
+}
+
+TEST_F(PreviewJourneyTest, AFolderThatCannotBeMadeIsNamedAndNothingIsWritten) {
+    const std::string file = mFolder.Write("taken", "a file");
+    for (const std::string& name : {std::string("Modern"), Template("<p>x</p>")}) {
+        const std::string told = Refused(
+            {"preview", Project(), "Dog", "--template", name, "--out", file + "/deep/dog.html"});
+        EXPECT_TRUE(Contains(told, file + "/deep/")) << told;
+    }
+    EXPECT_EQ(mFolder.Read("taken"), "a file");
 }
 
 TEST_F(PreviewJourneyTest, WhatIsNotThereIsNamedWithWhatThereIs) {

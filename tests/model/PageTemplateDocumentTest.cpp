@@ -1,10 +1,14 @@
 #include "model/PageTemplateDocument.h"
 
+#include "foundation/ParserSection.h"
 #include "foundation/Text.h"
+#include "model/SafeFile.h"
+#include "model/TemplateParser.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <set>
 
@@ -215,13 +219,92 @@ TEST_F(PageTemplateDocumentTest, AllTemplatesOfAFolderAreOpenedAndTheBadOnesName
     EXPECT_TRUE(PageTemplateDocument::OpenAll(mFolder / "nowhere", templates).empty());
 }
 
-TEST_F(PageTemplateDocumentTest, TheTemplatesOfTheProgramAreWholeAndServeEveryAttributeKind) {
+/// The templates of the program; each problem is a failure.
+Collection<Ref<PageTemplate>> ShippedTemplates() {
     Collection<Ref<PageTemplate>> templates;
-    const auto problems =
-        PageTemplateDocument::OpenAll(PAPERKITE_SOURCE_DIR "/templates", templates);
-    for (const FileProblem& problem : problems)
+    for (const FileProblem& problem :
+         PageTemplateDocument::OpenAll(PAPERKITE_SOURCE_DIR "/templates", templates))
         ADD_FAILURE() << problem.Message();
-    ASSERT_EQ(templates.Count(), 2u);
+    EXPECT_EQ(templates.Count(), 2u);
+    return templates;
+}
+
+std::string TextOf(const PageTemplate& shown, const PageLayout& layout) {
+    std::string text;
+    if (const auto problem = SafeFile::Read(shown.Folder + "/" + layout.FileName, text))
+        ADD_FAILURE() << problem->Message();
+    return text;
+}
+
+bool Serves(const PageLayout& layout, const std::string& level) {
+    const auto levels = Split(layout.Namespaces, ",");
+    return std::find(levels.begin(), levels.end(), level) != levels.end();
+}
+
+/// The types of the elements in a layout, also those in other elements.
+std::set<std::string> TypesIn(const std::string& layout) {
+    std::set<std::string> types;
+    TemplateParser parser;
+    parser.SetPageLayoutTags();
+    parser.LoadText(layout);
+    EXPECT_EQ(parser.GetParseErrors(), "");
+    for (const auto& element : parser.GetSections()->Item(std::size_t{1})->Elements) {
+        if (element->ElementType != kParserTagElement) continue;
+        types.insert(element->Attributes.Item("type")->Value);
+        types.merge(TypesIn(element->Text));
+    }
+    return types;
+}
+
+TEST_F(PageTemplateDocumentTest, TheLayoutsOfTheProgramHaveNoMistakeAndOnlyDefinedElements) {
+    for (const auto& shown : ShippedTemplates()) {
+        const auto& defined = shown->Namespaces[0]->ElementDefs;
+        std::set<std::string> used;
+        for (const auto& layout : *shown->PageLayouts)
+            used.merge(TypesIn(TextOf(*shown, *layout)));
+        for (const auto& scrap : shown->Scraps)
+            used.merge(TypesIn(scrap->Text));
+        EXPECT_TRUE(used.contains("members") && used.contains("name") && used.contains("variable"));
+        for (const std::string& type : used)
+            EXPECT_TRUE(defined.Contains(type)) << shown->Name << ": " << type;
+        for (const char* property : {"name", "caption", "qualifiedname", "kind", "access",
+                                     "language", "signature", "type", "file", "line", "inherits"}) {
+            ASSERT_TRUE(defined.Contains(property)) << shown->Name << ": " << property;
+            EXPECT_EQ(defined.Item(property)->Category, "Item");
+            EXPECT_NE(defined.Item(property)->Description, "");
+        }
+    }
+}
+
+TEST_F(PageTemplateDocumentTest, EachLevelOfSourceCodeHasALayoutInTheTemplatesOfTheProgram) {
+    for (const auto& shown : ShippedTemplates()) {
+        EXPECT_EQ(shown->NamespaceDefs->Count(), 26u) << shown->Name;
+        for (const auto& level : *shown->NamespaceDefs) {
+            const auto first = std::find_if(
+                shown->PageLayouts->begin(), shown->PageLayouts->end(),
+                [&](const Ref<PageLayout>& layout) { return Serves(*layout, level->Name); });
+            ASSERT_NE(first, shown->PageLayouts->end()) << shown->Name << ": " << level->Name;
+            EXPECT_EQ((*first)->FileNameTemplate, "%%itemqualifiedname%%.html") << level->Name;
+        }
+    }
+}
+
+// A link takes the first layout whose levels are exactly the item's; see
+// ProjectEditor::cEditor_HyperlinkClick. Pages are listed by files and chosen by names.
+TEST_F(PageTemplateDocumentTest, APlainLinkToAClassLeadsToItsOwnPage) {
+    for (const auto& shown : ShippedTemplates()) {
+        std::vector<std::string> chosen;
+        for (const auto& layout : *shown->PageLayouts) {
+            if (layout->Namespaces.find(',') != std::string::npos) continue;
+            EXPECT_EQ(layout->Name, layout->FileName) << shown->Name;
+            if (layout->Namespaces == "kite.source:Class") chosen.push_back(layout->Name);
+        }
+        EXPECT_EQ(Join(chosen, ","), "type.html,allmembers.html") << shown->Name;
+    }
+}
+
+TEST_F(PageTemplateDocumentTest, TheTemplatesOfTheProgramAreWholeAndServeEveryAttributeKind) {
+    const auto templates = ShippedTemplates();
     for (const auto& shown : templates) {
         std::set<std::string> kinds;
         std::set<std::string> sources;

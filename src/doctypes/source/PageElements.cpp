@@ -19,8 +19,6 @@ namespace {
 
 using PageHtml::Escaped;
 
-constexpr int kDeepest = 32;
-
 std::string Today() {
     const std::time_t now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
     std::tm local{};
@@ -53,6 +51,16 @@ std::string SafeColour(const std::string& text) {
     return isSafe ? text : std::string();
 }
 
+/// On dark screens a colour that was chosen for white ground is lightened until it can be read on
+/// any dark one: with that much white even black is 5 to 1. Paper keeps the colours of the style
+/// sheet.
+std::string AccentStyle(const std::string& colour) {
+    return "<style>\n@media screen { :root { --accent: " + colour +
+           "; } }\n@media screen and (prefers-color-scheme: dark) {\n  :root { --accent: "
+           "color-mix(in srgb, " +
+           colour + " 40%, white); }\n}\n</style>\n";
+}
+
 } // namespace
 
 PageElements::PageElements(PageSettings settings)
@@ -73,6 +81,7 @@ const std::unordered_map<std::string, PageElements::Writer>& PageElements::Write
         {"othercomments", &PageElements::WriteOtherComments},
         {"sourcecomment", &PageElements::WriteSourceComment},
         {"seealso", &PageElements::WriteSeeAlso},
+        {"examples", &PageElements::WriteExamples},
         {"flags", &PageElements::WriteFlags},
         {"members", &PageElements::WriteMembers},
         {"overloads", &PageElements::WriteOverloads},
@@ -92,6 +101,7 @@ std::string PageElements::Provide(const ParserElement& element, const PageSubjec
                                   bool& isKnown) {
     isKnown = true;
     mProvider = subject.Provider;
+    if (mDepth == 0) mLayout = element.Section;
     const auto ready = mReady.find(&element);
     if (ready != mReady.end()) {
         const std::string text = std::move(ready->second);
@@ -169,7 +179,7 @@ const std::string& PageElements::PageNameOf(const std::string& level) {
 std::string PageElements::Link(const PageSubject& subject, const std::string& html) {
     if (mSettings.LinksTo == PageSettings::Links::None) return html;
     const std::string& page = PageNameOf(subject.Level());
-    if (page.empty()) return html;
+    if (page.empty() || !HasPage(subject)) return html;
     const std::string file =
         ReplaceAllIgnoringCase(page, "%%itemqualifiedname%%", subject.QualifiedName());
     return "<a href=\"" + Escaped(PageHtml::Address(file)) + "\">" + html + "</a>";
@@ -231,12 +241,28 @@ bool PageElements::IsShown(const PageSubject& subject) const {
     return true;
 }
 
+/// What is in something that the project leaves out is left out with it. An author may go there all
+/// the same.
+bool PageElements::HasPage(const PageSubject& subject) const {
+    if (mSettings.ForEdit) return true;
+    for (SourceIndex::Id at = subject.Entity; at != SourceIndex::Nothing;
+         at = subject.Index().Parent(at))
+        if (!IsShown(subject.With(at))) return false;
+    return true;
+}
+
 std::string PageElements::FileText(const ParserElement& element) const {
     const std::string file = Attribute(element, "file");
     std::string text;
     if (mSettings.Template && PageTemplateReader::IsBelowFolder(file))
         SafeFile::Read(mSettings.Template->Folder + "/" + file, text);
     return text;
+}
+
+std::string PageElements::ScrapText(const ParserElement& element) const {
+    const auto* scrap =
+        mSettings.Template ? mSettings.Template->Scraps.Find(Attribute(element, "name")) : nullptr;
+    return scrap ? (*scrap)->Text : std::string();
 }
 
 std::string PageElements::WriteHead(const ParserElement& element, const PageSubject& subject) {
@@ -260,7 +286,7 @@ std::string PageElements::WriteHead(const ParserElement& element, const PageSubj
         out += "<style>\n" + ReplaceAllIgnoringCase(css, "</style", "<\\/style") + "</style>\n";
     }
     const std::string accent = SafeColour(VariableValue(Attribute(element, "accent")));
-    if (!accent.empty()) out += "<style>:root { --accent: " + accent + "; }</style>\n";
+    if (!accent.empty()) out += AccentStyle(accent);
     return out;
 }
 
@@ -272,10 +298,7 @@ bool PageElements::Has(const std::string& what, const ParserElement& element,
     if (what == "parameters") return !subject.Index().Parameters(subject.Entity).empty();
     if (what == "overloads") return !OverloadsOf(subject).empty();
     if (what == "bases") return !subject.Index().Inherits(subject.Entity).empty();
-    if (what == "derived")
-        return !subject.Provider->GetTypeRelations(subject.Root)
-                    .DerivedFrom(subject.Entity)
-                    .empty();
+    if (what == "derived") return !DerivedOf(subject).empty();
     if (what == "members")
         return std::any_of(subject.Index().Children(subject.Entity).begin(),
                            subject.Index().Children(subject.Entity).end(),
@@ -308,9 +331,7 @@ std::string PageElements::WritePhrase(const ParserElement& element, const PageSu
 }
 
 std::string PageElements::WriteScrap(const ParserElement& element, const PageSubject& subject) {
-    const auto* scrap =
-        mSettings.Template ? mSettings.Template->Scraps.Find(Attribute(element, "name")) : nullptr;
-    return scrap ? Parsed((*scrap)->Text, subject) : std::string();
+    return Parsed(ScrapText(element), subject);
 }
 
 std::string PageElements::WriteInclude(const ParserElement& element, const PageSubject& subject) {

@@ -3,10 +3,12 @@
 #include "doctypes/source/PageSettings.h"
 #include "doctypes/source/PageSubject.h"
 #include "foundation/ParserElement.h"
+#include "foundation/ParserSection.h"
 #include "model/ProjectDocument.h"
 
 #include <functional>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <unordered_map>
@@ -68,7 +70,9 @@ private:
     std::string Parsed(const std::string& text, const PageSubject& subject);
     bool Has(const std::string& what, const ParserElement& element, const PageSubject& subject);
     bool IsShown(const PageSubject& subject) const;
+    bool HasPage(const PageSubject& subject) const;
     std::string FileText(const ParserElement& element) const;
+    std::string ScrapText(const ParserElement& element) const;
 
     // General elements (PageElements.cpp).
     std::string WriteHead(const ParserElement& element, const PageSubject& subject);
@@ -101,6 +105,11 @@ private:
                             const std::string& placeholder);
     std::string WriteComment(const ParserElement& element, const PageSubject& subject);
     std::string WriteSection(const ParserElement& element, const PageSubject& subject);
+    using Tags = std::set<std::string>;
+    Tags TagsNamedIn(const std::string& layout) const;
+    void AddNamedTags(const Collection<Ref<ParserElement>>& elements, int depth, Tags& named,
+                      std::set<std::string>& seen) const;
+    const Tags& NamedTags();
     std::string WriteOtherComments(const ParserElement& element, const PageSubject& subject);
     std::string WriteSourceComment(const ParserElement& element, const PageSubject& subject);
     std::string WriteSeeAlso(const ParserElement& element, const PageSubject& subject);
@@ -109,11 +118,16 @@ private:
 
     // Comments that are no HTML, or stand elsewhere (PageElementsForms.cpp).
     std::string FormText(const TaggedComment& comment) const;
-    std::string ExampleText(const TaggedComment& comment) const;
-    std::string ExampleNoteText(const TaggedComment& comment) const;
     std::string KeywordsOf(const std::string& qualifiedName) const;
     std::string TakenFrom(const std::string& qualifiedName) const;
     std::vector<std::string> SourcesOf(const std::string& qualifiedName) const;
+
+    // Examples (PageElementsExamples.cpp).
+    std::string ExampleText(const TaggedComment& comment) const;
+    std::string ExampleNoteText(const TaggedComment& comment) const;
+    std::string CodeOf(const PageSubject& subject, std::size_t most) const;
+    std::string WriteExamples(const ParserElement& element, const PageSubject& subject);
+    void Tell(const std::string& message) const;
 
     // Lists of items (PageElementsLists.cpp).
     std::string NameCell(const PageSubject& subject);
@@ -137,13 +151,21 @@ private:
     std::string ParameterRow(const PageSubject& subject,
                              const std::vector<SourceParameter>& parameters, std::size_t position,
                              const Comments& notes, std::set<const TaggedComment*>& used);
+    Members DerivedOf(const PageSubject& subject) const;
     std::string BaseTree(const PageSubject& subject, std::size_t depth, const std::string& inner);
+
+    /// Elements in each other, beyond which a page says so instead.
+    static constexpr int kDeepest = 32;
+    /// What each tag begins with.
+    static constexpr std::string_view kTagBeginning = "<!--KITEMETADATA";
 
     PageSettings mSettings;
     ProjectDocument::Scope mScope;                 ///< of the members that are listed
     SourceNamespaceProvider* mProvider = nullptr;  ///< of the element that is being written
     std::map<std::string, std::string> mPageNames; ///< of layouts, by level
     std::set<std::string> mTakenIds;
+    WeakRef<ParserSection> mLayout; ///< the elements that stand in no other
+    std::optional<Tags> mNamedTags; ///< of the page, or of the pattern for a member
     std::vector<Section> mSections; ///< that were written, in order
     /// What was written before its turn, for the contents of the page.
     std::unordered_map<const ParserElement*, std::string> mReady;

@@ -4,6 +4,7 @@
 #include "foundation/GlobalConfig.h"
 #include "foundation/ParserSection.h"
 #include "foundation/Text.h"
+#include "model/TemplateParser.h"
 
 #include <algorithm>
 
@@ -15,6 +16,7 @@ using PageHtml::Escaped;
 
 constexpr const char* kGeneralTag = "##";
 constexpr const char* kSeeAlsoTag = "##seealso";
+constexpr const char* kParameterTag = "##param";
 
 bool IsGeneral(const TaggedComment& comment) {
     if (EqualIgnoringCase(comment.GetTagIdentifier(), kGeneralTag)) return true;
@@ -197,14 +199,52 @@ std::string PageElements::WriteSection(const ParserElement& element, const PageS
                      isList && !body.empty() ? "<ul>\n" + body + "</ul>\n" : body);
 }
 
-/// Comments of tags that no other element of the page names.
+PageElements::Tags PageElements::TagsNamedIn(const std::string& layout) const {
+    TemplateParser parser;
+    parser.SetPageLayoutTags();
+    parser.LoadText(layout);
+    Tags named;
+    std::set<std::string> seen;
+    AddNamedTags(parser.GetSections()->Item(std::size_t{1})->Elements, 0, named, seen);
+    return named;
+}
+
+/// Those of elements in other elements too, where both speak of the same item.
+void PageElements::AddNamedTags(const Collection<Ref<ParserElement>>& elements, int depth,
+                                Tags& named, std::set<std::string>& seen) const {
+    for (const auto& element : elements) {
+        const std::string type = LowerCase(Attribute(*element, "type"));
+        if (const std::string tag = Attribute(*element, "tag"); !tag.empty())
+            named.insert(LowerCase(tag));
+        if (type == "parameters") named.insert(kParameterTag);
+        if (type == "seealso") named.insert(kSeeAlsoTag);
+        std::string inner;
+        if (type == "if" || type == "notice" || type == "link") inner = element->Text;
+        // A scrap may hold itself.
+        if (type == "scrap" && seen.insert("scrap " + Attribute(*element, "name")).second)
+            inner = ScrapText(*element);
+        if (type == "include" && seen.insert("file " + Attribute(*element, "file")).second)
+            inner = FileText(*element);
+        if (depth >= kDeepest || inner.find(kTagBeginning) == std::string::npos) continue;
+        TemplateParser parser;
+        parser.SetPageLayoutTags();
+        parser.LoadText(inner);
+        AddNamedTags(parser.GetSections()->Item(std::size_t{1})->Elements, depth + 1, named, seen);
+    }
+}
+
+const PageElements::Tags& PageElements::NamedTags() {
+    if (mNamedTags) return *mNamedTags;
+    mNamedTags.emplace();
+    std::set<std::string> seen;
+    if (const auto layout = mLayout.Lock()) AddNamedTags(layout->Elements, 0, *mNamedTags, seen);
+    return *mNamedTags;
+}
+
+/// Comments of tags that no other element of the layout names.
 std::string PageElements::WriteOtherComments(const ParserElement& element,
                                              const PageSubject& subject) {
-    std::set<std::string> named{kGeneralTag, kSeeAlsoTag, "##param", "##keywords"};
-    if (const auto section = element.Section.Lock())
-        for (const auto& other : section->Elements)
-            if (const std::string tag = Attribute(*other, "tag"); !tag.empty())
-                named.insert(LowerCase(tag));
+    const Tags& named = NamedTags();
     std::string out;
     for (const auto& definition : *GlobalConfig().TaggedCommentDefs) {
         const std::string& tag = definition->TagIdentifier;

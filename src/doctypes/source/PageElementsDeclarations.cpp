@@ -302,6 +302,7 @@ std::string PageElements::BaseTree(const PageSubject& subject, std::size_t depth
     return isKnown ? BaseTree(subject.With(first.Entity), depth - 1, around) : around;
 }
 
+/// Types that the project leaves out are named in it all the same, without a link.
 std::string PageElements::WriteInheritance(const ParserElement& element,
                                            const PageSubject& subject) {
     const TypeRelations& relations = subject.Provider->GetTypeRelations(subject.Root);
@@ -340,10 +341,17 @@ std::string PageElements::WriteBases(const ParserElement& element, const PageSub
     return InSection(element, "bases", "Base Types", "<ul>\n" + entries + "</ul>\n");
 }
 
-std::string PageElements::WriteDerived(const ParserElement& element, const PageSubject& subject) {
+PageElements::Members PageElements::DerivedOf(const PageSubject& subject) const {
     Members derived = subject.Provider->GetTypeRelations(subject.Root).DerivedFrom(subject.Entity);
-    std::erase_if(derived, [&](SourceIndex::Id id) { return !IsShown(subject.With(id)); });
-    return InSection(element, "derived", "Derived Types", Table(derived, element, subject));
+    std::erase_if(derived, [&](SourceIndex::Id id) {
+        return !IsShown(subject.With(id)) || !HasPage(subject.With(id));
+    });
+    return derived;
+}
+
+std::string PageElements::WriteDerived(const ParserElement& element, const PageSubject& subject) {
+    return InSection(element, "derived", "Derived Types",
+                     Table(DerivedOf(subject), element, subject));
 }
 
 } // namespace paperkite

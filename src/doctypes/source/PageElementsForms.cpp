@@ -1,17 +1,11 @@
 #include "commenttexts/CommentForm.h"
 #include "commenttexts/CommentsFromChain.h"
-#include "commenttexts/ExampleNote.h"
-#include "commenttexts/ExampleReference.h"
 #include "commenttexts/KeywordList.h"
 #include "commenttexts/MenuPath.h"
 #include "commenttexts/PlainText.h"
 #include "doctypes/source/PageElements.h"
 #include "doctypes/source/PageHtml.h"
-#include "foundation/PreviewLog.h"
 #include "foundation/Text.h"
-#include "model/SafeFile.h"
-
-#include <filesystem>
 
 namespace paperkite {
 
@@ -67,50 +61,6 @@ std::string PageElements::FormText(const TaggedComment& comment) const {
         break;
     }
     return text;
-}
-
-/// The lines as they stand in the file now. What is not there is told to whoever makes the pages,
-/// not to their readers.
-std::string PageElements::ExampleText(const TaggedComment& comment) const {
-    const auto reference = ExampleReference::Read(comment.GetText());
-    if (!reference || reference->File.empty()) return comment.GetText();
-    const std::filesystem::path folder = mProvider->GetComments()->GetFolder();
-    ExampleSnippet snippet;
-    std::string source;
-    if (folder.empty() && std::filesystem::path(reference->File).is_relative())
-        snippet.Problem =
-            "The project is in no file yet, so \"" + reference->File + "\" cannot be found.";
-    else if (const auto problem = SafeFile::Read((folder / reference->File).string(), source))
-        snippet.Problem = problem->Message();
-    else
-        snippet = TakeExample(*reference, source);
-    const auto project = mSettings.Project.Lock();
-    if (!snippet.Problem.empty() && project && project->Log)
-        project->Log->Messages.push_back("An example cannot be shown. " + snippet.Problem);
-    std::string out;
-    if (!reference->Caption.empty()) out += "<p>" + Escaped(reference->Caption) + "</p>\n";
-    if (!snippet.Text.empty())
-        out += "<pre class=\"example\"><code>" + Escaped(snippet.WithoutIndentation()) +
-               "</code></pre>";
-    else if (mSettings.ForEdit)
-        out += "<p class=\"problem\">" + Escaped(snippet.Problem) + "</p>";
-    return out;
-}
-
-std::string PageElements::ExampleNoteText(const TaggedComment& comment) const {
-    const auto note = ExampleNote::Read(comment.GetText());
-    if (!note) return comment.GetText();
-    std::vector<std::string> names;
-    for (const std::string& item : note->Items) {
-        const auto found = mProvider->GetItem(item).As<SourceItem>();
-        names.push_back(found ? ScopedName({mProvider, found->GetRoot(), found->GetEntity()})
-                              : item);
-    }
-    std::string out = note->Title.empty() ? std::string() : "<p>" + Escaped(note->Title) + "</p>";
-    if (!names.empty())
-        out += "<p>" + Escaped(Phrase("Shows how to use")) + " " + Escaped(Join(names, ", ")) +
-               ".</p>";
-    return out.empty() ? "<p>" + Escaped(Phrase("This is an example")) + ".</p>" : out;
 }
 
 /// For the head of a page.

@@ -1,6 +1,7 @@
 #include "doctypes/source/PageElements.h"
 #include "doctypes/source/PageHtml.h"
 #include "doctypes/source/SourceNamespaceDefs.h"
+#include "foundation/ScopeExit.h"
 #include "foundation/Text.h"
 
 #include <algorithm>
@@ -90,7 +91,14 @@ std::set<SourceKind> PageElements::WantedKinds(const ParserElement& element) con
 std::string PageElements::WriteMembers(const ParserElement& element, const PageSubject& subject) {
     const auto wanted = WantedKinds(element);
     if (wanted.empty() && !TrimWhiteSpace(Attribute(element, "level")).empty()) return {};
-    const bool hasPattern = element.Text.find("<!--KITEMETADATA") != std::string::npos;
+    const bool hasPattern = element.Text.find(kTagBeginning) != std::string::npos;
+    // What a pattern names it names of the member.
+    std::optional<Tags> own;
+    if (hasPattern) own = TagsNamedIn(element.Text);
+    if (hasPattern) std::swap(mNamedTags, own);
+    const ScopeExit putBack([&] {
+        if (hasPattern) std::swap(mNamedTags, own);
+    });
     std::string out;
     for (std::size_t number = 0; number < kSourceKindCount; ++number) {
         const auto kind = static_cast<SourceKind>(number);

@@ -2,6 +2,7 @@
 
 #include "doctypes/source/ParameterList.h"
 #include "foundation/Text.h"
+#include "widgets/CodeColouring.h"
 
 #include <algorithm>
 #include <array>
@@ -69,6 +70,38 @@ Range FindHref(std::string_view tag, std::string_view& value) {
     return {};
 }
 
+char ClassOf(CodePart part) {
+    switch (part) {
+    case CodePart::Keyword:
+    case CodePart::Tag:
+        return 'k';
+    case CodePart::Text:
+        return 's';
+    case CodePart::Comment:
+        return 'c';
+    case CodePart::Number:
+        return 'n';
+    case CodePart::Directive:
+    case CodePart::Attribute:
+        return 'd';
+    case CodePart::Plain:
+        break;
+    }
+    return 'p';
+}
+
+std::string ColouredLine(std::string_view line, const CodeColouring& colouring, int& state) {
+    std::string out;
+    std::size_t written = 0;
+    for (const CodeStretch& stretch : colouring.Line(line, state)) {
+        out += Escaped(line.substr(written, stretch.Start - written));
+        out += std::string("<span class=\"") + ClassOf(stretch.Part) + "\">" +
+               Escaped(line.substr(stretch.Start, stretch.Length)) + "</span>";
+        written = stretch.Start + stretch.Length;
+    }
+    return out + Escaped(line.substr(written));
+}
+
 } // namespace
 
 std::string Escaped(std::string_view text) {
@@ -93,6 +126,19 @@ std::string Escaped(std::string_view text) {
         }
     }
     return out;
+}
+
+std::string Code(std::string_view code, const std::string& fileName) {
+    const CodeColouring colouring(fileName);
+    std::string out = "<pre class=\"example\"><code>";
+    int state = 0;
+    for (std::size_t from = 0; from < code.size();) {
+        const std::size_t end = std::min(code.find('\n', from), code.size());
+        out += ColouredLine(code.substr(from, end - from), colouring, state);
+        if (end < code.size()) out += '\n';
+        from = end + 1;
+    }
+    return out + "</code></pre>";
 }
 
 std::string Paragraphs(const std::vector<std::string>& lines) {

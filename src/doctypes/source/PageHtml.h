@@ -10,6 +10,10 @@ namespace paperkite::PageHtml {
 /// Plain text for the content of an element or for an attribute in double quotes.
 std::string Escaped(std::string_view text);
 
+/// Source code as it stands, its keywords, texts, comments and numbers in SPANs of the classes k,
+/// s, c and n, what speaks to a preprocessor in d. The name of the file says in which language.
+std::string Code(std::string_view code, const std::string& fileName);
+
 /// Comment lines of a source file as paragraphs, each a P, indented lines as they stand.
 std::string Paragraphs(const std::vector<std::string>& lines);
 
