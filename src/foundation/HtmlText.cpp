@@ -235,10 +235,18 @@ private:
             else if (!isIn && piece.IsVerbatim)
                 AppendSafe(mResult, std::string_view(mText.mText).substr(at, to - at));
             else if (!isIn)
-                mResult +=
-                    mText.mSource.substr(piece.SourceFrom, piece.SourceTo - piece.SourceFrom);
+                WriteAsItWas(piece);
             at = to;
         }
+    }
+
+    void WriteAsItWas(const Piece& piece) {
+        const std::string_view source =
+            std::string_view(mText.mSource)
+                .substr(piece.SourceFrom, piece.SourceTo - piece.SourceFrom);
+        mResult += source;
+        // Left open, an entity would go on with what comes behind it now.
+        if (source.starts_with('&') && !source.ends_with(';')) mResult += ';';
     }
 
     const HtmlText& mText;

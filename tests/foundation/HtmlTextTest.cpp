@@ -76,6 +76,9 @@ TEST(HtmlTextTest, AReplacementIsEscapedAndNeverBecomesMarkup) {
     // "<" and "&" that were no markup would become some.
     EXPECT_EQ(HtmlText("a < b").Replaced({{3, 4}}, ""), "a &lt;b");
     EXPECT_EQ(HtmlText("x &lq").Replaced({{4, 5}}, "t;"), "x &amp;lt;");
+    // An entity that was left open would go on.
+    EXPECT_EQ(HtmlText("&#65x").Replaced({{1, 2}}, "2"), "&#65;2");
+    EXPECT_EQ(HtmlText("&#65;x").Replaced({{1, 2}}, "2"), "&#65;2");
 }
 
 TEST(HtmlTextTest, CharactersAreCountedAsPagesCountThem) {

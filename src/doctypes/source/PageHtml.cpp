@@ -1,6 +1,7 @@
 #include "doctypes/source/PageHtml.h"
 
 #include "doctypes/source/ParameterList.h"
+#include "foundation/HtmlText.h"
 #include "foundation/Text.h"
 #include "widgets/CodeColouring.h"
 
@@ -105,27 +106,7 @@ std::string ColouredLine(std::string_view line, const CodeColouring& colouring, 
 } // namespace
 
 std::string Escaped(std::string_view text) {
-    std::string out;
-    out.reserve(text.size());
-    for (const char character : text) {
-        switch (character) {
-        case '&':
-            out += "&amp;";
-            break;
-        case '<':
-            out += "&lt;";
-            break;
-        case '>':
-            out += "&gt;";
-            break;
-        case '"':
-            out += "&quot;";
-            break;
-        default:
-            out += character;
-        }
-    }
-    return out;
+    return ReplaceAll(HtmlText::Escaped(text), "\"", "&quot;");
 }
 
 std::string Code(std::string_view code, const std::string& fileName) {
