@@ -177,6 +177,7 @@ TEST_F(InPlaceEditorPageTest, APageIsLoadedBeforeItIsReported) {
     Page().Load(mItem, "class.html");
     EXPECT_EQ(log.Take(), "deleted:loading,kept complete:loaded,reset");
     EXPECT_EQ(State(), "loaded,kept") << "the tools were refreshed";
+    files->OnDelete = nullptr;
 }
 
 TEST_F(InPlaceEditorPageTest, OneOuterBlankOnEachSideIsNoChange) {
