@@ -13,7 +13,8 @@ namespace fs = std::filesystem;
 class RealCodeJourneyTest : public CommandLineTest {
 protected:
     /// New, tree, next, comment, comments, coverage and back again. `item` is any class there.
-    void Walk(const std::string& source, const std::string& item, std::size_t leastItems) {
+    /// Gives the project.
+    std::string Walk(const std::string& source, const std::string& item, std::size_t leastItems) {
         const std::string project = mFolder / "real.kiteproject";
         Do({"new", project, "--source", source});
         const Json tree = DoJson({"tree", project, "--depth", "1"});
@@ -39,6 +40,7 @@ protected:
         const auto files = FilesBelow(mFolder.Path());
         Do({"comment", project, name, "--tag", "##", "--text", "Written in a test.\nTwice."});
         EXPECT_EQ(FilesBelow(mFolder.Path()), files);
+        return project;
     }
 
     static std::string FirstFolder(const std::vector<std::string>& candidates) {
@@ -54,7 +56,8 @@ TEST_F(RealCodeJourneyTest, TheHeadersOfQt) {
         candidates.push_back((entry.path() / "qt6/QtCore").string());
     const std::string folder = FirstFolder(candidates);
     ASSERT_NE(folder, "") << "The program itself is built on these headers.";
-    Walk(folder, "QByteArrayView", 5000);
+    const std::string project = Walk(folder, "QByteArrayView", 5000);
+    EXPECT_EQ(DoJson({"tree", project, "QObject", "--depth", "0"})["kind"], "Class");
 }
 
 TEST_F(RealCodeJourneyTest, APackageInPython) {
@@ -64,7 +67,8 @@ TEST_F(RealCodeJourneyTest, APackageInPython) {
             candidates.push_back((entry.path() / "json").string());
     const std::string folder = FirstFolder(candidates);
     if (folder.empty()) GTEST_SKIP() << "No Python is installed.";
-    Walk(folder, "JSONDecoder", 20);
+    const std::string project = Walk(folder, "JSONDecoder", 20);
+    EXPECT_EQ(DoJson({"tree", project, "JSONEncoder", "--depth", "0"})["kind"], "Class");
 }
 
 TEST_F(RealCodeJourneyTest, ACodeBaseInJava) {
@@ -86,7 +90,8 @@ TEST_F(RealCodeJourneyTest, ACodeBaseInJava) {
                   "package org.shop;\n\npublic interface Article {\n    String name();\n}\n");
     mFolder.Write("shop/src/org/shop/FullException.java",
                   "package org.shop;\n\npublic class FullException extends Exception {}\n");
-    Walk(mFolder / "shop", "Basket", 12);
+    const std::string project = Walk(mFolder / "shop", "Basket", 12);
+    EXPECT_EQ(DoJson({"tree", project, "Article", "--depth", "0"})["kind"], "Interface");
 }
 
 } // namespace

@@ -3,7 +3,10 @@
 #include "host/window/SpellOptionsDialog.h"
 #include "journeys/PageTest.h"
 
+#include <QAbstractItemView>
 #include <QAction>
+#include <QCheckBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -49,13 +52,20 @@ protected:
 };
 
 TEST_P(ShownWindowsTest, TheBarAndThePageInItsViews) {
-    Keep(*mWindow, "page");
     const auto& page = Editor().InPlaceEditor;
+    const auto& edit = page->GetEditControl();
+    EXPECT_EQ(edit->GetView(), HtmlView::Normal);
+    EXPECT_NE(Places().find("##=Guards the huose and barks."), std::string::npos) << Places();
+    Keep(*mWindow, "page");
     page->FlatStrip->UserClick(2);
     WaitForPage();
+    EXPECT_EQ(edit->GetView(), HtmlView::Source);
     Keep(*mWindow, "page-html");
     page->FlatStrip->UserClick(3);
     WaitForPage();
+    EXPECT_EQ(edit->GetView(), HtmlView::Normal);
+    EXPECT_EQ(Places(), "") << "the preview can be written on";
+    EXPECT_NE(edit->GetDocumentHTML().find("Guards the huose"), std::string::npos);
     Keep(*mWindow, "page-preview");
 }
 
@@ -68,25 +78,37 @@ TEST_P(ShownWindowsTest, TheToolbarForm) {
 }
 
 TEST_P(ShownWindowsTest, TheOtherTemplate) {
+    const auto& edit = Editor().InPlaceEditor->GetEditControl();
+    const std::string modern = edit->GetDocumentHTML();
     Editor().SetInPlaceTemplate(GlobalConfig().Templates.Item("Classic"));
     WaitForPage();
+    EXPECT_NE(edit->GetDocumentHTML(), modern);
+    EXPECT_NE(Places().find("##=Guards the huose and barks."), std::string::npos) << Places();
     Keep(*mWindow, "page-classic");
 }
 
 TEST_P(ShownWindowsTest, TheDesignerOfATag) {
+    ASSERT_TRUE(Editor().InPlaceEditor->GetVisible());
     ChooseTab("##remarks");
     WaitForPage();
+    EXPECT_FALSE(Editor().InPlaceEditor->GetVisible());
+    ASSERT_TRUE(Editor().eb->GetSelectedItem());
+    EXPECT_EQ(Editor().eb->GetSelectedItem()->GetKey(), "##remarks");
     Keep(*mWindow, "designer");
 }
 
 TEST_P(ShownWindowsTest, TheReplaceDialog) {
     mWindow->GetAction("FindInComments")->trigger();
-    for (auto* dialog : mWindow->findChildren<QDialog*>("FindDialog")) {
-        dialog->findChild<QLineEdit*>("Text")->setText("the");
-        dialog->findChild<QLineEdit*>("Replacement")->setText("our");
-        QTest::mouseClick(dialog->findChild<QPushButton*>("Find"), Qt::LeftButton);
-        Keep(*dialog, "replace");
-    }
+    auto* dialog = mWindow->findChild<QDialog*>("FindDialog");
+    ASSERT_TRUE(dialog);
+    dialog->findChild<QLineEdit*>("Text")->setText("the");
+    dialog->findChild<QLineEdit*>("Replacement")->setText("our");
+    QTest::mouseClick(dialog->findChild<QPushButton*>("Find"), Qt::LeftButton);
+    const auto* hits = dialog->findChild<QAbstractItemView*>("Hits");
+    ASSERT_TRUE(hits && hits->isVisible());
+    EXPECT_EQ(hits->model()->rowCount(), 1);
+    EXPECT_EQ(dialog->findChild<QLabel*>("Result")->text(), "Found once.");
+    Keep(*dialog, "replace");
 }
 
 TEST_P(ShownWindowsTest, TheSpellingDialogs) {
@@ -95,11 +117,18 @@ TEST_P(ShownWindowsTest, TheSpellingDialogs) {
     SpellDialog spelling(question, mWindow.get());
     spelling.show();
     Settle();
+    EXPECT_EQ(spelling.findChild<QLineEdit*>("Replacement")->text(), "house");
+    const auto* suggestions = spelling.findChild<QAbstractItemView*>("Suggestions");
+    ASSERT_TRUE(suggestions && suggestions->isVisible());
+    EXPECT_EQ(suggestions->model()->rowCount(), 3);
     Keep(spelling, "spelling");
     SpellOptionsDialog options("Software\\Brindlewick\\Paperkite\\Spelling", "Spelling Options",
                                mWindow.get());
     options.show();
     Settle();
+    EXPECT_EQ(options.findChildren<QCheckBox*>().size(), 4);
+    for (const auto* box : options.findChildren<QCheckBox*>())
+        EXPECT_TRUE(box->isVisible()) << box->text().toStdString();
     Keep(options, "spelling-options");
 }
 

@@ -231,6 +231,7 @@ TEST_F(FailedSaveJourneyTest, AFullDiskIsToldAndTheWorkIsKept) {
         const FullDisk disk(100);
         PressKey(Qt::Key_S, Qt::ControlModifier);
     }
+    EXPECT_TRUE(mDialogs.AreDone()) << "nobody was told";
     ExpectNothingIsLost("Make room");
 }
 
@@ -245,6 +246,7 @@ TEST_F(FailedSaveJourneyTest, AFolderThatMayNotBeWrittenIsToldAndTheWorkIsKept) 
         PressKey(Qt::Key_S, Qt::ControlModifier);
     }
     fs::permissions(mFolder.Path(), fs::perms(0755));
+    EXPECT_TRUE(mDialogs.AreDone()) << "nobody was told";
     ExpectNothingIsLost("Ask for the permission to write");
 }
 
