@@ -10,6 +10,7 @@
 #include "foundation/SpellQuestion.h"
 #include "foundation/Theme.h"
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -53,6 +54,19 @@ public:
     virtual void SetTitle(const std::string& title) = 0;
     virtual void SetNewFolder(bool value) = 0;
     /// The chosen folder; empty when the user cancels.
+    virtual std::string Run() = 0;
+};
+
+/// Lets the user choose a file that is there.
+class FilePicker {
+public:
+    virtual ~FilePicker() = default;
+    virtual void SetTitle(const std::string& title) = 0;
+    /// Names and patterns in turn, parted by "|", as in "All files (*.*)|*.*".
+    virtual void SetFilter(const std::string& filter) = 0;
+    virtual void SetStartFolder(const std::string& folder) = 0;
+    virtual void SetOwner(std::intptr_t window) = 0;
+    /// The whole path of the chosen file; empty when the user cancels.
     virtual std::string Run() = 0;
 };
 
@@ -133,6 +147,11 @@ struct Services {
     std::shared_ptr<paperkite::FileSystem> FileSystem;
     std::shared_ptr<paperkite::ControlHelper> ControlHelper;
     std::function<std::shared_ptr<paperkite::FolderBrowser>()> CreateFolderBrowser;
+    std::function<std::shared_ptr<paperkite::FilePicker>()> CreateFilePicker;
+    /// Asks for any colour, beginning with one, both as R + 256 * G + 65536 * B; nothing when the
+    /// user cancels.
+    std::function<std::optional<std::int32_t>(std::int32_t colour, std::intptr_t owner)>
+        ChooseColour;
     std::function<Ref<paperkite::CommentPipe>()> CreateCommentPipe;
     /// Gives the report component, or nothing where the host has none.
     std::function<std::shared_ptr<paperkite::ErrorComponent>()> CreateErrorComponent;

@@ -61,6 +61,27 @@ public:
     std::vector<std::string> Calls;
 };
 
+/// Chooses the file that it was told to, and remembers how it was asked.
+class ScriptedFilePicker : public FilePicker {
+public:
+    void SetTitle(const std::string& title) override { Title = title; }
+    void SetFilter(const std::string& filter) override { Filter = filter; }
+    void SetStartFolder(const std::string& folder) override { StartFolder = folder; }
+    void SetOwner(std::intptr_t window) override { Owner = window; }
+    std::string Run() override {
+        ++Runs;
+        return Answer;
+    }
+
+    std::string Title;
+    std::string Filter;
+    std::string StartFolder;
+    std::intptr_t Owner = 0;
+    int Runs = 0;
+    /// Empty: the user cancels.
+    std::string Answer;
+};
+
 class RecordingScreen : public Screen {
 public:
     void SetMousePointer(MousePointer pointer) override {
@@ -82,6 +103,7 @@ public:
         services.MessageBox = Messages;
         services.Shell = OutsideShell;
         services.Screen = Pointer;
+        services.CreateFilePicker = [picker = Picker] { return picker; };
         services.CreateErrorComponent = {};
         CurrentServices() = services;
         mAppName = "Test";
@@ -97,6 +119,7 @@ public:
     std::shared_ptr<MemoryRegistry> Registry = std::make_shared<MemoryRegistry>();
     std::shared_ptr<ScriptedMessageBox> Messages = std::make_shared<ScriptedMessageBox>();
     std::shared_ptr<ScriptedShell> OutsideShell = std::make_shared<ScriptedShell>();
+    std::shared_ptr<ScriptedFilePicker> Picker = std::make_shared<ScriptedFilePicker>();
     std::shared_ptr<RecordingScreen> Pointer = std::make_shared<RecordingScreen>();
 
 private:

@@ -13,6 +13,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QColorDialog>
 #include <QDesktopServices>
 #include <QFileDialog>
 #include <QUrl>
@@ -78,6 +79,47 @@ private:
     std::string mTitle;
 };
 
+class DesktopFilePicker : public FilePicker {
+public:
+    void SetTitle(const std::string& title) override { mTitle = title; }
+    void SetFilter(const std::string& filter) override { mFilter = filter; }
+    void SetStartFolder(const std::string& folder) override { mStart = folder; }
+    void SetOwner(std::intptr_t) override {}
+    std::string Run() override {
+        QFileDialog dialog(QApplication::activeWindow(), QString::fromStdString(mTitle),
+                           QString::fromStdString(mStart));
+        dialog.setFileMode(QFileDialog::ExistingFile);
+        dialog.setNameFilters(NameFilters());
+        if (dialog.exec() != QDialog::Accepted) return {};
+        return dialog.selectedFiles().value(0).toStdString();
+    }
+
+private:
+    /// The names stand at the even places. "*.*" would hide files without an extension.
+    QStringList NameFilters() const {
+        const QStringList parts = QString::fromStdString(mFilter).split(QLatin1Char('|'));
+        QStringList filters;
+        for (qsizetype at = 0; at + 1 < parts.size(); at += 2) {
+            const bool all = parts[at + 1] == QLatin1String("*.*");
+            const QString name = parts[at].section(QLatin1Char('('), 0, 0).trimmed();
+            filters.append(name +
+                           QStringLiteral(" (%1)").arg(all ? QStringLiteral("*") : parts[at + 1]));
+        }
+        return filters;
+    }
+
+    std::string mTitle;
+    std::string mFilter;
+    std::string mStart;
+};
+
+std::optional<std::int32_t> ChooseColour(std::int32_t colour) {
+    const QColor before(colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF);
+    const QColor chosen = QColorDialog::getColor(before, QApplication::activeWindow());
+    if (!chosen.isValid()) return {};
+    return chosen.red() + 256 * chosen.green() + 65536 * chosen.blue();
+}
+
 int ShowPage(const PageDialog& wanted) {
     if (wanted.PageClass != "CommonPages.PageSpelling")
         RaiseError(ErrorNumber::CannotCreateComponent,
@@ -95,6 +137,8 @@ void InstallDesktopServices(ModelControlHelper& helper) {
     services.Screen = std::make_shared<DesktopScreen>();
     services.Shell = std::make_shared<DesktopShell>();
     services.CreateFolderBrowser = [] { return std::make_shared<DesktopFolderBrowser>(); };
+    services.CreateFilePicker = [] { return std::make_shared<DesktopFilePicker>(); };
+    services.ChooseColour = [](std::int32_t colour, std::intptr_t) { return ChooseColour(colour); };
     services.TextMeasure = std::make_shared<TextMeasureService>();
     services.AskSpelling = [](const SpellQuestion& question) {
         return SpellDialog::Ask(question, QApplication::activeWindow());
