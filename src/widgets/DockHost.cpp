@@ -58,6 +58,10 @@ Bounds DockHost::GetClientRectangle() const {
     return mHasClientRectangle ? mClientRectangle : Bounds{0, 0, GetWidth(), GetHeight()};
 }
 
+void DockHost::ShowMenu(DockCommand& popup, int x, int y) {
+    Tell<DockHostObserver>([&](DockHostObserver& observer) { observer.MenuWanted(popup, x, y); });
+}
+
 void DockHost::SuspendPainting() {
     ++mSuspended;
 }

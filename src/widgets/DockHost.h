@@ -18,6 +18,9 @@ public:
     virtual void ToolbarsChanged() {}
 
     virtual void CommandChanged(DockCommand& /*command*/) {}
+
+    /// The commands of a pop-up are to be offered at a point of the screen.
+    virtual void MenuWanted(DockCommand& /*popup*/, int /*x*/, int /*y*/) {}
 };
 
 enum class ToolbarStyle { IconsOnly, TextOnly, TextUnderIcons, TextBesideIcons };
@@ -73,6 +76,10 @@ public:
 
     /// The room that the toolbars leave; the whole control where no view said otherwise.
     Bounds GetClientRectangle() const;
+
+    /// Offers the commands of a pop-up as a menu at a point of the screen, in pixels, and comes
+    /// back at once.
+    void ShowMenu(DockCommand& popup, int x, int y);
 
     /// Painting stays suspended until every call is matched.
     void SuspendPainting();

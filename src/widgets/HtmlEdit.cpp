@@ -144,14 +144,14 @@ Value HtmlEdit::Call(std::string_view member, const std::vector<Value>& argument
 void HtmlEdit::SetDocumentHTML(const std::string& html) {
     if (mTerminated) return;
     CommitEdit();
-    const auto document = Required(CurrentServices().HTMLDOMFactory).CreateFromString(html);
-    mDocument = document;
-    mPlacesKnown = false;
+    ++mLoading;
+    const ScopeExit loaded([this] { --mLoading; });
+    if (!IsText()) MakeDocument(html);
+    if (mScope == HtmlEditScope::Document) mText = html;
     mSteps.clear();
     mStepsDone = 0;
     mDirty = false;
-    mDocumentChanged = document->Events.Changed.Connect(
-        [this](const Ref<HTMLElement>& element) { DocumentChanged(element); });
+    mMarkedLine = 0;
     ForgetSelection();
     {
         ++mQuiet;
@@ -160,9 +160,19 @@ void HtmlEdit::SetDocumentHTML(const std::string& html) {
     }
     Events.ToolsRefreshed.Raise();
     Tell<HtmlEditObserver>([](HtmlEditObserver& observer) { observer.DocumentReplaced(); });
+    if (mScope == HtmlEditScope::Document) Events.Change.Raise();
+}
+
+void HtmlEdit::MakeDocument(const std::string& html) {
+    const auto document = Required(CurrentServices().HTMLDOMFactory).CreateFromString(html);
+    mDocument = document;
+    mPlacesKnown = false;
+    mDocumentChanged = document->Events.Changed.Connect(
+        [this](const Ref<HTMLElement>& element) { DocumentChanged(element); });
 }
 
 std::string HtmlEdit::GetDocumentHTML() const {
+    if (mText) return *mText;
     return mDocument ? mDocument->Serialise() : std::string();
 }
 
@@ -175,6 +185,7 @@ void HtmlEdit::ForgetSelection() {
     mFillColorName.clear();
     mCommandsOn.clear();
     mCommandsEnabled.clear();
+    mCurrentElement = {};
 }
 
 void HtmlEdit::SetReadableFolders(std::vector<std::string> value) {
@@ -188,6 +199,12 @@ std::string HtmlEdit::GetResourcePath() const {
 void HtmlEdit::SetView(HtmlView value) {
     if (mView == value) return;
     CommitEdit();
+    if (mScope == HtmlEditScope::Document) {
+        if (value == HtmlView::Source)
+            mText = GetDocumentHTML();
+        else if (IsText())
+            MakeDocument(GetDocumentHTML());
+    }
     mView = value;
     ForgetSelection();
     Tell<HtmlEditObserver>([](HtmlEditObserver& observer) { observer.DocumentReplaced(); });
@@ -198,6 +215,10 @@ const std::vector<Ref<HTMLElement>>& HtmlEdit::GetPlaces() const {
     mPlaces.clear();
     mPlacesKnown = true;
     if (!mDocument) return mPlaces;
+    if (mScope == HtmlEditScope::Document) {
+        if (const auto body = mDocument->GetBody()) mPlaces.push_back(body);
+        return mPlaces;
+    }
     for (const auto& element : mDocument->Tags("*"))
         if (IsEditable(*element) && !PlaceOf(element->GetParentElement()))
             mPlaces.push_back(element);
@@ -206,6 +227,12 @@ const std::vector<Ref<HTMLElement>>& HtmlEdit::GetPlaces() const {
 
 Ref<HTMLElement> HtmlEdit::PlaceOf(const Ref<HTMLElement>& element) const {
     Ref<HTMLElement> outermost;
+    if (mScope == HtmlEditScope::Document) {
+        const auto body = mDocument ? mDocument->GetBody() : Ref<HTMLElement>();
+        for (auto at = element; body && at; at = at->GetParentElement())
+            if (at == body) return body;
+        return {};
+    }
     for (auto at = element; at; at = at->GetParentElement())
         if (IsEditable(*at)) outermost = at;
     return outermost;
@@ -215,6 +242,7 @@ void HtmlEdit::DocumentChanged(const Ref<HTMLElement>& element) {
     const Ref<HTMLElement> place = PlaceOf(element);
     const bool isKnown = std::find(mPlaces.begin(), mPlaces.end(), place) != mPlaces.end();
     if (!place || !isKnown) mPlacesKnown = false;
+    mText.reset();
     if (mQuiet > 0) return;
     Tell<HtmlEditObserver>([&](HtmlEditObserver& observer) { observer.ElementChanged(element); });
 }
@@ -239,6 +267,8 @@ void HtmlEdit::Terminate() {
     mDocumentChanged.Disconnect();
     mWordsChanged.Disconnect();
     mDocument = {};
+    mText.reset();
+    mExternal = nullptr;
     mPlaces.clear();
     mPlacesKnown = false;
     mSteps.clear();
@@ -325,11 +355,15 @@ bool HtmlEdit::IsCommandOn(const std::string& name) const {
 }
 
 bool HtmlEdit::IsCommandEnabled(const std::string& name) const {
-    return Holds(mCommandsEnabled, name) || CanStep(LowerCase(name));
+    constexpr std::string_view kMenu = "edit";
+    const std::string lower = LowerCase(name);
+    const std::string tool = lower.starts_with(kMenu) ? lower.substr(kMenu.size()) : lower;
+    return Holds(mCommandsEnabled, tool) || CanStep(tool);
 }
 
 void HtmlEdit::UserSpanChanged(std::size_t place, const std::string& html) {
-    if (mTerminated || mView != HtmlView::Normal || place >= GetPlaces().size()) return;
+    const bool isWritable = mView == HtmlView::Normal && !mTerminated;
+    if (!isWritable || place >= GetPlaces().size()) return;
     const Ref<HTMLElement> span = mPlaces[place];
     const std::string before = span->GetInnerHTML();
     if (before == html) return;
@@ -339,6 +373,7 @@ void HtmlEdit::UserSpanChanged(std::size_t place, const std::string& html) {
         span->SetInnerHTML(html);
     }
     if (span->GetInnerHTML() == before) return;
+    mText.reset();
     mDirty = true;
     Events.EditableSpanChanged.Raise(span);
 }

@@ -16,6 +16,26 @@ class HtmlSearch;
 /// How an HtmlEdit shows its document.
 enum class HtmlView { Normal = 0, Source = 1, Preview = 2 };
 
+/// What the author of an HtmlEdit may write on: the places of the document, or all of it.
+enum class HtmlEditScope { Places, Document };
+
+/// What happened to an element of the document, by the numbers that engines gave it long ago.
+namespace HtmlEventId {
+inline constexpr int kDoubleClick = -601;
+inline constexpr int kContextMenu = 1023;
+} // namespace HtmlEventId
+
+/// Where and to which element it happened.
+struct HtmlElementEvent : Object {
+    std::string TypeName() const override { return "HtmlElementEvent"; }
+
+    /// Nothing outside of the document.
+    Ref<HTMLElement> SourceElement;
+    /// On the screen, in pixels.
+    int ScreenX = 0;
+    int ScreenY = 0;
+};
+
 /// What the context menu of an HtmlEdit was asked for.
 enum class HtmlMenuType { Default = 0, Image = 1, Control = 2, Table = 3, Text = 4, Anchor = 5 };
 
@@ -49,6 +69,10 @@ public:
     /// Code changed what stands below that element, or one of its attributes.
     virtual void ElementChanged(const Ref<HTMLElement>& /*element*/) {}
 
+    /// Whether the author's page stands before him, so that changes are made there, at his
+    /// selection and with his undo history, and reach the document when it is read.
+    virtual bool IsShowingPage() const { return false; }
+
     /// What the author did so far is to reach the document before this returns.
     virtual void FlushWanted() {}
 
@@ -66,6 +90,9 @@ public:
 
     /// That text is to be selected and brought into sight.
     virtual void SelectionWanted(const HtmlSelection& /*selection*/) {}
+
+    /// Another place of the source view is marked as wrong.
+    virtual void SourceMarkChanged() {}
 };
 
 /// An HTML editing widget: a document with places that the author may edit.
@@ -75,6 +102,10 @@ public:
 /// contenteditable="true" that stand in no other such element are the places: when the author types
 /// in one, the view reports it, the document follows and EditableSpanChanged is raised. Scripts,
 /// event attributes and "javascript:" links are kept in the document and never run.
+///
+/// With the scope Document the author writes on the whole body, and in the source view on the text
+/// itself. The text is given back as it was set until somebody changes something. A long document
+/// is not passed on with each key: Change says that it is another one, and who wants it reads it.
 ///
 ///     auto ed = MakeRef<HtmlEdit>("ed");
 ///     auto tie = ed->Events.EditableSpanChanged.Connect(
@@ -124,7 +155,17 @@ public:
     /// What addresses of the widget's own pictures begin with.
     std::string GetResourcePath() const;
     HtmlView GetView() const { return mView; }
+    /// With the scope Document the text goes over from one form to the other: the source view has
+    /// it as it stands, the other ones make a document of it.
     void SetView(HtmlView value);
+    HtmlEditScope GetScope() const { return mScope; }
+    /// Set before the first document.
+    void SetScope(HtmlEditScope value) { mScope = value; }
+    /// True while a document is put in.
+    bool GetLoading() const { return mLoading > 0; }
+    /// Whom pages know as "external"; somebody else owns it. Scripts never run, so nobody asks.
+    Control* GetExternal() const { return mExternal; }
+    void SetExternal(Control* value) { mExternal = value; }
     /// Sets the look of the buttons of menus and bars that belong to the widget.
     int GetContextToolbarStyle() const { return mContextToolbarStyle; }
     void SetContextToolbarStyle(int value) { mContextToolbarStyle = value; }
@@ -155,11 +196,24 @@ public:
     /// Both from 1 to 100; error 5 otherwise.
     void InsertTable(int rows, int columns);
     void InsertHTML(const std::string& html);
+    /// Writes the selected part of the document. Without a page that is shown it goes behind the
+    /// current element, or to the end of the body.
+    void SetSelectedHTML(const std::string& html);
+    /// The element that the author stands in or has selected, or pointed at last; nothing where
+    /// that is not known. Of one in a page that is shown only the tag, the id, what it stands in
+    /// and writing OuterHTML are there.
+    const Ref<HTMLElement>& GetCurrentElement() const { return mCurrentElement; }
+    /// The place that is marked in the source view: a line from 1, 0 for none, and a character from
+    /// 1.
+    int GetMarkedLine() const { return mMarkedLine; }
+    int GetMarkedColumn() const { return mMarkedColumn; }
+    void SetSourceMark(int line, int column);
     void SetForeColorByName(const std::string& colourName);
     void SetFillColorByName(const std::string& colourName);
     const std::string& GetForeColorName() const { return mForeColorName; }
     const std::string& GetFillColorName() const { return mFillColorName; }
-    /// Whether a command is in force at the author's selection ("bold"), or can be used ("undo").
+    /// Whether a command is in force at the author's selection ("bold"), or can be used ("undo",
+    /// which is "EditUndo" too).
     bool IsCommandOn(const std::string& name) const;
     bool IsCommandEnabled(const std::string& name) const;
     /// Where the author stands, or what was found last; nothing where that is not known.
@@ -202,6 +256,10 @@ public:
         Event<> DocumentComplete;
         /// The author changed what stands in a place that may be edited.
         Event<const Ref<HTMLElement>&> EditableSpanChanged;
+        /// With the scope Document: the author changed it, or a text was put in.
+        Event<> Change;
+        /// EventId, EventInfo, CancelDefault
+        Event<int, const Ref<HtmlElementEvent>&, bool&> ElementEvent;
         /// Selection, undo history or document changed: tool bars are to be brought up to date.
         Event<> ToolsRefreshed;
         /// X, Y, ObjectAtPoint, CancelDefault, ShowDefault, MenuType
@@ -226,6 +284,15 @@ public:
     void UserSelection(const std::string& text, std::vector<std::string> on,
                        std::vector<std::string> enabled, const std::string& foreColor,
                        const std::string& fillColor, const std::string& link = {});
+    /// With the scope Document: something was typed that the document does not hold yet, and
+    /// whether it can be taken back.
+    void UserDocumentTouched(bool canUndo);
+    /// The text of the source view as the author left it.
+    void UserSourceChanged(const std::string& text, bool canUndo);
+    /// The author stands in that element now, or pointed at it.
+    void UserPoint(const Ref<HTMLElement>& element);
+    /// Raises ElementEvent; true where a handler wants nothing else to happen.
+    bool UserElementEvent(int eventId, const Ref<HtmlElementEvent>& info);
     /// Where the author stands now.
     void UserSelectionMoved(const HtmlSelection& selection) { mSelection = selection; }
     /// Raises BeforeShowContextMenuEx, where a handler may narrow the menu.
@@ -252,8 +319,12 @@ private:
         std::size_t SourceEnd = 0;
     };
 
+    void MakeDocument(const std::string& html);
     void DocumentChanged(const Ref<HTMLElement>& element);
     void ForgetSelection();
+    void NoteUndo(bool canUndo);
+    bool IsPageShown() const;
+    bool IsText() const { return mScope == HtmlEditScope::Document && mView == HtmlView::Source; }
     void CreateLink();
     void TellCommand(const std::string& name, const std::vector<std::string>& arguments = {});
     /// The engine of this widget, or that of the process, or nothing.
@@ -288,6 +359,14 @@ private:
     std::vector<std::string> mCommandsEnabled;
     Ref<SpellEngine> mSpell;
     HtmlView mView = HtmlView::Normal;
+    HtmlEditScope mScope = HtmlEditScope::Places;
+    /// The text that was put in or typed as such, until the document changes.
+    std::optional<std::string> mText;
+    Ref<HTMLElement> mCurrentElement;
+    Control* mExternal = nullptr;
+    int mLoading = 0;
+    int mMarkedLine = 0;
+    int mMarkedColumn = 0;
     int mContextToolbarStyle = 0;
     bool mDirty = false;
     bool mSpellAsYouType = false;

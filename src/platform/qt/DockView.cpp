@@ -180,6 +180,19 @@ QMenu* DockView::MakeMenu(DockCommand& popup, QWidget* parent) {
     return menu;
 }
 
+// Its actions are its own: those of the bars, with their keys, stay where they are.
+void DockView::MenuWanted(DockCommand& popup, int x, int y) {
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (const auto& command : popup.GetPopupCommands()) {
+        auto* action = new QAction(menu);
+        ShowCommand(*action, *command);
+        connect(action, &QAction::triggered, this, [this, command] { mDock->UserClick(command); });
+        menu->addAction(action);
+    }
+    menu->popup(QPoint(x, y));
+}
+
 void DockView::OpenWindow(const Ref<DockCommand>& command) {
     const DockPopupWindow& window = mDock->PopupWindow(command->GetName());
     if (!window.Content) return;

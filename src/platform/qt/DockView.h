@@ -30,6 +30,7 @@ private:
     void ControlChanged(Control& control) override;
     void ToolbarsChanged() override;
     void CommandChanged(DockCommand& command) override;
+    void MenuWanted(DockCommand& popup, int x, int y) override;
 
     void Rebuild();
     void RebuildSoon();

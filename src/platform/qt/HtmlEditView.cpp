@@ -2,9 +2,11 @@
 
 #include "platform/qt/LinkAddress.h"
 
+#include "platform/qt/CodeArea.h"
 #include "platform/qt/ControlView.h"
 #include "platform/qt/Conversions.h"
 #include "platform/qt/HtmlEditMenu.h"
+#include "platform/qt/PagePoint.h"
 #include "platform/qt/Theme.h"
 #include "platform/qt/WebLibrary.h"
 
@@ -97,13 +99,38 @@ bool HtmlEditView::HaveSurface() {
     return true;
 }
 
+bool HtmlEditView::IsSource() const {
+    return IsWhole() && mEdit->GetView() == HtmlView::Source;
+}
+
+void HtmlEditView::LoadSource() {
+    mLoadPending = false;
+    mReady = false;
+    if (!mSource) {
+        mSource = std::make_unique<HtmlSourceView>(mEdit, this);
+        mSource->GetArea()->installEventFilter(this);
+        mColumn->addWidget(mSource->GetArea(), 1);
+    }
+    if (mSurface) mSurface->hide();
+    mSource->Load();
+    mSource->GetArea()->show();
+    setFocusProxy(mSource->GetArea());
+    if (std::exchange(mFocusPending, false)) mSource->GetArea()->setFocus();
+}
+
 void HtmlEditView::LoadNow() {
+    if (IsSource()) return LoadSource();
     const bool hasDocument = bool(mEdit->GetDocument());
     if (!hasDocument && !mSurface) {
         mLoadPending = false;
         return;
     }
     if (!HaveSurface()) return;
+    if (mSource && !mSource->GetArea()->isHidden()) {
+        mSource->GetArea()->hide();
+        setFocusProxy(mSurface);
+        mSurface->show();
+    }
     mLoadPending = false;
     mReady = false;
     mChanged.clear();
@@ -119,6 +146,7 @@ QString HtmlEditView::BaseAddress() const {
 WebPage HtmlEditView::MakePage() const {
     WebPage page;
     page.KeepPosition = mKeepPosition;
+    page.IsWhole = IsWhole();
     page.BaseUrl = BaseAddress();
     for (const std::string& folder : mEdit->GetReadableFolders())
         page.Folders += ToQString(folder);
@@ -206,7 +234,8 @@ void HtmlEditView::DocumentReplaced() {
 void HtmlEditView::ElementChanged(const Ref<HTMLElement>& element) {
     const Ref<HTMLElement> place = mEdit->PlaceOf(element);
     const bool isShown = std::find(mPlaces.begin(), mPlaces.end(), place) != mPlaces.end();
-    if (!place || !isShown || mEdit->GetView() != HtmlView::Normal) return LoadSoon(true);
+    if (!place || !isShown || IsWhole() || mEdit->GetView() != HtmlView::Normal)
+        return LoadSoon(true);
     if (std::find(mChanged.begin(), mChanged.end(), place) == mChanged.end())
         mChanged.push_back(place);
     if (std::exchange(mUpdatePending, true)) return;
@@ -226,7 +255,7 @@ void HtmlEditView::UpdatePlaces() {
 }
 
 void HtmlEditView::FlushWanted() {
-    if (!mSurface || mFlushing) return;
+    if (!mSurface || mFlushing || IsSource()) return;
     mFlushing = true;
     for (const WebReport& report : mSurface->Flush())
         PlaceTyped(report);
@@ -235,13 +264,14 @@ void HtmlEditView::FlushWanted() {
 
 // The engine keeps the history with its page, so that a page that was touched is loaded again.
 void HtmlEditView::ClearUndoWanted() {
-    if (!mSurface || mLoadPending || !mSurface->WasTouched()) return;
+    if (!mSurface || mLoadPending || IsSource() || !mSurface->WasTouched()) return;
     FlushWanted();
     LoadSoon(true);
 }
 
 void HtmlEditView::CommandWanted(const std::string& name,
                                  const std::vector<std::string>& arguments) {
+    if (IsSource() && mSource && mSource->Run(name)) return;
     if (!mSurface || !mReady) return;
     QStringList texts;
     for (const std::string& argument : arguments)
@@ -263,6 +293,7 @@ bool HtmlEditView::AskForAddress(const std::string& command, QStringList& argume
 }
 
 void HtmlEditView::FocusWanted(Control&) {
+    if (IsSource() && mSource && !mLoadPending) return mSource->GetArea()->setFocus();
     if (mSurface && mReady && !mLoadPending)
         mSurface->FocusText();
     else
@@ -303,7 +334,28 @@ void HtmlEditView::PlaceTyped(const WebReport& report) {
                            FromQString(report.Html));
 }
 
+void HtmlEditView::SourceMarkChanged() {
+    if (mSource && IsSource() && !mLoadPending) mSource->ShowMark();
+}
+
+Ref<HTMLElement> HtmlEditView::Current(const WebPath& path) {
+    return PagePoint::Of(path, [this](const std::string& html) {
+        if (mSurface) mSurface->Run(QStringLiteral("replaceelement"), {ToQString(html)});
+    });
+}
+
+bool HtmlEditView::TellElementEvent(const WebElementEvent& event) {
+    const QPoint at = mSurface->mapToGlobal(event.Position);
+    const auto info = MakeRef<HtmlElementEvent>();
+    info->SourceElement = PagePoint::Of(event.Source);
+    info->ScreenX = at.x();
+    info->ScreenY = at.y();
+    mEdit->UserPoint(Current(event.Current));
+    return mEdit->UserElementEvent(event.Id, info);
+}
+
 void HtmlEditView::SelectionMoved(const WebSelection& selection) {
+    if (IsWhole()) mEdit->UserPoint(Current(selection.Current));
     if (selection.Place >= 0)
         mEdit->UserSelectionMoved({static_cast<std::size_t>(selection.Place),
                                    static_cast<std::size_t>(selection.Start),
@@ -327,6 +379,7 @@ void HtmlEditView::PictureRefused() {
 }
 
 void HtmlEditView::MenuWanted(const WebMenuRequest& request) {
+    if (IsWhole() && TellElementEvent(request.Element)) return;
     const auto index = static_cast<std::size_t>(request.Place);
     const Ref<HTMLElement> place = index < mPlaces.size() ? mPlaces[index] : Ref<HTMLElement>();
     const auto type = !request.Image.isEmpty()  ? HtmlMenuType::Image
@@ -366,6 +419,7 @@ QList<WebMark> HtmlEditView::MisspeltWords(const QString& text) {
 // The look
 
 void HtmlEditView::ApplyLook() {
+    if (mSource) mSource->ApplyLook();
     if (!mSurface) return;
     const QPalette& colours = QApplication::palette();
     mSurface->SetColours({colours.color(QPalette::Base).lightness() < 128,

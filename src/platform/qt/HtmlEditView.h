@@ -1,10 +1,12 @@
 #pragma once
 
+#include "platform/qt/HtmlSourceView.h"
 #include "platform/qt/WebSurface.h"
 #include "widgets/HtmlEdit.h"
 
 #include <QWidget>
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -28,6 +30,8 @@ public:
 
     /// Nothing before the first page.
     WebSurface* GetSurface() const { return mSurface; }
+    /// Nothing before the first source that may be written on.
+    CodeArea* GetSourceArea() const { return mSource ? mSource->GetArea() : nullptr; }
     /// Whether the page stands and shows the document's present state.
     bool IsReady() const { return mReady && !mLoadPending; }
     /// The sentence that is shown above the page or in its place; empty for none.
@@ -45,7 +49,9 @@ private:
     void FocusWanted(Control& control) override;
     void DocumentReplaced() override;
     void ElementChanged(const Ref<HTMLElement>& element) override;
+    bool IsShowingPage() const override { return IsReady() && !IsSource(); }
     void FlushWanted() override;
+    void SourceMarkChanged() override;
     void ClearUndoWanted() override;
     void CommandWanted(const std::string& name, const std::vector<std::string>& arguments) override;
     void QueuedFocusWanted() override;
@@ -55,6 +61,8 @@ private:
     // from the page
     void PageReady() override;
     void PlaceTyped(const WebReport& report) override;
+    void PageTouched(bool canUndo) override { mEdit->UserDocumentTouched(canUndo); }
+    void ElementEvent(const WebElementEvent& event) override { TellElementEvent(event); }
     void SelectionMoved(const WebSelection& selection) override;
     void LinkClicked(const QString& href) override;
     void MenuWanted(const WebMenuRequest& request) override;
@@ -65,6 +73,13 @@ private:
 
     void LoadSoon(bool keepPosition);
     void LoadNow();
+    /// Whether the text itself is what the author writes on.
+    bool IsSource() const;
+    bool IsWhole() const { return mEdit->GetScope() == HtmlEditScope::Document; }
+    void LoadSource();
+    /// True where nothing else is to happen.
+    bool TellElementEvent(const WebElementEvent& event);
+    Ref<HTMLElement> Current(const WebPath& path);
     bool HaveSurface();
     /// The address of the page, which ends with "/", or nothing.
     QString BaseAddress() const;
@@ -79,6 +94,7 @@ private:
     QVBoxLayout* mColumn;
     QLabel* mNotice;
     WebSurface* mSurface = nullptr;
+    std::unique_ptr<HtmlSourceView> mSource;
     /// The places of the page that is shown, in its order.
     std::vector<Ref<HTMLElement>> mPlaces;
     /// Those whose text code has changed since.

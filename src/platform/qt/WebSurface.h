@@ -24,8 +24,28 @@ struct WebPage {
     QString BaseUrl;
     /// Folders that the page may read files from.
     QStringList Folders;
+    /// The one place is the body of the page. What is typed in it is not told with each key, only
+    /// that something was.
+    bool IsWhole = false;
     /// The same page as before: scroll position and caret stay.
     bool KeepPosition = false;
+};
+
+/// An element of the page, and what it stands in.
+struct WebElement {
+    QString Tag;
+    QString Id;
+};
+/// From the inside outwards.
+using WebPath = QList<WebElement>;
+
+/// Something that happened to an element of a page that is written on as a whole.
+struct WebElementEvent {
+    int Id = 0;
+    WebPath Source;
+    /// The element that the page's commands work on now.
+    WebPath Current;
+    QPoint Position; ///< in the surface
 };
 
 /// Where the author stands in the page.
@@ -40,6 +60,8 @@ struct WebSelection {
     int Place = -1;
     int Start = 0;
     int End = 0;
+    /// Of a page that is written on as a whole: the element that the author stands in.
+    WebPath Current;
 };
 
 /// What the author pointed at when the menu key or button was pressed.
@@ -52,6 +74,8 @@ struct WebMenuRequest {
     bool InTable = false;
     bool InField = false;
     bool HasText = false; ///< something is selected
+    /// Of a page that is written on as a whole.
+    WebElementEvent Element;
 };
 
 /// A stretch of a text, in UTF-16 units.
@@ -77,6 +101,9 @@ public:
 
     virtual void PageReady() = 0;
     virtual void PlaceTyped(const WebReport& report) = 0;
+    /// Something was typed in a page that is written on as a whole.
+    virtual void PageTouched(bool canUndo) = 0;
+    virtual void ElementEvent(const WebElementEvent& event) = 0;
     virtual void SelectionMoved(const WebSelection& selection) = 0;
     virtual void LinkClicked(const QString& href) = 0;
     virtual void MenuWanted(const WebMenuRequest& request) = 0;

@@ -10,6 +10,16 @@ void PageBridge::typed(int generation, int place, double number, const QString& 
     if (generation == Generation && Typed) Typed(place, number, html);
 }
 
+void PageBridge::touched(int generation, bool canUndo) {
+    if (generation == Generation && Touched) Touched(canUndo);
+}
+
+void PageBridge::element(int generation, const QString& json) {
+    Later(generation, [this, json] {
+        if (Element) Element(json);
+    });
+}
+
 void PageBridge::selection(int generation, const QString& json) {
     if (generation == Generation && Selection) Selection(json);
 }

@@ -21,6 +21,8 @@ public:
 
     std::function<void()> Ready;
     std::function<void(int place, double number, const QString& html)> Typed;
+    std::function<void(bool canUndo)> Touched;
+    std::function<void(const QString& json)> Element;
     std::function<void(const QString& json)> Selection;
     std::function<void(const QString& href)> Link;
     std::function<void(const QString& json)> Menu;
@@ -31,6 +33,8 @@ public:
 public slots:
     void ready(int generation);
     void typed(int generation, int place, double number, const QString& html);
+    void touched(int generation, bool canUndo);
+    void element(int generation, const QString& json);
     void selection(int generation, const QString& json);
     void link(int generation, const QString& href);
     void menu(int generation, const QString& json);

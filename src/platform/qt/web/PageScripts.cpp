@@ -11,6 +11,7 @@ const char* CommandsScript();
 const char* TablesScript();
 const char* PasteScript();
 const char* MarksScript();
+const char* WholeScript();
 const char* StartScript();
 const char* SourceStyle();
 
@@ -39,7 +40,7 @@ QWebEngineScript Script(const QString& name, const QString& code,
 QWebEngineScript EditingScript() {
     QString code = TextOf(QStringLiteral(":/qtwebchannel/qwebchannel.js"));
     for (const char* part : {PlacesScript(), CommandsScript(), TablesScript(), PasteScript(),
-                             MarksScript(), StartScript()})
+                             MarksScript(), WholeScript(), StartScript()})
         code += QString::fromUtf8(part) + '\n';
     return Script(QStringLiteral("paperkite-editing"), code, QWebEngineScript::DocumentCreation);
 }

@@ -42,6 +42,13 @@ QStringList TextsOf(const QJsonValue& list) {
     return texts;
 }
 
+WebPath PathOf(const QJsonValue& list) {
+    WebPath path;
+    for (const auto entry : list.toArray())
+        path += {entry.toArray().at(0).toString(), entry.toArray().at(1).toString()};
+    return path;
+}
+
 const char* NameOf(WebPageKind kind) {
     if (kind == WebPageKind::Editable) return "editable";
     return kind == WebPageKind::Preview ? "preview" : "source";
@@ -116,6 +123,13 @@ void PageSurface::TieBridge() {
         mNumbers[place] = count;
         mListener->PlaceTyped({place, count, html});
     };
+    mBridge.Touched = [this](bool canUndo) {
+        mTouched = mUnflushed = true;
+        if (mListener) mListener->PageTouched(canUndo);
+    };
+    mBridge.Element = [this](const QString& json) {
+        if (mListener) mListener->ElementEvent(EventTold(ObjectOf(json)));
+    };
     mBridge.Selection = [this](const QString& json) { SelectionTold(json); };
     mBridge.Link = [this](const QString& href) {
         if (mListener) mListener->LinkClicked(href);
@@ -152,6 +166,7 @@ void PageSurface::Load(const WebPage& page) {
     mGuard->SetFolders(folders);
     QJsonObject given{{"generation", mBridge.Generation},
                       {"kind", QLatin1String(NameOf(page.Kind))},
+                      {"whole", page.IsWhole},
                       {"places", QJsonArray::fromStringList(page.Places)},
                       {"colours", ColourTexts()},
                       {"position", mPosition}};
@@ -315,18 +330,28 @@ void PageSurface::SelectionTold(const QString& json) {
     mPosition = state["position"].toObject();
     if (!mListener) return;
     const QJsonObject caret = mPosition["caret"].toObject();
-    mListener->SelectionMoved(
-        {state["text"].toString(), TextsOf(state["on"]), TextsOf(state["enabled"]),
-         state["fore"].toString(), state["fill"].toString(), state["link"].toString(),
-         caret["place"].toInt(-1), caret["start"].toInt(), caret["end"].toInt()});
+    mListener->SelectionMoved({state["text"].toString(), TextsOf(state["on"]),
+                               TextsOf(state["enabled"]), state["fore"].toString(),
+                               state["fill"].toString(), state["link"].toString(),
+                               caret["place"].toInt(-1), caret["start"].toInt(),
+                               caret["end"].toInt(), PathOf(state["current"])});
+}
+
+QPoint PageSurface::PointIn(const QJsonObject& told) const {
+    const QPointF at(told["x"].toDouble() * mZoom, told["y"].toDouble() * mZoom);
+    return mView->mapTo(this, at.toPoint());
+}
+
+WebElementEvent PageSurface::EventTold(const QJsonObject& told) const {
+    return {told["event"].toInt(), PathOf(told["path"]), PathOf(told["current"]), PointIn(told)};
 }
 
 void PageSurface::MenuTold(const QString& json) {
     if (!mListener) return;
     const QJsonObject told = ObjectOf(json);
     WebMenuRequest request;
-    const QPointF at(told["x"].toDouble() * mZoom, told["y"].toDouble() * mZoom);
-    request.Position = mView->mapTo(this, at.toPoint());
+    request.Position = PointIn(told);
+    request.Element = EventTold(told);
     request.Place = told["place"].toInt(-1);
     request.Link = told["link"].toString();
     request.Image = told["image"].toString();

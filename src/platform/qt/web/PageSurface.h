@@ -58,6 +58,8 @@ private:
     void Loaded(bool ok);
     void SelectionTold(const QString& json);
     void MenuTold(const QString& json);
+    QPoint PointIn(const QJsonObject& told) const;
+    WebElementEvent EventTold(const QJsonObject& told) const;
     QJsonObject ColourTexts() const;
     void ApplyColours();
 

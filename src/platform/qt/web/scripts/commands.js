@@ -108,7 +108,7 @@ kite.run = function (name, args) {
     const place = kite.selectedPlace();
     if (!place || !kite.actions[name]) return;
     kite.actions[name](...args);
-    kite.freeLists(place);
+    kite.freeLists(kite.whole ? kite.within('div, section, article, td, li') || place : place);
     kite.changed(place);
 };
 
@@ -135,6 +135,7 @@ kite.focusText = function () {
     if (kite.selectedPlace()) return kite.selectedPlace().focus({ preventScroll: true });
     place.focus({ preventScroll: !last && scrollY === 0 });
     if (last) return kite.putCaret(place, kite.last.start, kite.last.end);
+    if (kite.whole) return getSelection().collapse(place, 0);
     kite.putCaret(place, Infinity, Infinity);
 };
 
@@ -188,10 +189,11 @@ kite.selectionMoved = function () {
         if (performance.now() - kite.typedAt < 80) return requestAnimationFrame(tell);
         kite.selectionPending = false;
         const place = kite.selectedPlace();
-        const caret = place && kite.caretIn(place);
+        const caret = place && !kite.whole && kite.caretIn(place);
         if (caret) kite.last = { place: kite.indexOf(place), start: caret[0], end: caret[1] };
         const state = kite.state();
         state.position = kite.position();
+        if (kite.whole) state.current = kite.pathOf(kite.target = kite.currentElement());
         const json = JSON.stringify(state);
         if (json === kite.sentState || !kite.bridge) return;
         kite.sentState = json;

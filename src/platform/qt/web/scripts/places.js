@@ -4,6 +4,7 @@
 const kite = {
     generation: 0,
     editable: false,
+    whole: false,
     places: [],
     loaded: [],
     sent: [],
@@ -26,6 +27,7 @@ kite.placeOf = function (node) {
 kite.indexOf = place => place ? Number(place.getAttribute('data-kite-place')) : -1;
 
 kite.findPlaces = function () {
+    if (kite.whole) return document.body ? [document.body] : [];
     const isEditable = e => (e.getAttribute('contenteditable') || '').toLowerCase() === 'true';
     const all = [...document.querySelectorAll('[contenteditable]')].filter(isEditable);
     const marked = new Set();
@@ -66,6 +68,7 @@ kite.isBlank = function (html) {
 
 // The hint stands in the first line of a place, which a paragraph would push down.
 kite.showEmpty = function (place) {
+    if (kite.whole) return;
     const isEmpty = kite.isBlank(place.innerHTML) && !place.querySelector('p, div');
     place.toggleAttribute('data-kite-empty', isEmpty);
 };
@@ -82,6 +85,7 @@ kite.withoutTraces = function (place) {
     copy.innerHTML = html.replace(/\u200b/g, '');
     for (const element of copy.querySelectorAll('[style]')) {
         if (kite.keptStyles.has(element.getAttribute('style'))) continue;
+        if (element.id.startsWith('metaspan')) continue;
         element.removeAttribute('style');
         if (element.tagName === 'SPAN' && !element.attributes.length)
             element.replaceWith(...element.childNodes);
@@ -103,6 +107,7 @@ kite.textOf = function (index) {
 kite.changed = function (place) {
     const index = kite.indexOf(place);
     if (index < 0) return;
+    if (kite.whole) return kite.touched(index);
     kite.showEmpty(place);
     kite.dirty.add(index);
     kite.send();
@@ -111,9 +116,17 @@ kite.changed = function (place) {
     kite.marks.changed(place);
 };
 
+// A whole page is asked for when somebody wants to read it.
+kite.touched = function (index) {
+    kite.dirty.add(index);
+    kite.typedAt = performance.now();
+    kite.bridge.touched(kite.generation, document.queryCommandEnabled('undo'));
+    kite.selectionMoved();
+};
+
 // One report is under way at a time, so that a burst of keys does not pile up.
 kite.send = function () {
-    if (!kite.bridge || kite.inFlight >= 0) return;
+    if (!kite.bridge || kite.whole || kite.inFlight >= 0) return;
     for (const index of kite.dirty) {
         kite.dirty.delete(index);
         const text = kite.textOf(index);

@@ -69,15 +69,17 @@ kite.freeze = function () {
 
 kite.start = function (given) {
     kite.editable = given.kind === 'editable';
+    kite.whole = Boolean(given.whole);
     kite.setColours(given.colours);
     kite.places = kite.findPlaces();
+    if (kite.whole && kite.editable && document.body) document.body.contentEditable = 'true';
     kite.places.forEach((place, index) => {
         if (kite.editable) kite.mark(place, index);
         kite.fill(index, given.places[index] || '');
     });
     if (!kite.editable) kite.freeze();
     const style = document.createElement('style');
-    style.textContent = kite.style;
+    style.textContent = kite.whole ? kite.wholeStyle : kite.style;
     // Behind the body it would have the engine lay out the whole page with every key.
     if (kite.editable) document.head.append(style);
     kite.listen();
@@ -170,6 +172,7 @@ kite.menu = function (event) {
     kite.marks.asked = mark;
     const image = target.closest && target.closest('img');
     kite.bridge.menu(kite.generation, JSON.stringify({
+        ...(kite.whole ? kite.elementEvent(1023, event) : {}),
         x: event.clientX, y: event.clientY,
         place: kite.indexOf(kite.placeOf(target)),
         link: kite.addressOf(target) || '',
@@ -200,6 +203,11 @@ kite.listen = function () {
     on('keydown', kite.keyDown);
     on('beforeinput', kite.beforeInput);
     on('contextmenu', kite.menu);
+    if (kite.whole) {
+        on('dblclick', kite.doubleClicked);
+        on('copy', kite.copied);
+        on('cut', kite.copied);
+    }
     on('click', kite.clicked);
     on('auxclick', kite.clicked);
     on('submit', event => event.preventDefault());
