@@ -60,6 +60,8 @@ struct TemplateNamespace : Object {
     std::string Moniker;
     /// The kinds of elements that its layouts may hold, by name.
     Collection<Ref<ElementDef>> ElementDefs{KeyComparison::IgnoringCase};
+    /// By the name of a category: attributes that all its elements take.
+    Collection<Ref<ElementDef>> CategoryDefs{KeyComparison::IgnoringCase};
 };
 
 /// A set of page layouts that a project is published with.

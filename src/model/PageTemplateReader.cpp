@@ -82,14 +82,20 @@ private:
         auto served = MakeRef<TemplateNamespace>();
         served->Moniker = element.AttributeText("moniker");
         for (const XmlElement& child : element.Children)
-            if (child.IsElement() && child.Name == "element")
-                if (auto problem = ReadElement(child, *served)) return problem;
+            if (child.IsElement())
+                if (auto problem = ReadDefinition(child, *served)) return problem;
         mResult.Namespaces.push_back(served);
         return {};
     }
 
-    Problem ReadElement(const XmlElement& element, TemplateNamespace& served) const {
-        if (auto problem = CheckName(element, "element", served.ElementDefs)) return problem;
+    Problem ReadDefinition(const XmlElement& element, TemplateNamespace& served) const {
+        if (element.Name == "element") return ReadElement(element, served.ElementDefs);
+        if (element.Name == "category") return ReadElement(element, served.CategoryDefs);
+        return {};
+    }
+
+    Problem ReadElement(const XmlElement& element, Collection<Ref<ElementDef>>& definitions) const {
+        if (auto problem = CheckName(element, element.Name, definitions)) return problem;
         auto definition = MakeRef<ElementDef>();
         definition->Name = element.AttributeText("name");
         definition->Category = element.AttributeText("category");
@@ -98,7 +104,7 @@ private:
         for (const XmlElement& child : element.Children)
             if (child.IsElement() && child.Name == "attribute")
                 if (auto problem = ReadAttribute(child, *definition)) return problem;
-        served.ElementDefs.Add(definition, definition->Name);
+        definitions.Add(definition, definition->Name);
         return {};
     }
 

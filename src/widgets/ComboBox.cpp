@@ -7,6 +7,10 @@ const ComboBox::Entry& ComboBox::At(int index) const {
     return mEntries[static_cast<std::size_t>(index)];
 }
 
+ComboBox::Entry& ComboBox::At(int index) {
+    return const_cast<Entry&>(std::as_const(*this).At(index));
+}
+
 int ComboBox::Find(const std::string& text) const {
     for (int index = 0; index < GetListCount(); ++index)
         if (GetList(index) == text) return index;
@@ -16,7 +20,7 @@ int ComboBox::Find(const std::string& text) const {
 void ComboBox::AddItem(const std::string& text, int index) {
     if (index < -1 || index > GetListCount()) RaiseError(ErrorNumber::SubscriptOutOfRange);
     const int at = index < 0 ? GetListCount() : index;
-    mEntries.insert(mEntries.begin() + at, Entry{text, {}});
+    mEntries.insert(mEntries.begin() + at, Entry{text, {}, {}, {}, {}});
     if (mListIndex >= at) ++mListIndex;
     TellChanged();
 }
@@ -50,8 +54,31 @@ const std::string& ComboBox::GetItemData(int index) const {
 }
 
 void ComboBox::SetItemData(int index, const std::string& data) {
-    At(index);
-    mEntries[static_cast<std::size_t>(index)].Data = data;
+    At(index).Data = data;
+}
+
+const std::string& ComboBox::GetItemKey(int index) const {
+    return At(index).Key;
+}
+
+void ComboBox::SetItemKey(int index, const std::string& key) {
+    At(index).Key = key;
+}
+
+const std::string& ComboBox::GetItemToolTipText(int index) const {
+    return At(index).ToolTipText;
+}
+
+void ComboBox::SetItemToolTipText(int index, const std::string& text) {
+    Assign(At(index).ToolTipText, text);
+}
+
+const Colour& ComboBox::GetItemSwatch(int index) const {
+    return At(index).Swatch;
+}
+
+void ComboBox::SetItemSwatch(int index, const Colour& colour) {
+    Assign(At(index).Swatch, colour);
 }
 
 void ComboBox::SetListIndex(int index) {

@@ -29,6 +29,17 @@ public:
     const std::string& GetItemData(int index) const;
     void SetItemData(int index, const std::string& data);
 
+    /// Names the entry; empty for none.
+    const std::string& GetItemKey(int index) const;
+    void SetItemKey(int index, const std::string& key);
+
+    const std::string& GetItemToolTipText(int index) const;
+    void SetItemToolTipText(int index, const std::string& text);
+
+    /// A small square of this colour stands before the entry's text.
+    const Colour& GetItemSwatch(int index) const;
+    void SetItemSwatch(int index, const Colour& colour);
+
     /// -1 for none. A new index sets Text and raises Click.
     int GetListIndex() const { return mListIndex; }
 
@@ -55,9 +66,13 @@ private:
     struct Entry {
         std::string Text;
         std::string Data;
+        std::string Key;
+        std::string ToolTipText;
+        Colour Swatch;
     };
 
     const Entry& At(int index) const;
+    Entry& At(int index);
     int Find(const std::string& text) const;
 
     std::vector<Entry> mEntries;

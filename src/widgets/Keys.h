@@ -28,6 +28,7 @@ enum KeyCode : int {
     KeyV = 86,
     KeyX = 88,
     KeyF2 = 113,
+    KeyF4 = 115,
 };
 
 /// The bits of the Shift argument of key and mouse events.

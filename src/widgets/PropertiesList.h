@@ -3,6 +3,7 @@
 #include "widgets/Control.h"
 #include "widgets/PropertyItem.h"
 
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -133,7 +134,8 @@ public:
     void SetButtonVisible(int position, bool visible);
 
     /// Begins to edit the selected row's value. False, and nothing happens, when no row is
-    /// selected, when it is a header, read only or locked, or when a handler of BeforeEdit cancels.
+    /// selected, when it is a header, hidden, read only or locked, or when a handler of BeforeEdit
+    /// cancels.
     bool BeginEdit();
     /// Ends the edit. A text that differs from the value raises AfterEdit, with the list still in
     /// edit, and becomes the value unless a handler cancelled.
@@ -184,8 +186,15 @@ public:
     void UserType(const std::string& text);
     /// The author asks for the big editor: BeforeExtendedEdit; false when a handler cancelled.
     bool UserExtendedEdit();
+    /// The button in the selected row's value. A Colour row opens the browser of colours (after
+    /// BeforeExtendedEdit, where a handler may cancel) and takes what was chosen there; every other
+    /// row begins its edit.
+    void UserBrowse();
+    /// Empties the selected row's value; AfterEdit is raised as by an edit that ends with no text.
+    void UserClear();
     /// Raises KeyDown; what the handlers leave then does what the widget does by itself: F2 begins
-    /// an edit, Escape drops it. The key that is left, 0 when it was swallowed.
+    /// an edit, F4 presses the button in the value, Escape drops an edit. The key that is left, 0
+    /// when it was swallowed.
     int UserKeyDown(int keyCode, int shift);
     int UserKeyUp(int keyCode, int shift);
     void UserResizeDescription(int height);
@@ -199,6 +208,8 @@ private:
     void TakeOut(std::size_t slot);
     void Release(const Ref<PropertyItem>& row);
     void CloseEdit();
+    bool IsEditable(const PropertyItem& row) const;
+    std::optional<std::string> BrowseColour(const PropertyItem& row);
     void TellRowsChanged();
     void TellRowChanged(PropertyItem& row);
     bool IsOwn(const Ref<PropertyItem>& row) const;

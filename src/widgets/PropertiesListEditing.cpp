@@ -1,14 +1,27 @@
 #include "widgets/Keys.h"
 #include "widgets/PropertiesList.h"
+#include "widgets/WebColours.h"
+#include "widgets/frmBrowseHTMLColor.h"
 
 // The in-place edit of a row, and the author's gestures.
 
 namespace paperkite {
 
+namespace {
+
+/// A colour is kept in one form, however it was typed.
+std::string Normalised(const PropertyItem& row, const std::string& text) {
+    if (row.GetValueType() != PropertyValueType::Color) return text;
+    const auto colour = WebColours::Read(text);
+    return colour ? WebColours::Text(*colour) : text;
+}
+
+} // namespace
+
 bool PropertiesList::BeginEdit() {
     if (mInEdit) return true;
     const Ref<PropertyItem> row = mSelected;
-    if (!row || row->IsHeader() || row->GetReadOnly() || row->GetValueLocked()) return false;
+    if (!row || !IsEditable(*row)) return false;
     bool cancel = false;
     Events.BeforeEdit.Raise(row, cancel);
     if (cancel || mSelected != row || !IsOwn(row)) return false;
@@ -21,7 +34,7 @@ bool PropertiesList::BeginEdit() {
 void PropertiesList::EndEdit() {
     if (!mInEdit) return;
     const Ref<PropertyItem> row = mSelected;
-    const std::string text = mEditText;
+    const std::string text = mEditText == row->GetValue() ? mEditText : Normalised(*row, mEditText);
     if (row->GetValue() != text) {
         bool cancel = false;
         try {
@@ -33,6 +46,10 @@ void PropertiesList::EndEdit() {
         }
     }
     CloseEdit();
+}
+
+bool PropertiesList::IsEditable(const PropertyItem& row) const {
+    return !row.IsHeader() && row.GetVisible() && !row.GetReadOnly() && !row.GetValueLocked();
 }
 
 void PropertiesList::CancelEdit() {
@@ -92,11 +109,47 @@ bool PropertiesList::UserExtendedEdit() {
     return !cancel;
 }
 
+void PropertiesList::UserBrowse() {
+    if (!AcceptsGestures() || !mSelected) return;
+    const Ref<PropertyItem> row = mSelected;
+    const bool wasInEdit = mInEdit;
+    // What was typed counts: handlers of BeforeEdit begin with it.
+    if (wasInEdit && row->GetValueType() == PropertyValueType::File) EndEdit();
+    if (!BeginEdit() || row->GetValueType() != PropertyValueType::Color) return;
+    const auto chosen = BrowseColour(*row);
+    if (!mInEdit || mSelected != row) return;
+    if (chosen) {
+        UserType(*chosen);
+        EndEdit();
+    } else if (!wasInEdit) {
+        CancelEdit();
+    }
+}
+
+std::optional<std::string> PropertiesList::BrowseColour(const PropertyItem& row) {
+    if (!UserExtendedEdit()) return {};
+    auto browser = MakeRef<frmBrowseHTMLColor>();
+    browser->Initialize(WebColours::Read(mInEdit ? mEditText : row.GetValue()).value_or(0));
+    browser->Show(FormMode::Modal);
+    if (browser->GetCancelled()) return {};
+    return WebColours::Text(browser->GetSelectedColor());
+}
+
+void PropertiesList::UserClear() {
+    if (!AcceptsGestures() || mInEdit || !mSelected) return;
+    const Ref<PropertyItem> row = mSelected;
+    if (!IsEditable(*row) || row->GetValue().empty()) return;
+    bool cancel = false;
+    Events.AfterEdit.Raise(row, {}, {}, cancel);
+    if (!cancel && IsOwn(row)) row->SetValue({});
+}
+
 int PropertiesList::UserKeyDown(int keyCode, int shift) {
     if (!AcceptsGestures()) return keyCode;
     const bool wasInEdit = mInEdit;
     Events.KeyDown.Raise(keyCode, shift);
     if (keyCode == KeyF2 && !mInEdit) BeginEdit();
+    if (keyCode == KeyF4) UserBrowse();
     if (keyCode == KeyEscape && wasInEdit) CancelEdit();
     return keyCode;
 }

@@ -5,6 +5,8 @@
 
 #include <cstddef>
 #include <string>
+#include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace paperkite {
@@ -13,8 +15,26 @@ class PropertiesList;
 
 enum class PropertyItemType : int { Normal = 0, Header = 1 };
 
-/// What a row's value is, which says how it is edited.
-enum class PropertyValueType { String, Number, Boolean, Choice };
+/// What a row's value is, which says how it is edited. The numbers are those that templates keep.
+enum class PropertyValueType : int {
+    String = 0,
+    Number = 5,
+    Date = 7,     ///< year, month and day, as in 2026-12-31
+    Boolean = 11, ///< "true" or "false"
+    File = 103,   ///< a path; the row's button raises BeforeEdit, whose handler asks for a file
+    Color = 104,  ///< "#" and six hexadecimal digits, or the name of a web colour
+    Choice = 105, ///< one of the row's choices
+};
+
+/// An entry of a row's drop-down list.
+struct PropertyChoice {
+    /// What the author reads and picks.
+    std::string Text;
+    /// What becomes the row's value.
+    std::string Value;
+
+    bool operator==(const PropertyChoice&) const = default;
+};
 
 /// In which colour a value is shown.
 enum class ValueColour { Default, GrayText };
@@ -47,6 +67,14 @@ public:
     /// A new value raises Change.
     void SetValue(const std::string& value);
 
+    /// What the "Value" column shows: the text of the choice whose value it is, otherwise the
+    /// value.
+    const std::string& GetValueText() const;
+
+    /// What is wrong with the value, in a sentence that also says how to mend it; empty for a good
+    /// or empty one. A wrong value is kept as it is.
+    std::string GetProblem() const;
+
     /// Shown in the description pane; "<BR>" breaks the line.
     const std::string& GetDescription() const { return mDescription; }
 
@@ -76,9 +104,20 @@ public:
     void SetValueType(PropertyValueType value) { Assign(mValueType, value); }
 
     /// The values to choose from, for PropertyValueType::Choice.
-    const std::vector<std::string>& GetChoices() const { return mChoices; }
+    const std::vector<PropertyChoice>& GetChoices() const { return mChoices; }
 
-    void SetChoices(const std::vector<std::string>& value) { Assign(mChoices, value); }
+    /// Texts that are their own values; a text that comes again is left out.
+    void SetChoices(const std::vector<std::string>& texts);
+    /// Adds a choice at the end; false, and nothing happens, when its text is there already. Takes
+    /// constant time.
+    bool AddChoice(const std::string& text, const std::string& value);
+
+    bool HasChoice(const std::string& text) const { return mChoiceTexts.contains(text); }
+
+    /// A row that is not visible keeps its place and value, and is neither seen nor edited.
+    bool GetVisible() const { return mVisible; }
+
+    void SetVisible(bool value) { Assign(mVisible, value); }
 
     ValueColour GetValueColour() const { return mValueColour; }
 
@@ -111,7 +150,10 @@ private:
     std::string mValue;
     std::string mDescription;
     std::string mTag;
-    std::vector<std::string> mChoices;
+    std::vector<PropertyChoice> mChoices;
+    std::unordered_set<std::string> mChoiceTexts;
+    // The first choice of each value.
+    std::unordered_map<std::string, std::size_t> mChoiceOfValue;
     PropertyItemType mItemType = PropertyItemType::Normal;
     PropertyValueType mValueType = PropertyValueType::String;
     ValueColour mValueColour = ValueColour::Default;
@@ -120,6 +162,7 @@ private:
     bool mBold = false;
     bool mChecked = false;
     bool mExpanded = true;
+    bool mVisible = true;
 };
 
 } // namespace paperkite
