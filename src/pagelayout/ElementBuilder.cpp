@@ -65,6 +65,7 @@ void ElementBuilder::MakeControls() {
     sltEdit->SetFirstPane(prpProperties);
     sltRoot = Controls.Make<SplitPanel>("sltRoot");
     sltRoot->SetOrientation(Orientation::Horizontal);
+    Container::SetLayout(FormLayout::Column({FormLayout::Item(sltRoot, 1)}));
 }
 
 void ElementBuilder::zSetView() {

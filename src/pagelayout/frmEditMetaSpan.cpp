@@ -7,6 +7,7 @@ namespace paperkite {
 frmEditMetaSpan::frmEditMetaSpan() : Form("frmEditMetaSpan") {
     SetCaption("Edit Element");
     iDefaultCaption = GetCaption();
+    Move(0, 0, 760, 560);
     MakeControls();
     LayOut();
     const auto keep = [this](Connection connection) {

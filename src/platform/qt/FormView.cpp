@@ -2,6 +2,7 @@
 
 #include "platform/qt/ContainerView.h"
 #include "platform/qt/Conversions.h"
+#include "platform/qt/Theme.h"
 #include "widgets/Keys.h"
 
 #include <QApplication>
@@ -26,6 +27,15 @@ FormView::FormView(ViewFactory& factory, Form& form, QWidget* parent)
     column->setContentsMargins(12, 12, 12, 12);
     column->addWidget(new ContainerView(factory, Borrowed(form), this));
     mTie = form.Observe(*this);
+    FitWanted();
+}
+
+// A form that says its size gets it, larger for larger text, and never less than it needs.
+void FormView::FitWanted() {
+    const QVariant scale = qApp->property(Theme::kTextScaleProperty);
+    const int percent = scale.isValid() ? scale.toInt() : 100;
+    const QSize wanted = QSize(mForm->GetWidth(), mForm->GetHeight()) * percent / 100;
+    if (!wanted.isEmpty()) resize(wanted.expandedTo(minimumSizeHint()));
 }
 
 void FormView::InstallRunner(ViewFactory& factory) {

@@ -28,6 +28,8 @@ private:
     void ControlChanged(Control& control) override;
     void ControlGone(Control& control) override;
 
+    void FitWanted();
+
     Form* mForm;
     Connection mTie;
 };

@@ -1,5 +1,6 @@
 #include "platform/qt/ListViews.h"
 
+#include "platform/qt/ColourViews.h"
 #include "platform/qt/ControlView.h"
 #include "platform/qt/Conversions.h"
 
@@ -107,6 +108,7 @@ protected:
                 mView->addItem(text);
             else if (mView->itemText(row) != text)
                 mView->setItemText(row, text);
+            ShowExtras(row);
         }
         mView->setCurrentIndex(mBox->GetListIndex());
         const QString text = ToQString(mBox->GetText());
@@ -114,6 +116,16 @@ protected:
     }
 
 private:
+    void ShowExtras(int row) {
+        const std::string& tip = mBox->GetItemToolTipText(row);
+        if (!tip.empty()) mView->setItemData(row, ToQString(tip), Qt::ToolTipRole);
+        const Colour& swatch = mBox->GetItemSwatch(row);
+        if (!swatch || mView->itemData(row) == QVariant(*swatch)) return;
+        mView->setItemData(row, *swatch);
+        mView->setItemIcon(
+            row, SwatchIcon(QColor(QRgb(*swatch)), mView->palette(), mView->iconSize().height()));
+    }
+
     Ref<ComboBox> mBox;
     QComboBox* mView;
 };

@@ -95,7 +95,11 @@ void PropertiesListView::ShowDescription() {
         title =
             ToQString(row->GetDisplayText().empty() ? row->GetCaption() : row->GetDisplayText());
     mTitle->setText(title);
-    mText->setText(row ? Spaced(ToQString(row->GetDescription())) : QString());
+    QString text = row ? Spaced(ToQString(row->GetDescription())) : QString();
+    const QString problem = row ? ToQString(row->GetProblem()) : QString();
+    if (!problem.isEmpty())
+        text = QStringLiteral("<b>%1</b><br>%2").arg(problem.toHtmlEscaped(), text);
+    mText->setText(text);
     mTable->setAccessibleDescription(mText->text());
 }
 

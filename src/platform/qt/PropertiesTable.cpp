@@ -11,13 +11,49 @@
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QToolButton>
 
 #include <algorithm>
 
 namespace paperkite {
 
+namespace {
+
+/// The icon of the button in a value of that type; nullptr for one without a button.
+const char* IconOf(PropertyValueType type) {
+    switch (type) {
+    case PropertyValueType::Choice:
+    case PropertyValueType::Boolean:
+        return "arrow-down";
+    case PropertyValueType::Date:
+        return "view-calendar";
+    case PropertyValueType::Color:
+        return "color-picker";
+    case PropertyValueType::File:
+        return "document-open";
+    default:
+        return nullptr;
+    }
+}
+
+QString ValueButtonTip(PropertyValueType type) {
+    switch (type) {
+    case PropertyValueType::Date:
+        return PropertiesTable::tr("Calendar (F4)");
+    case PropertyValueType::Color:
+        return PropertiesTable::tr("Browse Color (F4)");
+    case PropertyValueType::File:
+        return PropertiesTable::tr("Locate file (F4)");
+    default:
+        return PropertiesTable::tr("Open the list (F4)");
+    }
+}
+
+} // namespace
+
 PropertiesTable::PropertiesTable(const Ref<PropertiesList>& list, QWidget* parent)
-    : QTableView(parent), mList(list), mItems(new PropertiesTableModel(list, this)) {
+    : QTableView(parent), mList(list), mItems(new PropertiesTableModel(list, this)),
+      mValueButton(new QToolButton(viewport())) {
     setModel(mItems);
     setItemDelegate(new PropertyDelegate(*this));
     setShowGrid(false);
@@ -32,6 +68,9 @@ PropertiesTable::PropertiesTable(const Ref<PropertiesList>& list, QWidget* paren
     setHorizontalHeader(new ColumnHeader(this));
     horizontalHeader()->setStretchLastSection(true);
     horizontalHeader()->setMinimumSectionSize(80);
+    mValueButton->setFocusPolicy(Qt::NoFocus);
+    mValueButton->hide();
+    connect(mValueButton, &QToolButton::clicked, this, [this] { OpenValue(); });
     FitRows();
     mTie = list->Observe(*this);
     RowsChanged();
@@ -68,7 +107,7 @@ void PropertiesTable::FoldRows() {
     bool folded = false;
     for (int row = 0; row < mItems->rowCount(); ++row) {
         const Ref<PropertyItem> item = mItems->RowAt(row);
-        setRowHidden(row, !item->IsHeader() && folded);
+        setRowHidden(row, !item->GetVisible() || (!item->IsHeader() && folded));
         if (item->IsHeader()) folded = !item->GetExpanded();
     }
 }
@@ -78,7 +117,8 @@ void PropertiesTable::RowChanged(const Ref<PropertyItem>& row) {
     const int at = mItems->Find(row);
     if (at >= 0 && row->IsHeader() != (columnSpan(at, 0) == 2))
         setSpan(at, 0, 1, row->IsHeader() ? 2 : 1);
-    if (row->IsHeader()) FoldRows();
+    if (row->IsHeader() || (at >= 0 && row->GetVisible() == isRowHidden(at))) FoldRows();
+    if (row == mList->GetSelectedItem()) PlaceButtons();
 }
 
 void PropertiesTable::SelectionChanged() {
@@ -125,6 +165,7 @@ void PropertiesTable::PlaceButtons() {
     const bool shown = row >= 0 && !mList->GetInEdit() && !mItems->RowAt(row)->IsHeader();
     const QRect value = shown ? ValueRect() : QRect();
     int right = value.right() - 8;
+    PlaceValueButton(shown && model()->rowCount() > 0, right);
     for (int at = static_cast<int>(mButtons.size()) - 1; at >= 0; --at) {
         const PropertyButton& model = mList->GetButton(at + 1);
         auto* button = mButtons[at];
@@ -144,6 +185,37 @@ void PropertiesTable::PlaceButtons() {
     viewport()->update();
 }
 
+QToolButton* PropertiesTable::GetValueButton() const {
+    return mValueButton->isHidden() ? nullptr : mValueButton;
+}
+
+void PropertiesTable::PlaceValueButton(bool shown, int& right) {
+    const Ref<PropertyItem> row = mList->GetSelectedItem();
+    const char* icon = shown ? IconOf(row->GetValueType()) : nullptr;
+    if (!icon || row->GetReadOnly() || row->GetValueLocked()) {
+        mValueButton->hide();
+        return;
+    }
+    const QRect value = ValueRect();
+    const int size = mRowHeight - 4;
+    mValueButton->setIcon(Icons::ByName(icon));
+    mValueButton->setToolTip(ValueButtonTip(row->GetValueType()));
+    mValueButton->setAccessibleName(mValueButton->toolTip());
+    mValueButton->setGeometry(value.right() - size - 1, value.y() + 2, size, size);
+    mValueButton->show();
+    right = mValueButton->x() - 4;
+}
+
+void PropertiesTable::OpenValue() {
+    const Ref<PropertyItem> row = mList->GetSelectedItem();
+    if (!row) return;
+    const auto type = row->GetValueType();
+    if (type == PropertyValueType::Color || type == PropertyValueType::File)
+        mList->UserBrowse();
+    else if (mList->BeginEdit())
+        OpenEditor();
+}
+
 QRect PropertiesTable::ValueRect() const {
     const int row = SelectedRow();
     return QRect(columnViewportPosition(1), rowViewportPosition(row), columnWidth(1),
@@ -161,6 +233,18 @@ void PropertiesTable::keyPressEvent(QKeyEvent* event) {
     const int code = KeyCodeOf(*event);
     if (code != KeyNone && mList->UserKeyDown(code, ShiftOf(event->modifiers())) == 0) return;
     const Ref<PropertyItem> row = mList->GetSelectedItem();
+    if (code == KeyF4) {
+        OpenEditor();
+        return;
+    }
+    if (code == KeyDown && event->modifiers() == Qt::AltModifier) {
+        OpenValue();
+        return;
+    }
+    if (row && code == KeyDelete && row->GetValueType() != PropertyValueType::String) {
+        mList->UserClear();
+        return;
+    }
     if (row && row->IsHeader() && (code == KeyLeft || code == KeyRight)) {
         if (row->GetExpanded() == (code == KeyLeft)) mList->UserToggle(row);
         return;

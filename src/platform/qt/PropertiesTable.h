@@ -7,6 +7,7 @@
 #include <QTableView>
 
 class QPushButton;
+class QToolButton;
 
 namespace paperkite {
 
@@ -22,6 +23,10 @@ public:
 
     /// The button of that key while the selected row shows it, or nullptr.
     QPushButton* GetButton(const std::string& key) const;
+
+    /// The button in the selected row's value that opens its list, calendar or browser, or nullptr
+    /// while there is none.
+    QToolButton* GetValueButton() const;
 
     const Ref<PropertiesList>& GetList() const { return mList; }
 
@@ -59,12 +64,17 @@ private:
     QWidget* MakeEditor();
     QWidget* MakeChoiceEditor(const PropertyItem& row);
     QWidget* MakeTextEditor();
+    QWidget* MakeValueEditor(const PropertyItem& row);
+    void PlaceValueButton(bool shown, int& right);
+    void OpenValue();
+    void OpenEditor();
     bool EditorKey(QKeyEvent& event);
     int SelectedRow() const;
 
     Ref<PropertiesList> mList;
     PropertiesTableModel* mItems;
     QList<QPushButton*> mButtons;
+    QToolButton* mValueButton;
     QPointer<QWidget> mEditor;
     int mRowHeight = 26;
     bool mFollowing = false;

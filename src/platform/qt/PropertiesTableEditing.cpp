@@ -1,8 +1,9 @@
 #include "platform/qt/Conversions.h"
 #include "platform/qt/PropertiesTable.h"
+#include "platform/qt/PropertyChoiceBox.h"
+#include "platform/qt/PropertyValueEditor.h"
 #include "widgets/Keys.h"
 
-#include <QComboBox>
 #include <QFocusEvent>
 #include <QPlainTextEdit>
 #include <QTextBlock>
@@ -31,8 +32,9 @@ int WantedHeight(const QPlainTextEdit& editor) {
 void PropertiesTable::EditBegan() {
     if (mEditor) EditEnded();
     mEditor = MakeEditor();
-    mEditor->installEventFilter(this);
-    mEditor->setAccessibleName(
+    QWidget* field = mEditor->focusProxy() ? mEditor->focusProxy() : mEditor.data();
+    field->installEventFilter(this);
+    field->setAccessibleName(
         mItems->data(mItems->index(SelectedRow(), 0), Qt::DisplayRole).toString());
     PlaceEditor();
     PlaceButtons();
@@ -43,7 +45,23 @@ void PropertiesTable::EditBegan() {
 
 QWidget* PropertiesTable::MakeEditor() {
     const Ref<PropertyItem> row = mList->GetSelectedItem();
-    return row->GetChoices().empty() ? MakeTextEditor() : MakeChoiceEditor(*row);
+    switch (row->GetValueType()) {
+    case PropertyValueType::Choice:
+    case PropertyValueType::Boolean:
+        return MakeChoiceEditor(*row);
+    case PropertyValueType::String:
+        return row->GetChoices().empty() ? MakeTextEditor() : MakeChoiceEditor(*row);
+    default:
+        return MakeValueEditor(*row);
+    }
+}
+
+QWidget* PropertiesTable::MakeValueEditor(const PropertyItem& row) {
+    auto* editor = new PropertyValueEditor(row, ToQString(mList->GetEditText()), viewport());
+    editor->TextChanged = [this](const QString& text) { mList->UserType(FromQString(text)); };
+    editor->Picked = [this] { mList->EndEdit(); };
+    editor->Browse = [this] { mList->UserBrowse(); };
+    return editor;
 }
 
 QWidget* PropertiesTable::MakeTextEditor() {
@@ -63,15 +81,17 @@ QWidget* PropertiesTable::MakeTextEditor() {
 }
 
 QWidget* PropertiesTable::MakeChoiceEditor(const PropertyItem& row) {
-    auto* editor = new QComboBox(viewport());
-    for (const auto& choice : row.GetChoices())
-        editor->addItem(ToQString(choice));
-    editor->setCurrentText(ToQString(mList->GetEditText()));
-    connect(editor, &QComboBox::textActivated, this, [this](const QString& text) {
-        mList->UserType(FromQString(text));
-        mList->EndEdit();
-    });
+    auto* editor = new PropertyChoiceBox(row, ToQString(mList->GetEditText()), viewport());
+    editor->Moved = [this](const QString& value) { mList->UserType(FromQString(value)); };
+    editor->Picked = [this] { mList->EndEdit(); };
     return editor;
+}
+
+void PropertiesTable::OpenEditor() {
+    if (auto* list = qobject_cast<QComboBox*>(mEditor.data())) list->showPopup();
+    if (auto* line = dynamic_cast<PropertyValueEditor*>(mEditor.data()))
+        if (mList->GetSelectedItem()->GetValueType() == PropertyValueType::Date)
+            line->PressButton();
 }
 
 void PropertiesTable::PlaceEditor() {
@@ -88,7 +108,7 @@ void PropertiesTable::EditEnded() {
     if (!mEditor) return;
     QWidget* editor = mEditor;
     mEditor = nullptr;
-    editor->removeEventFilter(this);
+    (editor->focusProxy() ? editor->focusProxy() : editor)->removeEventFilter(this);
     if (editor->hasFocus()) setFocus(Qt::OtherFocusReason);
     editor->hide();
     editor->deleteLater();
@@ -98,7 +118,8 @@ void PropertiesTable::EditEnded() {
 }
 
 bool PropertiesTable::eventFilter(QObject* watched, QEvent* event) {
-    if (watched != mEditor) return QTableView::eventFilter(watched, event);
+    const bool own = mEditor && (watched == mEditor || watched == mEditor->focusProxy());
+    if (!own) return QTableView::eventFilter(watched, event);
     if (event->type() == QEvent::KeyPress) return EditorKey(static_cast<QKeyEvent&>(*event));
     if (event->type() == QEvent::FocusOut) {
         const auto reason = static_cast<QFocusEvent*>(event)->reason();

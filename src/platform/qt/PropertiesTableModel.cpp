@@ -54,9 +54,15 @@ int PropertiesTableModel::columnCount(const QModelIndex& parent) const {
 }
 
 QString PropertiesTableModel::Text(const PropertyItem& item, int column) const {
-    if (column == 1) return item.IsHeader() ? QString() : FirstLine(ToQString(item.GetValue()));
+    if (column == 1) return item.IsHeader() ? QString() : FirstLine(ToQString(item.GetValueText()));
     const std::string& text = item.GetDisplayText();
     return ToQString(text.empty() ? item.GetCaption() : text);
+}
+
+QString PropertiesTableModel::Whole(const PropertyItem& item) {
+    const QString value = ToQString(item.GetValueText());
+    const QString problem = ToQString(item.GetProblem());
+    return problem.isEmpty() ? value : value + QLatin1Char('\n') + problem;
 }
 
 QVariant PropertiesTableModel::data(const QModelIndex& index, int role) const {
@@ -66,10 +72,11 @@ QVariant PropertiesTableModel::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
         return Text(*item, index.column());
     case Qt::ToolTipRole:
-        return index.column() == 1 && !item->IsHeader() ? ToQString(item->GetValue()) : QVariant();
+        if (index.column() != 1 || item->IsHeader()) return {};
+        return Whole(*item);
     case Qt::AccessibleTextRole:
         if (item->IsHeader()) return Text(*item, 0) + QStringLiteral(", heading");
-        return index.column() == 1 ? ToQString(item->GetValue()) : Text(*item, 0);
+        return index.column() == 1 ? Whole(*item) : Text(*item, 0);
     case Qt::CheckStateRole:
         if (index.column() != 0 || !mList->GetCheckBoxes() || item->IsHeader()) return {};
         return item->GetChecked() ? Qt::Checked : Qt::Unchecked;

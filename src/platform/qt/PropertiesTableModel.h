@@ -30,6 +30,8 @@ public:
 
 private:
     QString Text(const PropertyItem& item, int column) const;
+    /// The whole value, and what is wrong with it.
+    static QString Whole(const PropertyItem& item);
 
     Ref<PropertiesList> mList;
     std::vector<Ref<PropertyItem>> mRows;

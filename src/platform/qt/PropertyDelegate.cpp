@@ -1,11 +1,14 @@
 #include "platform/qt/PropertyDelegate.h"
 
+#include "platform/qt/ColourViews.h"
 #include "platform/qt/Conversions.h"
+#include "platform/qt/Icons.h"
 #include "platform/qt/PropertiesTable.h"
+#include "widgets/WebColours.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QPainter>
-#include <QPushButton>
 
 namespace paperkite {
 
@@ -83,11 +86,28 @@ void PropertyDelegate::PaintCell(QPainter& painter, const QRect& rectangle, cons
         if (mTable.GetList()->GetCheckBoxes()) PaintTick(painter, rectangle, row.GetChecked());
     } else if (mTable.GetList()->GetSelectedItem().get() == &row) {
         // The text ends where the row's buttons begin.
-        for (auto* button : mTable.viewport()->findChildren<QPushButton*>())
+        for (auto* button : mTable.viewport()->findChildren<QAbstractButton*>())
             if (!button->isHidden()) room.setRight(std::min(room.right(), button->x() - kMargin));
     }
+    if (index.column() == 1) PaintMark(painter, room, row);
     painter.setPen(palette.color(quiet ? QPalette::PlaceholderText : QPalette::Text));
     PaintText(painter, room, index.data().toString(), font);
+}
+
+// A colour's swatch, or the sign that the value is no good one, before the text.
+void PropertyDelegate::PaintMark(QPainter& painter, QRect& room, const PropertyItem& row) const {
+    QIcon mark;
+    const auto colour = row.GetValueType() == PropertyValueType::Color
+                            ? WebColours::Read(row.GetValue())
+                            : std::nullopt;
+    if (colour)
+        mark = SwatchIcon(ToQColor(*colour), mTable.palette(), kTickSize);
+    else if (!row.GetProblem().empty())
+        mark = Icons::ByName("dialog-warning");
+    if (mark.isNull()) return;
+    mark.paint(&painter,
+               QRect(room.left(), room.center().y() - kTickSize / 2, kTickSize, kTickSize));
+    room.setLeft(room.left() + kTickSize + kMargin);
 }
 
 void PropertyDelegate::PaintText(QPainter& painter, const QRect& room, const QString& text,

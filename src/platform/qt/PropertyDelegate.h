@@ -26,6 +26,7 @@ private:
     void PaintHeader(QPainter& painter, const QRect& rectangle, const PropertyItem& row) const;
     void PaintCell(QPainter& painter, const QRect& rectangle, const PropertyItem& row,
                    const QModelIndex& index) const;
+    void PaintMark(QPainter& painter, QRect& room, const PropertyItem& row) const;
     void PaintText(QPainter& painter, const QRect& room, const QString& text,
                    const QFont& font) const;
     void PaintTick(QPainter& painter, const QRect& rectangle, bool ticked) const;

@@ -2,12 +2,14 @@
 
 #include "foundation/Text.h"
 #include "platform/qt/CodeBoxView.h"
+#include "platform/qt/ColourViews.h"
 #include "platform/qt/ContainerView.h"
 #include "platform/qt/Conversions.h"
 #include "platform/qt/DockView.h"
 #include "platform/qt/ExplorerBarView.h"
 #include "platform/qt/FieldViews.h"
 #include "platform/qt/FlatStripView.h"
+#include "platform/qt/HeaderBarView.h"
 #include "platform/qt/HtmlEditView.h"
 #include "platform/qt/ListViews.h"
 #include "platform/qt/PropertiesListView.h"
@@ -42,6 +44,9 @@ void ViewFactory::RegisterFields() {
     RegisterRole<ListBox>(MakeWith(&MakeListBoxView));
     RegisterRole<ComboBox>(MakeWith(&MakeComboBoxView));
     RegisterRole<FlatStrip>(MakeWith(&MakeFlatStripView));
+    RegisterRole<HeaderBar>(MakeWith(&MakeHeaderBarView));
+    RegisterRole<ColourHexagon>(MakeWith(&MakeColourHexagonView));
+    RegisterRole<ColourSwatch>(MakeWith(&MakeColourSwatchView));
 }
 
 void ViewFactory::RegisterContainers() {
