@@ -1,212 +1,319 @@
 #include "pagelayout/MetaDocumentEdit.h"
 
+#include "foundation/ScopeExit.h"
 #include "foundation/Services.h"
 #include "foundation/Text.h"
-#include "pagelayout/KeptElements.h"
-#include "pagelayout/LayoutText.h"
-
-#include <algorithm>
-#include <charconv>
 
 namespace paperkite {
 
 namespace {
 
-constexpr const char* kMakersAddress = "https://www.brindlewick.example/";
-constexpr std::string_view kSpanStart = "metaspanstart";
-constexpr std::string_view kSpanFamily = "metaspan";
-constexpr const char* kScratchId = "kitetempspan";
-
-/// A position in a collection, read the lenient way.
-std::size_t PositionOf(const std::string& text) {
-    const std::int32_t number = Value(LeadingNumber(text)).ToInteger();
-    return number < 1 ? 0 : static_cast<std::size_t>(number);
-}
-
-/// The whole text as a number; error 13 where it is none.
-std::int32_t StrictInteger(const std::string& text) {
-    const std::string number = TrimBlanks(text);
-    const std::size_t digits = number.find_first_not_of("0123456789", number[0] == '-' ? 1 : 0);
-    if (number.empty() || number == "-" || digits != std::string::npos)
-        RaiseError(ErrorNumber::TypeMismatch,
-                   "\"" + text + "\" is not the number of a span's element");
-    return Value(LeadingNumber(number)).ToInteger();
-}
+constexpr int kNormalView = 0;
+constexpr int kSourceView = 1;
+constexpr int kPreviewView = 2;
+constexpr const char* kBaseURL = "BaseURL";
+constexpr const char* kContextMenu = "mnuContext";
+constexpr const char* kMetaContextMenu = "mnuMetaContext";
+/// What the names of commands begin with.
+constexpr std::size_t kCommandPrefix = 3;
 
 } // namespace
 
-Ref<ParserTemplate> MetaDocumentEdit::ParsedLayout(const std::string& HTML) {
-    const auto& create = CurrentServices().CreateParserTemplate;
-    if (!create) RaiseError(ErrorNumber::CannotCreateComponent);
-    const Ref<ParserTemplate> t = create();
-    t->SetMetaDocumentMode(true);
-    t->SetStartTagPrefix("<!--KITEMETADATA start");
-    t->SetStartTagSuffix("-->");
-    t->SetEndTagPrefix("<!--KITEMETADATA end");
-    t->SetEndTagSuffix("-->");
-    t->LoadText(HTML);
-    return t;
+MetaDocumentEdit::MetaDocumentEdit(std::string name) : Container(std::move(name)) {
+    fstView->Add("normal", "Normal", {}, "HTML Edit View");
+    fstView->Add("htmlsource", "HTML", {}, "HTML Source View");
+    fstView->Add("preview", "Preview", {}, "Preview");
+    fstView->SetAccessibleName("Views of the layout");
+    hdrElements->SetText("Some elements in this document cannot be edited in this view");
+    hdrElements->SetVisible(false);
+    dedDocument->SetScope(HtmlEditScope::Document);
+    dedDocument->SetAccessibleName("Page layout");
+    zMakeCommands();
+    conClient->Controls.Add(dedDocument);
+    dksUI->SetClient(conClient);
+    Controls.Add(hdrElements);
+    Controls.Add(dksUI);
+    Controls.Add(fstView);
+    zShowPreview();
+    zArrange();
+    zConnect();
+    zUpdateCommands();
+    zSetView();
 }
 
-Ref<ParserTemplate> MetaDocumentEdit::CreateParserTemplate(const std::string& HTML) {
-    return Procedure<Ref<ParserTemplate>>(
-        *this, "CreateParserTemplate", [&](Ref<ParserTemplate>& result, Frame& frame) {
-            Watch watchHTML(frame, "HTML", HTML);
-            const Ref<ParserTemplate> t = ParsedLayout(HTML);
-            Local watchTemplate(frame, "t", t);
-            result = t;
-            const std::string errors = t->GetParseErrors();
-            if (errors.empty()) return;
-            constexpr const char* kTitle = "Page Layout Errors";
-            MessageBox& box = Required(CurrentServices().MessageBox);
-            box.Show(
-                "This page layout file contained one or more page layout tag formatting errors "
-                "which are likely to cause malformed output. These errors must be corrected to "
-                "prevent this message from appearing in future. Problem tag details follow.",
-                kTitle, MessageIcon::Warning);
-            box.Show(errors, kTitle, MessageIcon::Warning);
-        });
+MetaDocumentEdit::~MetaDocumentEdit() {
+    Terminate();
 }
 
-std::string MetaDocumentEdit::ConvertMetaDocumentToSpanDocument(const std::string& HTML) {
-    return Procedure<std::string>(*this, "ConvertMetaDocumentToSpanDocument",
-                                  [&](std::string& result, Frame& frame) {
-                                      Watch watchHTML(frame, "HTML", HTML);
-                                      mParserTemplate = CreateParserTemplate(HTML);
-                                      if (mSpanProvider) mSpanProvider->Terminate();
-                                      mSpanProvider = MakeRef<SpanProvider>();
-                                      FindExcludedElements();
-                                      mSpanProvider->OutputSpans = true;
-                                      mParserTemplate->SetDataProvider(mSpanProvider);
-                                      mParserTemplate->SetUseProvidedText(true);
-                                      result = mParserTemplate->Parse();
-                                  });
+void MetaDocumentEdit::zMakeCommands() {
+    const auto add = [this](const char* name, const char* caption, const char* tip,
+                            const char* status) {
+        const auto command = dksUI->Commands.Add(name, caption);
+        command->SetToolTipText(tip);
+        command->SetStatusText(status);
+        return command;
+    };
+    const auto insert = add("btnMetaAdd", "&Add Element...", "Add Element", "Adds a new element");
+    const auto edit = add("btnMetaEdit", "&Edit Element...", "Edit Element",
+                          "Edits the properties of this element");
+    const auto remove =
+        add("btnMetaDelete", "&Delete Element", "Delete Element", "Deletes this element");
+    const auto help = add("btnMetaHelp", "&Help on this meta data...", "Help",
+                          "Displays help on using this meta data");
+    const auto cut = add("btnCut", "Cu&t", "Cut", "Moves what is selected to the clipboard");
+    const auto copy = add("btnCopy", "&Copy", "Copy", "Copies what is selected to the clipboard");
+    const auto paste = add("btnPaste", "&Paste", "Paste", "Puts in what is on the clipboard");
+
+    auto& context = dksUI->Commands.AddPopup(kContextMenu, "{Context}")->GetPopupCommands();
+    for (const auto& command : {insert, cut, copy, paste})
+        context.Add(command);
+    auto& meta =
+        dksUI->Commands.AddPopup(kMetaContextMenu, "{Meta Data Context}")->GetPopupCommands();
+    for (const auto& command : {edit, remove, help, cut, copy})
+        meta.Add(command);
+
+    const auto bar = dksUI->AddToolbar("Elements");
+    for (const auto& command : {insert, edit, remove})
+        bar->Add(command);
+    dksUI->SetToolbarStyle(ToolbarStyle::TextBesideIcons);
 }
 
-/// A span would not be shown, or would be pushed elsewhere, in front of the body and between the
-/// cells of a table.
-void MetaDocumentEdit::FindExcludedElements() {
-    std::int32_t Index = 0;
-    bool FoundBody = false;
-    bool ExcludeNext = false;
-    for (const auto& element : mParserTemplate->GetSections()->Item(std::size_t{1})->Elements) {
-        if (element->ElementType == kParserTagElement) {
-            ++Index;
-            if (ExcludeNext) mSpanProvider->ExcludedElements.Add(1, std::to_string(Index));
-        }
-        if (element->ElementType != kParserLiteralText) continue;
-        if (!FoundBody) FoundBody = BeginsBody(element->Text);
-        ExcludeNext = !FoundBody || EndsBetweenCells(element->Text);
-    }
+void MetaDocumentEdit::zConnect() {
+    const auto keep = [this](Connection connection) {
+        mConnections.push_back(std::move(connection));
+    };
+    keep(fstView->Events.Change.Connect([this](const auto&, const auto&) { zSetView(); }));
+    keep(dksUI->Events.CommandClick.Connect(
+        [this](const auto& command) { dksUI_CommandClick(command); }));
+    keep(dedDocument->Events.Change.Connect([this] { dedDocument_Change(); }));
+    keep(dedDocument->Events.ToolsRefreshed.Connect([this] { zUpdateCommands(); }));
+    keep(dedDocument->Events.ElementEvent.Connect(
+        [this](int id, const auto& info, bool& cancelDefault) {
+            dedDocument_ElementEvent(id, info, cancelDefault);
+        }));
 }
 
-std::string MetaDocumentEdit::ConvertSpanDocumentToMetaDocument(const std::string& HTML) {
-    return Procedure<std::string>(
-        *this, "ConvertSpanDocumentToMetaDocument", [&](std::string& result, Frame& frame) {
-            Watch watchHTML(frame, "HTML", HTML);
-            mSpanProvider->OutputSpans = false;
-            mParserTemplate->SetUseProvidedText(false);
-            // Elements in the head and between cells would not survive the document as they are.
-            KeptElements kept;
-            const std::string hidden =
-                kept.Hide(ParsedLayout(HTML)->GetSections()->Item(std::size_t{1})->Elements);
-            const auto document = Required(CurrentServices().HTMLDOMFactory)
-                                      .CreateFromString(KeepUntouchedSpans(hidden, kept), {});
-            Local watchDocument(frame, "document", document);
-            ReplaceSpans(*document, kept);
-            NameGenerator(*document);
-            const std::string text =
-                Required(CurrentServices().HTMLTidy)
-                    .TidyHTML(document->GetDocumentElement()->GetOuterHTML(), false);
-            result = kept.Restore(WithTightHelpNamespace(WithoutAddedTitles(text)));
-        });
+void MetaDocumentEdit::zArrange() {
+    ioTheme = CurrentServices().ThemeColours;
+    const bool isThemed = ioTheme && ioTheme->IsActive();
+    // Another layout has its view made again.
+    if (isThemed == iThemed && Container::GetLayout().GetKind() != FormLayout::Kind::Empty) return;
+    iThemed = isThemed;
+    std::vector<FormLayout> parts{FormLayout::Item(hdrElements), FormLayout::Item(dksUI, 1),
+                                  FormLayout::Item(fstView)};
+    Container::SetLayout(iThemed ? FormLayout::Framed(std::move(parts))
+                                 : FormLayout::Column(std::move(parts)));
 }
 
-// Most spans are as they were made. Those need no document to be found in, and what stands for them
-// is not moved where a span may not stand, as between the rows of a table.
-std::string MetaDocumentEdit::KeepUntouchedSpans(const std::string& html,
-                                                 KeptElements& kept) const {
-    constexpr std::string_view kOpening = "<span id=\"metaspanstart";
-    // Outside of the body a comment belongs to nothing that is written.
-    const std::size_t body = FindIgnoringCase(html, "<body");
-    const std::size_t end =
-        std::min(FindIgnoringCase(html, "</body", body), FindIgnoringCase(html, "</html", body));
-    std::string text;
-    std::size_t from = 0;
-    for (std::size_t at = html.find(kOpening, body); at < end; at = html.find(kOpening, at + 1)) {
-        std::size_t number = 0;
-        std::from_chars(html.data() + at + kOpening.size(), html.data() + html.size(), number);
-        if (number < 1 || number > mSpanProvider->Elements.Count()) continue;
-        const ParserElement& element = *mSpanProvider->Elements.Item(number);
-        const std::string span = ElementToSpan(element, number);
-        if (html.compare(at, span.size(), span) != 0) continue;
-        text.append(html, from, at - from).append(kept.Keep(element.GetSourceText()));
-        from = at + span.size();
-    }
-    return text.append(html, from);
+void MetaDocumentEdit::SetTemplate(const Ref<PageTemplate>& value) {
+    pTemplate.SetObject(value);
+    Events.PropertyChanged.Raise("Template");
 }
 
-void MetaDocumentEdit::ReplaceSpans(HTMLDocument& document, KeptElements& kept) {
-    for (const auto& span : document.Tags("SPAN"))
-        if (span->GetId().starts_with(kSpanStart)) ReplaceSpan(document, *span, kept);
+void MetaDocumentEdit::SetLayout(const Ref<PageLayout>& value) {
+    pLayout.SetObject(value);
+    Events.PropertyChanged.Raise("Layout");
 }
 
-void MetaDocumentEdit::ReplaceSpan(HTMLDocument& document, HTMLElement& span, KeptElements& kept) {
-    const std::size_t position = PositionOf(span.GetId().substr(kSpanStart.size()));
-    const std::string source = mSpanProvider->Elements.Item(position)->GetSourceText();
-    // An engine may throw away a fragment that begins with a comment.
-    span.InsertAdjacentHTML(InsertPosition::AfterEnd, "<span id=\"" + std::string(kScratchId) +
-                                                          "\">$$</span>" + kept.Keep(source));
-    // A span inside one that is gone already has nothing left to stand for.
-    if (const auto scratch = document.All(kScratchId)) {
-        scratch->SetOuterHTML("");
-        kept.Forget(span.GetInnerHTML());
-    }
-    span.SetOuterHTML("");
+void MetaDocumentEdit::SetBaseURL(const std::string& value) {
+    if (dedDocument->GetBaseURL() == value) return;
+    dedDocument->SetBaseURL(value);
+    Events.PropertyChanged.Raise(kBaseURL);
 }
 
-/// A layout states the tool that wrote it.
-void MetaDocumentEdit::NameGenerator(HTMLDocument& document) {
-    for (const auto& meta : document.Tags("META")) {
-        if (!EqualIgnoringCase(meta->GetAttribute("name").value_or(""), "generator")) continue;
-        const auto& namespaces = GetTemplate()->Namespaces;
-        if (namespaces.empty()) RaiseError(ErrorNumber::SubscriptOutOfRange);
-        const bool isWeaver = EqualIgnoringCase(namespaces.front()->Moniker, "kite.weaverstudio");
-        meta->SetAttribute("content", std::string(isWeaver ? "Brindlewick Weaverstudio"
-                                                           : "Brindlewick Paperkite") +
-                                          " (" + kMakersAddress + ")");
-    }
+void MetaDocumentEdit::UserControl_ReadProperties(const PropertyBag& PropBag) {
+    Procedure(*this, "UserControl_ReadProperties",
+              [&](Frame&) { SetBaseURL(PropBag.ReadProperty(kBaseURL, "").ToText()); });
 }
 
-std::int32_t MetaDocumentEdit::GetSpanIndex(const std::string& Id) {
-    return Procedure<std::int32_t>(*this, "GetSpanIndex", [&](std::int32_t& result, Frame& frame) {
-        Watch watchId(frame, "Id", Id);
-        if (!ContainsIgnoringCase(Id, kSpanFamily)) return;
-        const std::size_t start = ContainsIgnoringCase(Id, "start") ? 13 : 11;
-        result = StrictInteger(Id.size() > start ? Id.substr(start) : std::string());
+void MetaDocumentEdit::UserControl_WriteProperties(PropertyBag& PropBag) const {
+    Procedure(*this, "UserControl_WriteProperties",
+              [&](Frame&) { PropBag.WriteProperty(kBaseURL, Value(GetBaseURL())); });
+}
+
+void MetaDocumentEdit::Initialize() {
+    Procedure(*this, "Initialize", [&](Frame&) {
+        zArrange();
+        dedDocument->SetSpellAsYouType(false);
+        dedDocument->SetExternal(this);
     });
 }
 
-bool MetaDocumentEdit::IsInsideMetaSpan(const Ref<HTMLElement>& Root, Ref<HTMLElement>* Span) {
-    return Procedure<bool>(*this, "IsInsideMetaSpan", [&](bool& result, Frame& frame) {
-        Watch watchRoot(frame, "Root", Root);
-        const Ref<HTMLElement> nobody;
-        Watch watchSpan(frame, "Span", Span ? *Span : nobody);
-        for (Ref<HTMLElement> element = Root; element && !result;
-             element = element->GetParentElement()) {
-            if (!EqualIgnoringCase(element->GetTagName(), "span") ||
-                !EqualIgnoringCase(element->GetId().substr(0, kSpanFamily.size()), kSpanFamily))
-                continue;
-            result = true;
-            if (Span) *Span = element;
-        }
+void MetaDocumentEdit::Terminate() {
+    Procedure(*this, "Terminate", [&](Frame&) {
+        dedDocument->Terminate();
+        dedDocument->SetExternal(nullptr);
+        ioTheme.reset();
+        pTemplate.SetObject({});
+        pLayout.SetObject({});
     });
+}
+
+// Views
+
+std::string MetaDocumentEdit::GetDocumentHTML() {
+    return Procedure<std::string>(*this, "DocumentHTML", [&](std::string& result, Frame&) {
+        dedDocument->CommitEdit();
+        const std::string text = dedDocument->GetDocumentHTML();
+        result = iView == kSourceView ? text : ConvertSpanDocumentToMetaDocument(text);
+    });
+}
+
+void MetaDocumentEdit::SetDocumentHTML(const std::string& value) {
+    Procedure(*this, "DocumentHTML", [&](Frame& frame) {
+        Watch watchValue(frame, "value", value);
+        const std::string spans = ConvertMetaDocumentToSpanDocument(value);
+        // The source view holds layouts only.
+        dedDocument->SetDocumentHTML(iView == kSourceView ? value : spans);
+        mFirstLoad = false;
+        zSetView();
+    });
+}
+
+int MetaDocumentEdit::zActiveView() const {
+    for (std::size_t tab = 1; tab <= fstView->Count(); ++tab)
+        if (fstView->Item(tab) == fstView->GetSelectedTab()) return static_cast<int>(tab) - 1;
+    return kNormalView;
+}
+
+// An author's work is worth more than another view of it.
+bool MetaDocumentEdit::zReadForView(std::string& html) {
+    html = GetDocumentHTML();
+    return !html.empty() || dedDocument->GetDocumentHTML().empty();
+}
+
+void MetaDocumentEdit::zSetView() {
+    Procedure(*this, "zSetView", [&](Frame& frame) {
+        int NewView = zActiveView();
+        Watch watchView(frame, "NewView", NewView);
+        if (NewView == mRememberedView) return;
+        // Where something fails the tab tells again what is shown.
+        const ScopeExit tell([&] {
+            if (mRememberedView == NewView) return;
+            fstView->SetSelectedTab(fstView->Item(static_cast<std::size_t>(mRememberedView + 1)));
+            dedDocument->SetVisible(true);
+        });
+        std::string html;
+        if (NewView == kSourceView) {
+            if (!zReadForView(html)) return;
+            dedDocument->SetVisible(false);
+            dedDocument->SetView(HtmlView::Source);
+            dedDocument->SetDocumentHTML(html);
+            dedDocument->SetVisible(true);
+        } else {
+            if (!zReadForView(html)) return;
+            dedDocument->SetView(HtmlView::Normal);
+            dedDocument->SetDocumentHTML(ConvertMetaDocumentToSpanDocument(html));
+        }
+        hdrElements->SetVisible(NewView == kNormalView && iWarningVisible);
+        iView = NewView;
+        mRememberedView = NewView;
+        zShowPreview();
+        zUpdateCommands();
+    });
+}
+
+void MetaDocumentEdit::SetPreview(const Ref<Control>& control) {
+    if (mPreview == control) return;
+    if (mPreview) conClient->Controls.Remove(mPreview->GetName());
+    mPreview = control;
+    if (mPreview) conClient->Controls.Add(mPreview);
+    zShowPreview();
+}
+
+void MetaDocumentEdit::zShowPreview() {
+    const bool isShown = mPreview && iView == kPreviewView;
+    std::vector<FormLayout> surfaces{FormLayout::Item(dedDocument, 1)};
+    if (mPreview) surfaces.push_back(FormLayout::Item(mPreview, 1));
+    if (conClient->GetLayout().GetChildren().size() != surfaces.size())
+        conClient->SetLayout(FormLayout::Stack(std::move(surfaces)));
+    if (mPreview) mPreview->SetVisible(isShown);
+    dedDocument->SetVisible(!isShown);
+}
+
+// Editing
+
+void MetaDocumentEdit::Changed() {
+    mDirty = true;
+    Events.Change.Raise();
+}
+
+void MetaDocumentEdit::zUpdateCommands() {
+    Procedure(*this, "zUpdateCommands", [&](Frame&) {
+        const bool isRendered = iView != kSourceView && !(mPreview && iView == kPreviewView);
+        const bool isInSpan = isRendered && IsInsideMetaSpan(dedDocument->GetCurrentElement());
+        dksUI->Commands.Item("btnMetaAdd")->SetEnabled(isRendered && mParserTemplate);
+        for (const char* name : {"btnMetaEdit", "btnMetaDelete", "btnMetaHelp"})
+            dksUI->Commands.Item(name)->SetEnabled(isInSpan);
+    });
+}
+
+void MetaDocumentEdit::dksUI_CommandClick(const Ref<DockCommand>& Command) {
+    Procedure(*this, "dksUI_CommandClick", [&](Frame& frame) {
+        Watch watchCommand(frame, "Command", Command);
+        const std::string name = LowerCase(Command->GetName().substr(kCommandPrefix));
+        if (name == "metaadd")
+            InsertMetaData();
+        else if (name == "metaedit")
+            EditMetaData();
+        else if (name == "metadelete")
+            DeleteMetaData();
+        else if (name == "cut" || name == "copy" || name == "paste")
+            dedDocument->ClickEditTool(name);
+    });
+}
+
+void MetaDocumentEdit::dedDocument_Change() {
+    Procedure(*this, "dedDocument_Change", [&](Frame&) {
+        if (dedDocument->GetLoading() || !dedDocument->GetDocument()) return;
+        if (!dedDocument->IsCommandEnabled("EditUndo")) return;
+        if (iView == kSourceView) iRawChanged = true;
+        Changed();
+    });
+}
+
+void MetaDocumentEdit::dedDocument_ElementEvent(int EventId, const Ref<HtmlElementEvent>& EventInfo,
+                                                bool& CancelDefault) {
+    Procedure(*this, "dedDocument_ElementEvent", [&](Frame& frame) {
+        Watch watchId(frame, "EventId", EventId);
+        Watch watchInfo(frame, "EventInfo", EventInfo);
+        Watch watchCancel(frame, "CancelDefault", CancelDefault);
+        if (EventId == HtmlEventId::kDoubleClick)
+            zDoubleClick(EventInfo->SourceElement, CancelDefault);
+        else if (EventId == HtmlEventId::kContextMenu)
+            zContextMenu(*EventInfo, CancelDefault);
+        Events.ElementEvent.Raise(EventId, EventInfo, CancelDefault);
+    });
+}
+
+void MetaDocumentEdit::zDoubleClick(const Ref<HTMLElement>& source, bool& CancelDefault) {
+    if (!IsInsideMetaSpan(source) || GetSpanIndex(source->GetId()) < 1) return;
+    EditMetaData();
+    CancelDefault = true;
+}
+
+void MetaDocumentEdit::zContextMenu(const HtmlElementEvent& info, bool& CancelDefault) {
+    Ref<HTMLElement> span;
+    const bool isMeta =
+        IsInsideMetaSpan(info.SourceElement, &span) && GetSpanIndex(span->GetId()) >= 1;
+    zUpdateCommands();
+    CancelDefault = true;
+    dksUI->ShowMenu(*dksUI->Commands.Item(isMeta ? kMetaContextMenu : kContextMenu), info.ScreenX,
+                    info.ScreenY);
 }
 
 void MetaDocumentEdit::DumpVariables(VariableDump& dump) const {
-    dump.Add("pTemplate", pTemplate)
+    dump.Add("mDirty", mDirty)
+        .Add("pTemplate", pTemplate)
+        .Add("pLayout", pLayout)
+        .Add("ioTheme", bool(ioTheme))
+        .Add("iThemed", iThemed)
+        .Add("iRawChanged", iRawChanged)
+        .Add("iView", iView)
+        .Add("iWarningVisible", iWarningVisible)
         .Add("mParserTemplate", mParserTemplate)
-        .Add("mSpanProvider", mSpanProvider);
+        .Add("mSpanProvider", mSpanProvider)
+        .Add("mFirstLoad", mFirstLoad);
 }
 
 } // namespace paperkite

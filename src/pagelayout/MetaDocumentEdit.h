@@ -5,34 +5,54 @@
 #include "foundation/PageTemplate.h"
 #include "foundation/ParserTemplate.h"
 #include "foundation/Procedure.h"
+#include "foundation/PropertyBag.h"
+#include "foundation/Theme.h"
 #include "pagelayout/SpanProvider.h"
+#include "widgets/Container.h"
+#include "widgets/DockHost.h"
+#include "widgets/FlatStrip.h"
+#include "widgets/HeaderBar.h"
+#include "widgets/HtmlEdit.h"
 
 #include <cstdint>
+#include <memory>
 #include <string>
+#include <vector>
 
 namespace paperkite {
 
 class KeptElements;
 
-/// Brings a page layout into the form in which an author edits it, and back.
+/// The control in which an author edits a page layout: rendered, with its elements in sight, or as
+/// the text that it is.
+///
+///     auto edit = MakeRef<MetaDocumentEdit>();
+///     edit->Initialize();
+///     edit->SetTemplate(pageTemplate);
+///     edit->SetLayout(layout);
+///     edit->SetDocumentHTML(html);
+///     … // the author works
+///     if (edit->GetDirty()) Store(edit->GetDocumentHTML());
+///     edit->Terminate();
 ///
 /// A layout's variable places are comments, which no author can see or click. In the span document
 /// each of them that may be edited is a small span instead. The spans hold nothing but numbers of
-/// the last conversion's SpanProvider, so the way back belongs to the last way there:
+/// the last conversion's SpanProvider, so the way back belongs to the last way there. The two ways
+/// can be used without the control being shown:
 ///
-///     MetaDocumentEdit layout;
-///     layout.SetTemplate(pageTemplate);
-///     std::string spans = layout.ConvertMetaDocumentToSpanDocument(html);
-///     … // the author works on the spans
-///     html = layout.ConvertSpanDocumentToMetaDocument(spans);
+///     std::string spans = edit->ConvertMetaDocumentToSpanDocument(html);
+///     html = edit->ConvertSpanDocumentToMetaDocument(spans);
 ///
-/// Needs the services CreateParserTemplate, HTMLDOMFactory, HTMLTidy and MessageBox. Both ways take
-/// time in proportion to the length of the text.
-class MetaDocumentEdit : public Shielded {
+/// The source view holds the layout itself. Each change of the view converts, and a layout that
+/// cannot be converted stays in the view in which it is.
+///
+/// The host owns the template and the layout, and calls Terminate before it lets go. Needs the
+/// services CreateParserTemplate, HTMLDOMFactory, HTMLTidy and MessageBox. Both ways take time in
+/// proportion to the length of the text; inserting, editing and deleting one element does not.
+class MetaDocumentEdit : public Container, public Shielded {
 public:
-    MetaDocumentEdit() = default;
-    MetaDocumentEdit(const MetaDocumentEdit&) = delete;
-    MetaDocumentEdit& operator=(const MetaDocumentEdit&) = delete;
+    explicit MetaDocumentEdit(std::string name = "MetaDocumentEdit");
+    ~MetaDocumentEdit() override;
 
     const char* ModuleName() const override { return "MetaDocumentEdit"; }
     void DumpVariables(VariableDump& dump) const override;
@@ -40,7 +60,59 @@ public:
     /// The template that the layout belongs to, which says what tool wrote it. Somebody else owns
     /// it; nothing once it is gone.
     Ref<PageTemplate> GetTemplate() const { return pTemplate.GetObject(); }
-    void SetTemplate(const Ref<PageTemplate>& value) { pTemplate.SetObject(value); }
+    void SetTemplate(const Ref<PageTemplate>& value);
+    /// The layout that is edited, which says what elements are not offered. Owned as Template is.
+    Ref<PageLayout> GetLayout() const { return pLayout.GetObject(); }
+    void SetLayout(const Ref<PageLayout>& value);
+
+    void Initialize();
+    /// Lets go of everything; more often does no harm.
+    void Terminate();
+    /// The layout as it is to be stored. Empty after a failure, which was shown then: a host keeps
+    /// what it has.
+    std::string GetDocumentHTML();
+    void SetDocumentHTML(const std::string& value);
+    const std::string& GetBaseURL() const { return dedDocument->GetBaseURL(); }
+    void SetBaseURL(const std::string& value);
+    /// Whether the author changed something since this was last set to false.
+    bool GetDirty() const { return mDirty; }
+    void SetDirty(bool value) { mDirty = value; }
+    int GetContextToolbarStyle() const { return dedDocument->GetContextToolbarStyle(); }
+    void SetContextToolbarStyle(int value) { dedDocument->SetContextToolbarStyle(value); }
+    const Ref<HtmlEdit>& GetDHTMLEdControl() const { return dedDocument; }
+    /// 0 rendered, 1 source, 2 preview.
+    int GetView() const { return iView; }
+    /// What a host shows in the preview, such as the finished page of an item, in place of the
+    /// rendered layout; nothing for none.
+    void SetPreview(const Ref<Control>& control);
+
+    /// Asks the author for an element and writes it in place of the selection; true when he
+    /// confirmed.
+    bool InsertMetaData();
+    /// Lets the author change the element whose span is the editor's current element.
+    bool EditMetaData();
+    /// Takes the editor's current element away, whatever it is; false.
+    bool DeleteMetaData();
+
+    /// Design properties from and to the host's bag.
+    void UserControl_ReadProperties(const PropertyBag& PropBag);
+    void UserControl_WriteProperties(PropertyBag& PropBag) const;
+
+    struct {
+        Event<> Change; ///< the author changed something
+        /// MetaTagName, MetaDataName; hosts may bind it, nothing raises it.
+        Event<const std::string&, const std::string&> RequestMoreHelp;
+        /// EventId, EventInfo, CancelDefault
+        Event<int, const Ref<HtmlElementEvent>&, bool&> ElementEvent;
+        Event<const std::string&> PropertyChanged; ///< a stored property, for the host's bag
+    } Events;
+
+    // The widgets, for views and hosts.
+
+    Ref<HeaderBar> hdrElements = MakeRef<HeaderBar>("hdrElements");
+    Ref<HtmlEdit> dedDocument = MakeRef<HtmlEdit>("dedDocument");
+    Ref<FlatStrip> fstView = MakeRef<FlatStrip>("fstView");
+    Ref<DockHost> dksUI = MakeRef<DockHost>("dksUI");
 
     /// Mistakes in the tags are shown in two messages, and do not stop the conversion.
     std::string ConvertMetaDocumentToSpanDocument(const std::string& HTML);
@@ -75,6 +147,25 @@ public:
     void CheckForMissing() {}
 
 private:
+    // The control
+    void zMakeCommands();
+    void zConnect();
+    void zArrange();
+    void zShowPreview();
+    void zUpdateCommands();
+    void zSetView();
+    int zActiveView() const;
+    /// The text of the editor as a layout, for another view; false where it cannot be converted.
+    bool zReadForView(std::string& html);
+    void Changed();
+    void dksUI_CommandClick(const Ref<DockCommand>& Command);
+    void dedDocument_Change();
+    void dedDocument_ElementEvent(int EventId, const Ref<HtmlElementEvent>& EventInfo,
+                                  bool& CancelDefault);
+    void zDoubleClick(const Ref<HTMLElement>& source, bool& CancelDefault);
+    void zContextMenu(const HtmlElementEvent& info, bool& CancelDefault);
+
+    // Conversion
     Ref<ParserTemplate> CreateParserTemplate(const std::string& HTML);
     /// The elements and the text between them; mistakes are not shown.
     static Ref<ParserTemplate> ParsedLayout(const std::string& HTML);
@@ -85,9 +176,22 @@ private:
     void NameGenerator(HTMLDocument& document);
 
     InstanceCount mInstanceCount{"MetaDocumentEdit", ComponentType::Control};
+    bool mDirty = false;
     ObjectHolder<PageTemplate> pTemplate;
+    ObjectHolder<PageLayout> pLayout;
+    std::shared_ptr<ThemeColours> ioTheme;
+    bool iThemed = false;
+    bool iRawChanged = false;
+    int iView = 0;
+    bool iWarningVisible = false;
     Ref<ParserTemplate> mParserTemplate;
     Ref<SpanProvider> mSpanProvider;
+    bool mFirstLoad = true;
+    /// The view that was shown last, which says whether a click on a tab changes anything.
+    int mRememberedView = 0;
+    Ref<Container> conClient = MakeRef<Container>("conClient");
+    Ref<Control> mPreview;
+    std::vector<Connection> mConnections;
 };
 
 } // namespace paperkite

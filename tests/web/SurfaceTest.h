@@ -25,6 +25,8 @@ public:
         Last = report.Html.toStdString();
         ++Reports;
     }
+    void PageTouched(bool) override { ++Touches; }
+    void ElementEvent(const WebElementEvent& event) override { Element = event; }
     void SelectionMoved(const WebSelection& selection) override { Selection = selection; }
     void LinkClicked(const QString& href) override { Links += href.toStdString() + ";"; }
     void MenuWanted(const WebMenuRequest& request) override {
@@ -44,6 +46,7 @@ public:
     int Menus = 0;
     int Pictures = 0;
     int Losses = 0;
+    int Touches = 0;
     std::string Typed;
     std::string Last;
     std::string Links;
@@ -51,6 +54,7 @@ public:
     std::string Asked;
     WebSelection Selection;
     WebMenuRequest Menu;
+    WebElementEvent Element;
     std::function<QList<WebMark>(const QString&)> Mark;
 };
 

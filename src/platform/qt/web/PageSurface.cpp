@@ -49,6 +49,14 @@ WebPath PathOf(const QJsonValue& list) {
     return path;
 }
 
+// A ground of that colour that text can be read on.
+QColor Mixed(const QColor& colour, const QColor& ground) {
+    constexpr double kShare = 0.18;
+    const auto mixed = [](int a, int b) { return qRound(a * kShare + b * (1 - kShare)); };
+    return {mixed(colour.red(), ground.red()), mixed(colour.green(), ground.green()),
+            mixed(colour.blue(), ground.blue())};
+}
+
 const char* NameOf(WebPageKind kind) {
     if (kind == WebPageKind::Editable) return "editable";
     return kind == WebPageKind::Preview ? "preview" : "source";
@@ -298,9 +306,13 @@ void PageSurface::Select(int place, int start, int length) {
 }
 
 QJsonObject PageSurface::ColourTexts() const {
-    return {{"base", mColours.Base.name()},       {"text", mColours.Text.name()},
-            {"quiet", mColours.QuietText.name()}, {"lines", mColours.Lines.name()},
-            {"link", mColours.Link.name()},       {"highlight", mColours.Highlight.name()},
+    return {{"base", mColours.Base.name()},
+            {"text", mColours.Text.name()},
+            {"quiet", mColours.QuietText.name()},
+            {"lines", mColours.Lines.name()},
+            {"link", mColours.Link.name()},
+            {"highlight", mColours.Highlight.name()},
+            {"tint", Mixed(mColours.Highlight, mColours.Base).name()},
             {"dark", mColours.Dark ? "1" : "0"}};
 }
 

@@ -82,7 +82,7 @@ kite.actions = {
     code: kite.code,
     insertimage: (url, alt) => kite.insert(
         '<img src="' + kite.escaped(url) + '" alt="' + kite.escaped(alt || '') + '">'),
-    inserthtml: html => kite.insert(html),
+    inserthtml: html => kite.whole ? kite.insertSpan(html) : kite.insert(html),
     forecolor: name => kite.colour('foreColor', name),
     fillcolor: name => kite.colour('backColor', name),
 };

@@ -197,6 +197,7 @@ kite.clicked = function (event) {
 
 kite.listen = function () {
     const on = (name, action) => document.addEventListener(name, action, true);
+    if (kite.whole) on('input', event => kite.followHistory(event.inputType));
     on('input', event => kite.changed(kite.placeOf(event.target)));
     for (const name of ['input', 'keyup', 'blur']) on(name, () => { kite.awaitsText = false; });
     on('selectionchange', kite.selectionMoved);
@@ -204,6 +205,7 @@ kite.listen = function () {
     on('beforeinput', kite.beforeInput);
     on('contextmenu', kite.menu);
     if (kite.whole) {
+        on('mousedown', kite.pressed);
         on('dblclick', kite.doubleClicked);
         on('copy', kite.copied);
         on('cut', kite.copied);

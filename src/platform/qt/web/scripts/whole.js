@@ -4,8 +4,8 @@
 
 kite.wholeStyle = `
 body { outline: none; min-height: calc(100vh - 16px); cursor: text; overflow-wrap: break-word; }
-span[id^="metaspan"] { color: var(--kite-text) !important; cursor: default; user-select: all;
-    background-color: color-mix(in srgb, var(--kite-highlight) 18%, var(--kite-base)) !important;
+span[id^="metaspan"] { color: var(--kite-text) !important; cursor: default;
+    background-color: var(--kite-tint) !important;
     box-shadow: 0 0 0 1px var(--kite-highlight); border-radius: 2px; padding: 0 3px;
     margin: 0 1px; }
 table:not([border]) td, table:not([border]) th { outline: 1px dotted var(--kite-lines); }
@@ -55,19 +55,96 @@ kite.elementEvent = function (id, event) {
         current: kite.pathOf(kite.target) };
 };
 
+// A click selects the span; one that is selected can be dragged to another place.
+kite.pressed = function (event) {
+    const span = event.button === 0 && kite.spanAround(event.target);
+    if (!span || kite.spanAround(kite.currentElement()) === span) return;
+    event.preventDefault();
+    document.body.focus({ preventScroll: true });
+    const range = document.createRange();
+    range.selectNode(span);
+    getSelection().removeAllRanges();
+    getSelection().addRange(range);
+};
+
 kite.doubleClicked = function (event) {
     kite.bridge.element(kite.generation, JSON.stringify(kite.elementEvent(-601, event)));
 };
 
-// Writes the element that the author stands in, as a step that can be taken back.
+// The engine takes spans apart when they are put in, so that they are put in past it. A character
+// that no reader sees, in no text that is read, stands for them in the engine's history: when it
+// goes by an undo they go, and when it comes back they come back.
+kite.insertions = { done: [], undone: [] };
+kite.holder = '\u200b';
+
+kite.insertSpan = function (html) {
+    if (!getSelection().isCollapsed) kite.command('delete');
+    kite.command('insertText', kite.holder);
+    const selection = getSelection();
+    const text = selection.anchorNode;
+    if (!text || text.nodeType !== Node.TEXT_NODE) return kite.insert(html);
+    const template = document.createElement('template');
+    template.innerHTML = html;
+    const insertion = { text, at: selection.anchorOffset - 1, nodes: [...template.content.childNodes] };
+    kite.insertions.done.push(insertion);
+    kite.insertions.undone = [];
+    kite.putIn(insertion);
+};
+
+// The engine's history knows the nodes, so that they are always the same ones.
+kite.putIn = function (insertion) {
+    const { text, at, nodes } = insertion;
+    const following = text.data.slice(at + 1);
+    text.deleteData(at + 1, following.length);
+    // Behind the last one there has to be a place for the caret.
+    insertion.rest = insertion.rest || document.createTextNode('');
+    insertion.rest.data = following || kite.holder;
+    text.after(...nodes, insertion.rest);
+    getSelection().collapse(insertion.rest, following ? 0 : 1);
+};
+
+kite.takeOut = function (insertion) {
+    const { text, nodes, rest } = insertion;
+    for (const node of nodes) node.remove();
+    const isHolder = rest.data === kite.holder;
+    if (rest.isConnected && !isHolder) text.appendData(rest.data);
+    rest.remove();
+};
+
+kite.followHistory = function (inputType) {
+    const { done, undone } = kite.insertions;
+    const stands = ({ text, at }) => text.data[at] === kite.holder;
+    if (inputType === 'historyUndo' && done.length && !stands(done[done.length - 1])) {
+        undone.push(done.pop());
+        kite.takeOut(undone[undone.length - 1]);
+    } else if (inputType === 'historyRedo' && undone.length && stands(undone[undone.length - 1])) {
+        done.push(undone.pop());
+        kite.putIn(done[done.length - 1]);
+    }
+};
+
+// Spans that show the same thing are shown anew where they stand: what they stand for changed, which
+// the history of the page knows nothing of.
+kite.refreshSpans = function (html) {
+    const holder = document.createElement('template');
+    holder.innerHTML = html;
+    const fresh = holder.content.firstElementChild;
+    const id = fresh && fresh.id.startsWith('metaspan') ? fresh.id : '';
+    const shown = id ? document.querySelectorAll('span[id="' + CSS.escape(id) + '"]') : [];
+    for (const span of shown) span.innerHTML = fresh.innerHTML;
+    return shown.length > 0;
+};
+
+// Writes the element that the author stands in.
 kite.actions.replaceelement = function (html) {
+    if (html && kite.refreshSpans(html)) return;
     const element = kite.target && kite.target.isConnected ? kite.target : kite.currentElement();
     if (!element || element === document.body) return;
     const range = document.createRange();
     range.selectNode(element);
     getSelection().removeAllRanges();
     getSelection().addRange(range);
-    if (html) kite.insert(html);
+    if (html) kite.insertSpan(html);
     else kite.command('delete');
     kite.target = null;
 };

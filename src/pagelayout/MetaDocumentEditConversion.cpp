@@ -1,0 +1,208 @@
+#include "pagelayout/MetaDocumentEdit.h"
+
+#include "foundation/Services.h"
+#include "foundation/Text.h"
+#include "pagelayout/KeptElements.h"
+#include "pagelayout/LayoutText.h"
+
+#include <algorithm>
+#include <charconv>
+
+// From a layout to the document that an author edits, and back.
+
+namespace paperkite {
+
+namespace {
+
+constexpr const char* kMakersAddress = "https://www.brindlewick.example/";
+constexpr std::string_view kSpanStart = "metaspanstart";
+constexpr std::string_view kSpanFamily = "metaspan";
+constexpr const char* kScratchId = "kitetempspan";
+
+/// A position in a collection, read the lenient way.
+std::size_t PositionOf(const std::string& text) {
+    const std::int32_t number = Value(LeadingNumber(text)).ToInteger();
+    return number < 1 ? 0 : static_cast<std::size_t>(number);
+}
+
+/// The whole text as a number; error 13 where it is none.
+std::int32_t StrictInteger(const std::string& text) {
+    const std::string number = TrimBlanks(text);
+    const std::size_t digits = number.find_first_not_of("0123456789", number[0] == '-' ? 1 : 0);
+    if (number.empty() || number == "-" || digits != std::string::npos)
+        RaiseError(ErrorNumber::TypeMismatch,
+                   "\"" + text + "\" is not the number of a span's element");
+    return Value(LeadingNumber(number)).ToInteger();
+}
+
+} // namespace
+
+Ref<ParserTemplate> MetaDocumentEdit::ParsedLayout(const std::string& HTML) {
+    const auto& create = CurrentServices().CreateParserTemplate;
+    if (!create) RaiseError(ErrorNumber::CannotCreateComponent);
+    const Ref<ParserTemplate> t = create();
+    t->SetMetaDocumentMode(true);
+    t->SetStartTagPrefix("<!--KITEMETADATA start");
+    t->SetStartTagSuffix("-->");
+    t->SetEndTagPrefix("<!--KITEMETADATA end");
+    t->SetEndTagSuffix("-->");
+    t->LoadText(HTML);
+    return t;
+}
+
+Ref<ParserTemplate> MetaDocumentEdit::CreateParserTemplate(const std::string& HTML) {
+    return Procedure<Ref<ParserTemplate>>(
+        *this, "CreateParserTemplate", [&](Ref<ParserTemplate>& result, Frame& frame) {
+            Watch watchHTML(frame, "HTML", HTML);
+            const Ref<ParserTemplate> t = ParsedLayout(HTML);
+            Local watchTemplate(frame, "t", t);
+            result = t;
+            const std::string errors = t->GetParseErrors();
+            if (errors.empty()) return;
+            constexpr const char* kTitle = "Page Layout Errors";
+            MessageBox& box = Required(CurrentServices().MessageBox);
+            box.Show(
+                "This page layout file contained one or more page layout tag formatting errors "
+                "which are likely to cause malformed output. These errors must be corrected to "
+                "prevent this message from appearing in future. Problem tag details follow.",
+                kTitle, MessageIcon::Warning);
+            box.Show(errors, kTitle, MessageIcon::Warning);
+        });
+}
+
+std::string MetaDocumentEdit::ConvertMetaDocumentToSpanDocument(const std::string& HTML) {
+    return Procedure<std::string>(*this, "ConvertMetaDocumentToSpanDocument",
+                                  [&](std::string& result, Frame& frame) {
+                                      Watch watchHTML(frame, "HTML", HTML);
+                                      mParserTemplate = CreateParserTemplate(HTML);
+                                      if (mSpanProvider) mSpanProvider->Terminate();
+                                      mSpanProvider = MakeRef<SpanProvider>();
+                                      FindExcludedElements();
+                                      mSpanProvider->OutputSpans = true;
+                                      mParserTemplate->SetDataProvider(mSpanProvider);
+                                      mParserTemplate->SetUseProvidedText(true);
+                                      result = mParserTemplate->Parse();
+                                  });
+}
+
+/// A span would not be shown, or would be pushed elsewhere, in front of the body and between the
+/// cells of a table.
+void MetaDocumentEdit::FindExcludedElements() {
+    std::int32_t Index = 0;
+    bool FoundBody = false;
+    bool ExcludeNext = false;
+    for (const auto& element : mParserTemplate->GetSections()->Item(std::size_t{1})->Elements) {
+        if (element->ElementType == kParserTagElement) {
+            ++Index;
+            if (ExcludeNext) mSpanProvider->ExcludedElements.Add(1, std::to_string(Index));
+        }
+        if (element->ElementType != kParserLiteralText) continue;
+        if (!FoundBody) FoundBody = BeginsBody(element->Text);
+        ExcludeNext = !FoundBody || EndsBetweenCells(element->Text);
+    }
+}
+
+std::string MetaDocumentEdit::ConvertSpanDocumentToMetaDocument(const std::string& HTML) {
+    return Procedure<std::string>(
+        *this, "ConvertSpanDocumentToMetaDocument", [&](std::string& result, Frame& frame) {
+            Watch watchHTML(frame, "HTML", HTML);
+            mSpanProvider->OutputSpans = false;
+            mParserTemplate->SetUseProvidedText(false);
+            // Elements in the head and between cells would not survive the document as they are.
+            KeptElements kept;
+            const std::string hidden =
+                kept.Hide(ParsedLayout(HTML)->GetSections()->Item(std::size_t{1})->Elements);
+            const auto document = Required(CurrentServices().HTMLDOMFactory)
+                                      .CreateFromString(KeepUntouchedSpans(hidden, kept), {});
+            Local watchDocument(frame, "document", document);
+            ReplaceSpans(*document, kept);
+            NameGenerator(*document);
+            const std::string text =
+                Required(CurrentServices().HTMLTidy)
+                    .TidyHTML(document->GetDocumentElement()->GetOuterHTML(), false);
+            result = kept.Restore(WithTightHelpNamespace(WithoutAddedTitles(text)));
+        });
+}
+
+// Most spans are as they were made. Those need no document to be found in, and what stands for them
+// is not moved where a span may not stand, as between the rows of a table.
+std::string MetaDocumentEdit::KeepUntouchedSpans(const std::string& html,
+                                                 KeptElements& kept) const {
+    constexpr std::string_view kOpening = "<span id=\"metaspanstart";
+    // Outside of the body a comment belongs to nothing that is written.
+    const std::size_t body = FindIgnoringCase(html, "<body");
+    const std::size_t end =
+        std::min(FindIgnoringCase(html, "</body", body), FindIgnoringCase(html, "</html", body));
+    std::string text;
+    std::size_t from = 0;
+    for (std::size_t at = html.find(kOpening, body); at < end; at = html.find(kOpening, at + 1)) {
+        std::size_t number = 0;
+        std::from_chars(html.data() + at + kOpening.size(), html.data() + html.size(), number);
+        if (number < 1 || number > mSpanProvider->Elements.Count()) continue;
+        const ParserElement& element = *mSpanProvider->Elements.Item(number);
+        const std::string span = ElementToSpan(element, number);
+        if (html.compare(at, span.size(), span) != 0) continue;
+        text.append(html, from, at - from).append(kept.Keep(element.GetSourceText()));
+        from = at + span.size();
+    }
+    return text.append(html, from);
+}
+
+void MetaDocumentEdit::ReplaceSpans(HTMLDocument& document, KeptElements& kept) {
+    for (const auto& span : document.Tags("SPAN"))
+        if (span->GetId().starts_with(kSpanStart)) ReplaceSpan(document, *span, kept);
+}
+
+void MetaDocumentEdit::ReplaceSpan(HTMLDocument& document, HTMLElement& span, KeptElements& kept) {
+    const std::size_t position = PositionOf(span.GetId().substr(kSpanStart.size()));
+    const std::string source = mSpanProvider->Elements.Item(position)->GetSourceText();
+    // An engine may throw away a fragment that begins with a comment.
+    span.InsertAdjacentHTML(InsertPosition::AfterEnd, "<span id=\"" + std::string(kScratchId) +
+                                                          "\">$$</span>" + kept.Keep(source));
+    // A span inside one that is gone already has nothing left to stand for.
+    if (const auto scratch = document.All(kScratchId)) {
+        scratch->SetOuterHTML("");
+        kept.Forget(span.GetInnerHTML());
+    }
+    span.SetOuterHTML("");
+}
+
+/// A layout states the tool that wrote it.
+void MetaDocumentEdit::NameGenerator(HTMLDocument& document) {
+    for (const auto& meta : document.Tags("META")) {
+        if (!EqualIgnoringCase(meta->GetAttribute("name").value_or(""), "generator")) continue;
+        const auto& namespaces = GetTemplate()->Namespaces;
+        if (namespaces.empty()) RaiseError(ErrorNumber::SubscriptOutOfRange);
+        const bool isWeaver = EqualIgnoringCase(namespaces.front()->Moniker, "kite.weaverstudio");
+        meta->SetAttribute("content", std::string(isWeaver ? "Brindlewick Weaverstudio"
+                                                           : "Brindlewick Paperkite") +
+                                          " (" + kMakersAddress + ")");
+    }
+}
+
+std::int32_t MetaDocumentEdit::GetSpanIndex(const std::string& Id) {
+    return Procedure<std::int32_t>(*this, "GetSpanIndex", [&](std::int32_t& result, Frame& frame) {
+        Watch watchId(frame, "Id", Id);
+        if (!ContainsIgnoringCase(Id, kSpanFamily)) return;
+        const std::size_t start = ContainsIgnoringCase(Id, "start") ? 13 : 11;
+        result = StrictInteger(Id.size() > start ? Id.substr(start) : std::string());
+    });
+}
+
+bool MetaDocumentEdit::IsInsideMetaSpan(const Ref<HTMLElement>& Root, Ref<HTMLElement>* Span) {
+    return Procedure<bool>(*this, "IsInsideMetaSpan", [&](bool& result, Frame& frame) {
+        Watch watchRoot(frame, "Root", Root);
+        const Ref<HTMLElement> nobody;
+        Watch watchSpan(frame, "Span", Span ? *Span : nobody);
+        for (Ref<HTMLElement> element = Root; element && !result;
+             element = element->GetParentElement()) {
+            if (!EqualIgnoringCase(element->GetTagName(), "span") ||
+                !EqualIgnoringCase(element->GetId().substr(0, kSpanFamily.size()), kSpanFamily))
+                continue;
+            result = true;
+            if (Span) *Span = element;
+        }
+    });
+}
+
+} // namespace paperkite
