@@ -7,7 +7,7 @@ namespace paperkite {
 frmEditMetaSpan::frmEditMetaSpan() : Form("frmEditMetaSpan") {
     SetCaption("Edit Element");
     iDefaultCaption = GetCaption();
-    Move(0, 0, 760, 560);
+    Move(0, 0, 780, 600);
     MakeControls();
     LayOut();
     const auto keep = [this](Connection connection) {
@@ -57,9 +57,9 @@ void frmEditMetaSpan::LayOut() {
     Form::SetLayout(FormLayout::Column({
         FormLayout::Item(Header),
         FormLayout::Item(tipHelp),
-        FormLayout::Item(ctlBuilder, 1),
+        FormLayout::Item(ctlBuilder, 5),
         FormLayout::Item(lblField),
-        FormLayout::Item(txtField),
+        FormLayout::Item(txtField, 1),
         FormLayout::Buttons({cmdOK, cmdCancel}),
     }));
 }
