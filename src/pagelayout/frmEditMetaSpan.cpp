@@ -70,9 +70,21 @@ void frmEditMetaSpan::Form_Load() {
         iDefaultCaption = IsAdd ? "Add Element" : "Edit Element";
         ctlBuilder->SetShowTree(IsAdd);
         ctlBuilder_SelectionChanged(ctlBuilder->GetElement());
+        zSelectFirstRow();
         (IsAdd ? Ref<Control>(ctlBuilder->tvwElements) : Ref<Control>(ctlBuilder->prpProperties))
             ->SetFocus();
     });
+}
+
+// So that the first key begins an edit, and the description is that of a row.
+void frmEditMetaSpan::zSelectFirstRow() {
+    const auto& rows = *ctlBuilder->prpProperties;
+    if (rows.GetSelectedItem()) return;
+    for (const auto& row : rows) {
+        if (!row->GetVisible()) continue;
+        ctlBuilder->prpProperties->SetSelectedItem(row);
+        return;
+    }
 }
 
 void frmEditMetaSpan::ctlBuilder_SelectionChanged(const Ref<ElementDef>& Definition) {
