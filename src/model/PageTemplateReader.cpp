@@ -57,12 +57,17 @@ private:
                                  "Rename or remove one of the two.");
     }
 
+    static std::string PluralOf(const std::string& what) {
+        return what.ends_with('y') ? what.substr(0, what.size() - 1) + "ies" : what + "s";
+    }
+
     /// Checks what a collection needs of an element that goes into it by its name.
     template <class Collection>
     Problem CheckName(const XmlElement& element, const std::string& what,
                       const Collection& collection) const {
         if (auto problem = Required(element, what, "name")) return problem;
-        if (collection.Contains(element.AttributeText("name"))) return Twice(element, what + "s");
+        if (collection.Contains(element.AttributeText("name")))
+            return Twice(element, PluralOf(what));
         return {};
     }
 

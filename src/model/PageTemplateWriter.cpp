@@ -12,8 +12,8 @@ void WithUnlessEmpty(XmlElement& element, const char* name, const std::string& v
     if (!value.empty()) element.With(name, value);
 }
 
-void AddElementDef(XmlElement& parent, const ElementDef& definition) {
-    XmlElement& element = parent.Add(XmlElement::Named("element"));
+void AddElementDef(XmlElement& parent, const char* name, const ElementDef& definition) {
+    XmlElement& element = parent.Add(XmlElement::Named(name));
     element.With("name", definition.Name);
     WithUnlessEmpty(element, "category", definition.Category);
     if (!definition.Description.empty())
@@ -32,8 +32,10 @@ void AddNamespaces(XmlElement& root, const PageTemplate& source) {
     for (const auto& served : source.Namespaces) {
         XmlElement& element = root.Add(XmlElement::Named("namespace"));
         element.With("moniker", served->Moniker);
+        for (const auto& definition : served->CategoryDefs)
+            AddElementDef(element, "category", *definition);
         for (const auto& definition : served->ElementDefs)
-            AddElementDef(element, *definition);
+            AddElementDef(element, "element", *definition);
     }
 }
 
@@ -74,6 +76,11 @@ void AddTexts(XmlElement& root, const char* name, const Collection<Ref<TemplateT
         root.Add(XmlElement::WithText(name, text->Text)).With("name", text->Name);
 }
 
+std::vector<XmlVocabulary> ElementParts() {
+    return {{"description", {}, "", {}},
+            {"attribute", {"name", "type", "required", "source", "values"}, "name", {}}};
+}
+
 const XmlVocabulary& Vocabulary() {
     static const XmlVocabulary vocabulary{
         "pagetemplate",
@@ -84,11 +91,8 @@ const XmlVocabulary& Vocabulary() {
             {"namespace",
              {"moniker"},
              "moniker",
-             {{"element",
-               {"name", "category"},
-               "name",
-               {{"description", {}, "", {}},
-                {"attribute", {"name", "type", "required", "source", "values"}, "name", {}}}}}},
+             {{"category", {"name", "category"}, "name", ElementParts()},
+              {"element", {"name", "category"}, "name", ElementParts()}}},
             {"level", {"name", "caption", "children"}, "name", {}},
             {"layout",
              {"name", "file", "filenametemplate", "namespaces", "internal", "excludedelements"},

@@ -7,7 +7,7 @@ namespace paperkite {
 frmEditMetaSpan::frmEditMetaSpan() : Form("frmEditMetaSpan") {
     SetCaption("Edit Element");
     iDefaultCaption = GetCaption();
-    Move(0, 0, 760, 560);
+    Move(0, 0, 780, 600);
     MakeControls();
     LayOut();
     const auto keep = [this](Connection connection) {
@@ -57,9 +57,9 @@ void frmEditMetaSpan::LayOut() {
     Form::SetLayout(FormLayout::Column({
         FormLayout::Item(Header),
         FormLayout::Item(tipHelp),
-        FormLayout::Item(ctlBuilder, 1),
+        FormLayout::Item(ctlBuilder, 5),
         FormLayout::Item(lblField),
-        FormLayout::Item(txtField),
+        FormLayout::Item(txtField, 1),
         FormLayout::Buttons({cmdOK, cmdCancel}),
     }));
 }
@@ -70,9 +70,21 @@ void frmEditMetaSpan::Form_Load() {
         iDefaultCaption = IsAdd ? "Add Element" : "Edit Element";
         ctlBuilder->SetShowTree(IsAdd);
         ctlBuilder_SelectionChanged(ctlBuilder->GetElement());
+        zSelectFirstRow();
         (IsAdd ? Ref<Control>(ctlBuilder->tvwElements) : Ref<Control>(ctlBuilder->prpProperties))
             ->SetFocus();
     });
+}
+
+// So that the first key begins an edit, and the description is that of a row.
+void frmEditMetaSpan::zSelectFirstRow() {
+    const auto& rows = *ctlBuilder->prpProperties;
+    if (rows.GetSelectedItem()) return;
+    for (const auto& row : rows) {
+        if (!row->GetVisible()) continue;
+        ctlBuilder->prpProperties->SetSelectedItem(row);
+        return;
+    }
 }
 
 void frmEditMetaSpan::ctlBuilder_SelectionChanged(const Ref<ElementDef>& Definition) {

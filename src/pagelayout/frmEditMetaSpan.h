@@ -64,6 +64,7 @@ private:
     void cmdOK_Click();
     void cmdCancel_Click();
     void ctlBuilder_SelectionChanged(const Ref<ElementDef>& Definition);
+    void zSelectFirstRow();
     void zWarn(const std::string& message);
 
     InstanceCount mInstanceCount{"frmEditMetaSpan", ComponentType::Form};

@@ -18,6 +18,7 @@ std::uint32_t Painted(std::int32_t colour) {
 
 frmBrowseHTMLColor::frmBrowseHTMLColor() : Form("frmBrowseHTMLColor") {
     SetCaption("Browse Color");
+    Move(0, 0, 560, 380);
     MakeControls();
     MakeList();
     LayOut();

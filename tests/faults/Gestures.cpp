@@ -134,6 +134,10 @@ void AddListGestures(std::vector<WalkedOperation>& list) {
         [](WalkScene& s) { s.Tags().SetSelectedItem(nullptr); });
     add(
         "UserKeyUp", [](WalkScene& s) { s.Tags().UserKeyUp(KeyReturn, 0); }, noted);
+    add(
+        "UserBrowse", [](WalkScene& s) { s.Tags().UserBrowse(); }, noted);
+    add(
+        "UserClear", [](WalkScene& s) { s.Tags().UserClear(); }, noted);
     add("UserResizeDescription", [](WalkScene& s) { s.Tags().UserResizeDescription(90); });
 }
 
@@ -183,8 +187,9 @@ std::vector<WalkedOperation> Gestures() {
 
 std::vector<WalkedOperation> AllOperations() {
     std::vector<WalkedOperation> all;
-    for (const auto& part : {ProjectViewOperations(), CommentEditorOperations(),
-                             ProjectEditorOperations(), Gestures(), PageOperations()})
+    for (const auto& part :
+         {ProjectViewOperations(), CommentEditorOperations(), ProjectEditorOperations(), Gestures(),
+          PageOperations(), ElementOperations()})
         all.insert(all.end(), part.begin(), part.end());
     return all;
 }

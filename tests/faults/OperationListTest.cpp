@@ -71,6 +71,19 @@ TEST(OperationListTest, EveryPublicFunctionOfTheComponentsIsWalked) {
     }
 }
 
+TEST(OperationListTest, EveryPublicFunctionOfElementsAndTheirDialogsIsWalked) {
+    for (const auto& [name, header] :
+         std::vector<std::pair<std::string, std::string>>{{"ElementBuilder", "pagelayout"},
+                                                          {"frmEditMetaSpan", "pagelayout"},
+                                                          {"frmBrowseHTMLColor", "widgets"}}) {
+        const auto offered = PublicFunctions(HeaderOf(header + "/" + name + ".h"), name);
+        EXPECT_GT(offered.size(), 4u) << name;
+        const auto walked = WalkedFunctions(name);
+        for (const std::string& function : offered)
+            EXPECT_TRUE(walked.contains(function)) << name << "." << function;
+    }
+}
+
 TEST(OperationListTest, EveryGestureOnTheComponentsControlsIsWalked) {
     for (const char* control : {"TreeControl", "DockHost", "PropertiesList", "CheckBox",
                                 "ExplorerBar", "SplitPanel", "HtmlEdit", "FlatStrip"}) {

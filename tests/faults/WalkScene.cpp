@@ -42,6 +42,7 @@ WalkScene::WalkScene(ScannedProject& scanned)
       Images(MakeSourceImages()) {
     Configure();
     MakePages();
+    MakeDialogs();
     Editor = std::make_unique<ProjectEditor>();
     Editor->SetUserMode(true);
     ConnectHandlers();
@@ -96,6 +97,58 @@ void WalkScene::MakePages() {
     variable->Name = "Title";
     Pages->VariableDefs.Add(variable, variable->Name);
     Services.Files->Texts["/templates/walked\\class.html"] = kLayout;
+}
+
+void WalkScene::MakeDialogs() {
+    const auto note = MakeRef<ElementDef>();
+    note->Name = "note";
+    for (const auto& [name, type] : std::vector<std::pair<std::string, std::string>>{
+             {"text", "text"}, {"file", "file"}, {"tag", "list"}}) {
+        const auto attribute = MakeRef<AttributeDef>();
+        attribute->Name = name;
+        attribute->AttributeType = type;
+        attribute->ValueSource = "taggedcommentdefs";
+        attribute->Required = name == "text";
+        note->AttributeDefs.Add(attribute, name);
+    }
+    Pages->Namespaces.front()->ElementDefs.Add(note, note->Name);
+    ElementDialog = MakeRef<frmEditMetaSpan>();
+    ElementDialog->SetRunner([this](Form&, FormMode) { Failure.Use("Form.Show"); });
+    ColourDialog = MakeRef<frmBrowseHTMLColor>();
+    ColourDialog->SetRunner([](Form&, FormMode) {});
+    CurrentServices().CreateFilePicker = [this] {
+        Failure.Use("FilePicker");
+        return std::make_shared<ScriptedFilePicker>();
+    };
+    CurrentServices().ChooseColour = [this](std::int32_t, std::intptr_t) {
+        Failure.Use("ChooseColour");
+        return std::optional<std::int32_t>(77);
+    };
+    mConnections.push_back(Elements().Events.SelectionChanged.Connect(
+        [this](const Ref<ElementDef>&) { Failure.Use("Handler.SelectionChanged"); }));
+}
+
+void WalkScene::BeginDialogs() {
+    ElementDialog->Hide();
+    ElementDialog->SetIsAdd(false);
+    ElementDialog->SetSafeToUnload(false);
+    ElementDialog->SetSuccess(false);
+    ElementDialog->SetText("");
+    ElementDialog->SetLayout(nullptr);
+    Elements().SetShowTipBox(false);
+    Elements().SetShowTree(false);
+    Elements().Initialise(Pages->NamespaceDefs, Pages);
+    ColourDialog->Hide();
+    ColourDialog->Initialize(0);
+}
+
+std::string WalkScene::DialogState() {
+    const auto selected = Elements().tvwElements->GetSelectedItem();
+    return ElementDialog->GetCaption() + (ElementDialog->GetVisible() ? "|shown" : "") +
+           (ElementDialog->GetSuccess() ? "|success" : "") + "|" + ElementDialog->GetText() + "|" +
+           (selected ? selected->GetKey() : "") + "\n" + Rows(*Elements().prpProperties) +
+           ColourDialog->cboColor->GetText() + (ColourDialog->GetVisible() ? "|shown" : "") +
+           (ColourDialog->GetCancelled() ? "|cancelled" : "") + "\n";
 }
 
 void WalkScene::ShowPage() {
@@ -154,6 +207,7 @@ void WalkScene::ConnectHandlers() {
 void WalkScene::Begin() {
     Scanned.Reset();
     Configure();
+    BeginDialogs();
     Services.Registry->Values.clear();
     Services.Helper->ModelControlHelper::CopyComments(nullptr);
     mAppName = "Test";
@@ -237,6 +291,7 @@ std::string WalkScene::State() {
     text += Tags().GetVisible() ? "tags shown\n" : "";
     if (Page().GetVisible())
         text += "page " + Views().GetSelectedTab()->Key + ": " + Text().GetDocumentHTML() + "\n";
+    text += DialogState();
     text += Tags().GetInEdit() ? "in edit\n" : "";
     text +=
         "exclusions: " + (Tree().GetExclusions() ? TextsOf(*Tree().GetExclusions()) : "") + "\n";

@@ -3,7 +3,9 @@
 #include "authoring/ProjectEditor.h"
 #include "faults/FailingModel.h"
 #include "faults/FailingServices.h"
+#include "pagelayout/frmEditMetaSpan.h"
 #include "support/TestModel.h"
+#include "widgets/frmBrowseHTMLColor.h"
 
 #include <memory>
 #include <string>
@@ -28,6 +30,7 @@ public:
     FlatStrip& Views() { return *Page().FlatStrip; }
     TreeControl& TreeWidget() { return *Tree().tvwProject; }
     PropertiesList& Tags() { return *Comments().prpTags; }
+    ElementBuilder& Elements() { return *ElementDialog->ctlBuilder; }
     PropertiesList& Flags() { return *Comments().prpFlags; }
 
     /// Puts everything but the components back, and the components to the tree with A open.
@@ -59,12 +62,17 @@ public:
     Ref<FailingHelpHost> Help = MakeRef<FailingHelpHost>(Failure);
     Ref<ImageList> Images;
     Ref<PageTemplate> Pages = MakeRef<PageTemplate>();
+    Ref<frmEditMetaSpan> ElementDialog;
+    Ref<frmBrowseHTMLColor> ColourDialog;
     std::unique_ptr<ProjectEditor> Editor;
 
 private:
     TaggedCommentDef& Define(const std::string& tag);
     void Configure();
     void MakePages();
+    void MakeDialogs();
+    void BeginDialogs();
+    std::string DialogState();
     void ConnectHandlers();
 
     std::vector<Connection> mConnections;

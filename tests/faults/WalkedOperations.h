@@ -27,6 +27,7 @@ std::vector<WalkedOperation> ProjectViewOperations();
 std::vector<WalkedOperation> CommentEditorOperations();
 std::vector<WalkedOperation> ProjectEditorOperations();
 std::vector<WalkedOperation> PageOperations();
+std::vector<WalkedOperation> ElementOperations();
 /// The author's gestures on their controls.
 std::vector<WalkedOperation> Gestures();
 

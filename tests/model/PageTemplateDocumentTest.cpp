@@ -69,6 +69,31 @@ protected:
     TemporaryFolder mFolder;
 };
 
+TEST_F(PageTemplateDocumentTest, ACategoryGivesAttributesToItsElements) {
+    const std::string category = "<category name=\"Page\"><attribute name=\"heading\" "
+                                 "type=\"number\" required=\"true\">Level.</attribute></category>";
+    WriteAll(ReplaceAll(kTemplate, "<element name=", category + "<element name="));
+    const auto opened = Open();
+    ASSERT_TRUE(opened.Template) << (opened.Problem ? opened.Problem->Message() : "");
+    const auto& served = *opened.Template->Namespaces.at(0);
+    ASSERT_EQ(served.CategoryDefs.Count(), 1u);
+    const auto heading = served.CategoryDefs.Item("page")->AttributeDefs.Item("heading");
+    EXPECT_EQ(heading->AttributeType, "number");
+    EXPECT_TRUE(heading->Required);
+    EXPECT_EQ(served.ElementDefs.Count(), 1u);
+    served.CategoryDefs.Item("page")->Description = "Parts of pages.";
+    ASSERT_FALSE(opened.Template->Save());
+    const auto again = Open();
+    ASSERT_TRUE(again.Template);
+    const auto saved = again.Template->Namespaces.at(0)->CategoryDefs.Item("Page");
+    EXPECT_EQ(saved->Description, "Parts of pages.");
+    EXPECT_EQ(saved->AttributeDefs.Item("heading")->Description, "Level.");
+    EXPECT_NE(
+        ProblemOf(ReplaceAll(kTemplate, "<element name=", category + category + "<element name="))
+            .find("There are two categories"),
+        std::string::npos);
+}
+
 TEST_F(PageTemplateDocumentTest, EverythingOfADescriptionIsRead) {
     WriteAll();
     const auto opened = Open();

@@ -87,6 +87,9 @@ public:
     ComboBoxView(const Ref<ComboBox>& box, QComboBox* widget)
         : ControlView(box, widget), mBox(box), mView(widget) {
         widget->setEditable(box->GetEditable());
+        // What is typed stays what was typed: no entry is made of it, and none is put in its place.
+        widget->setInsertPolicy(QComboBox::NoInsert);
+        widget->setCompleter(nullptr);
         connect(widget, &QComboBox::activated, [this](int row) {
             mBox->UserChoose(row);
             Show();

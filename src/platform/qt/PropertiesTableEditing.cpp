@@ -4,6 +4,7 @@
 #include "platform/qt/PropertyValueEditor.h"
 #include "widgets/Keys.h"
 
+#include <QApplication>
 #include <QFocusEvent>
 #include <QPlainTextEdit>
 #include <QTextBlock>
@@ -25,6 +26,14 @@ int WantedHeight(const QPlainTextEdit& editor) {
         lines += std::max(1, block.layout()->lineCount());
     lines = std::clamp(lines, 1, kMostLines);
     return lines * editor.fontMetrics().lineSpacing() + 16;
+}
+
+/// Whether a list or calendar of the editor is open, which has the keyboard then.
+bool OwnsPopup(const QWidget& editor) {
+    const QWidget* popup = QApplication::activePopupWidget();
+    while (popup && popup != &editor)
+        popup = popup->parentWidget();
+    return popup != nullptr;
 }
 
 } // namespace
@@ -123,8 +132,8 @@ bool PropertiesTable::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress) return EditorKey(static_cast<QKeyEvent&>(*event));
     if (event->type() == QEvent::FocusOut) {
         const auto reason = static_cast<QFocusEvent*>(event)->reason();
-        const bool elsewhere =
-            reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason;
+        const bool elsewhere = reason != Qt::PopupFocusReason &&
+                               reason != Qt::ActiveWindowFocusReason && !OwnsPopup(*mEditor);
         if (elsewhere) mList->EndEdit();
     }
     return false;

@@ -103,7 +103,7 @@ void PropertyDelegate::PaintMark(QPainter& painter, QRect& room, const PropertyI
     if (colour)
         mark = SwatchIcon(ToQColor(*colour), mTable.palette(), kTickSize);
     else if (!row.GetProblem().empty())
-        mark = Icons::ByName("dialog-warning");
+        mark = Icons::ByName("data-warning");
     if (mark.isNull()) return;
     mark.paint(&painter,
                QRect(room.left(), room.center().y() - kTickSize / 2, kTickSize, kTickSize));

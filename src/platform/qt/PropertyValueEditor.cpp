@@ -20,6 +20,24 @@
 
 namespace paperkite {
 
+namespace {
+
+/// Closes with Escape.
+class Popup : public QFrame {
+public:
+    using QFrame::QFrame;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() == Qt::Key_Escape)
+            close();
+        else
+            QFrame::keyPressEvent(event);
+    }
+};
+
+} // namespace
+
 PropertyValueEditor::PropertyValueEditor(const PropertyItem& row, const QString& text,
                                          QWidget* parent)
     : QWidget(parent), mType(row.GetValueType()), mField(new QLineEdit(this)) {
@@ -65,7 +83,7 @@ void PropertyValueEditor::ShowText(const QString& text) {
     const std::string typed = FromQString(text);
     const QString problem = ToQString(PropertyValues::ProblemWith(mType, typed));
     mWarning->setVisible(!problem.isEmpty());
-    mWarning->setIcon(problem.isEmpty() ? QIcon() : Icons::ByName("dialog-warning"));
+    mWarning->setIcon(problem.isEmpty() ? QIcon() : Icons::ByName("data-warning"));
     mWarning->setToolTip(problem);
     mField->setToolTip(problem);
     mField->setAccessibleDescription(problem);
@@ -83,7 +101,7 @@ void PropertyValueEditor::PressButton() {
 }
 
 void PropertyValueEditor::ShowCalendar() {
-    auto* popup = new QFrame(this, Qt::Popup);
+    auto* popup = new Popup(this, Qt::Popup);
     popup->setAttribute(Qt::WA_DeleteOnClose);
     popup->setFrameShape(QFrame::StyledPanel);
     auto* column = new QHBoxLayout(popup);
