@@ -23,6 +23,9 @@ public:
     std::string Hide(const Collection<Ref<ParserElement>>& pieces);
     /// The comment that stands for a source text.
     std::string Keep(std::string source);
+    /// How many bytes from a position on are a text with elements hidden in it; 0 where they are
+    /// something else.
+    std::size_t LengthOf(std::string_view html, std::size_t at, std::string_view text) const;
     /// Does not expect the comments of a part that is taken away.
     void Forget(std::string_view html);
     /// Puts the source texts back, also where a comment was taken for text, as in a title. A blank
