@@ -13,6 +13,9 @@ using Kind = LinkTarget::Kind;
 
 constexpr std::string_view kHelp1 = "ms-its:";
 constexpr std::string_view kHelp2 = "ms-help://";
+/// Those that are addresses whatever stands behind them.
+constexpr std::array<std::string_view, 9> kSchemes = {
+    "file", "ftp", "http", "https", "javascript", "mailto", "ms-help", "ms-its", "vbscript"};
 constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyz";
 
 bool IsControl(char byte) {
@@ -53,7 +56,9 @@ std::string SchemeOf(std::string_view address) {
     const std::size_t colon = address.find_first_of(":/?#");
     if (colon == std::string_view::npos || address[colon] != ':' || colon == 0) return {};
     std::string scheme = LowerCase(address.substr(0, colon));
-    if (address.substr(colon).starts_with("::") && scheme != "ms-its") return {};
+    if (address.substr(colon).starts_with("::") &&
+        std::find(kSchemes.begin(), kSchemes.end(), scheme) == kSchemes.end())
+        return {};
     if (kLetters.find(scheme[0]) == std::string_view::npos ||
         scheme.find_first_not_of("abcdefghijklmnopqrstuvwxyz0123456789+-.") != std::string::npos)
         return {};

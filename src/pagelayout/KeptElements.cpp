@@ -46,6 +46,13 @@ std::string KeptElements::Keep(std::string source) {
     return mPrefix + std::to_string(mSources.size()) + std::string(kClose);
 }
 
+std::string KeptElements::KeepExpected(std::string source) {
+    std::string comment = Keep(std::move(source));
+    mIsExpected.resize(mSources.size() + 1);
+    mIsExpected.back() = true;
+    return comment;
+}
+
 std::size_t KeptElements::LengthOf(std::string_view html, std::size_t at,
                                    std::string_view text) const {
     std::size_t from = at;

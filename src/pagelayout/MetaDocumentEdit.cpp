@@ -140,7 +140,7 @@ std::string MetaDocumentEdit::KeepUntouchedSpans(const std::string& html,
         const std::size_t length = kept.LengthOf(html, at, span);
         if (length == 0) continue;
         kept.Forget(std::string_view(html).substr(at, length));
-        text.append(html, from, at - from).append(kept.Keep(element.GetSourceText()));
+        text.append(html, from, at - from).append(kept.KeepExpected(element.GetSourceText()));
         from = at + length;
     }
     return text.append(html, from);

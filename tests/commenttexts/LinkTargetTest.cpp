@@ -72,8 +72,8 @@ TEST(LinkTargetTest, ATopicOfACollectionHasThreePieces) {
 }
 
 TEST(LinkTargetTest, ScriptsControlsAndNothingAreMalformed) {
-    for (const char* address :
-         {"javascript:alert(1)", "JavaScript:x", " \x01javascript:x", "vbscript:x"})
+    for (const char* address : {"javascript:alert(1)", "JavaScript:x", "javascript::x",
+                                " \x01javascript:x", "vbscript:x"})
         EXPECT_NE(ProblemOf(address).find("is a script"), std::string::npos) << address;
     for (const std::string& address : {std::string("java\nscript:x"), std::string("a\tb.html"),
                                        std::string("a\0b", 3), std::string("http://a\x7F/")})

@@ -137,6 +137,11 @@ TEST_F(SpanToMetaTest, AnElementWhoseTextIsRowsWithElementsComesBackOnce) {
     EXPECT_EQ(Messages(), "");
 }
 
+TEST_F(SpanToMetaTest, ASpanInsideATagIsReportedInsteadOfLost) {
+    EXPECT_EQ(ToMeta(ToSpan(Page("<p>a</p><a " + Meta("x") + "\n>b</a>"))), "");
+    EXPECT_NE(Messages().find("would be lost where it stands"), std::string::npos);
+}
+
 TEST_F(SpanToMetaTest, TheBodyEndsAtItsEndTagAndNotInAScript) {
     const std::string html = Page("<script>'</body></html>'</script><p title=\"" + Meta("a") +
                                   "\">" + Meta("b") + "</p>");
