@@ -73,6 +73,7 @@ void AddStoreRows(std::vector<Row>& rows);
 void AddEditorRows(std::vector<Row>& rows);
 void AddPageRows(std::vector<Row>& rows);
 void AddTextRows(std::vector<Row>& rows);
+void AddSearchRows(std::vector<Row>& rows);
 void AddLayoutRows(std::vector<Row>& rows);
 void AddStartRows(std::vector<Row>& rows);
 

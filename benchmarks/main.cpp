@@ -48,8 +48,9 @@ int Run(int argc, char** argv) {
         return options.exit(problem) == 0 ? 0 : 2;
     }
     std::vector<Row> rows;
-    for (const auto add : {AddTreeRows, AddTreeViewRows, AddScanRows, AddStoreRows, AddEditorRows,
-                           AddTextRows, AddLayoutRows, AddProcedureRows, AddPageRows, AddStartRows})
+    for (const auto add :
+         {AddTreeRows, AddTreeViewRows, AddScanRows, AddStoreRows, AddEditorRows, AddTextRows,
+          AddSearchRows, AddLayoutRows, AddProcedureRows, AddPageRows, AddStartRows})
         add(rows);
     if (onlyNames) {
         for (const Row& row : rows)

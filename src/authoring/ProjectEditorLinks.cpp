@@ -1,9 +1,8 @@
+#include "authoring/PageName.h"
 #include "authoring/ProjectEditor.h"
 
 #include "foundation/Services.h"
 #include "foundation/Text.h"
-
-#include <algorithm>
 
 namespace paperkite {
 
@@ -16,19 +15,6 @@ constexpr int kShowMaximised = 3;
 
 void Tell(const std::string& text) {
     Required(CurrentServices().MessageBox).Show(text, kTitle, MessageIcon::Information);
-}
-
-/// Takes the layout suffix, from the last "_" of the last step on, off a page name. A suffix that
-/// belongs to the name stays on it.
-std::string CutLayoutSuffix(std::string& page) {
-    const std::size_t step = page.rfind('~');
-    const std::size_t underscore = page.rfind('_');
-    if (underscore == std::string::npos) return {};
-    if (step != std::string::npos && underscore < step) return {};
-    const std::string suffix = page.substr(underscore);
-    if (EqualIgnoringCase(suffix, "_namespace")) return {};
-    page.erase(underscore);
-    return suffix;
 }
 
 } // namespace
@@ -51,10 +37,10 @@ void ProjectEditor::cEditor_HyperlinkClick(const std::string& hRef) {
         else if (sTmp.starts_with('#'))
             Tell("This hyperlink navigates to a bookmark in this topic (" + sTmp + ")");
         if (sTmp.empty() || sTmp.starts_with('#')) return;
-        sTmp.resize(sTmp.size() - std::min(sTmp.size(), kPageEnding.size()));
+        sTmp = PageName::OfAddress(link);
         std::string PageLayoutSuffix;
         if (!Project.SelectItem(sTmp)) {
-            PageLayoutSuffix = CutLayoutSuffix(sTmp);
+            PageLayoutSuffix = PageName::CutLayoutSuffix(sTmp);
             if (!Project.SelectItem(sTmp))
                 Tell("Could not navigate this link as it appears to point to an item outside of "
                      "this project (" +

@@ -5,6 +5,7 @@
 #include "host/ConvertCommand.h"
 #include "host/FindCommand.h"
 #include "host/HomelessCommand.h"
+#include "host/LinksCommand.h"
 #include "host/MergeCommand.h"
 #include "host/PreviewCommand.h"
 #include "host/SpellCommand.h"
@@ -203,6 +204,12 @@ void AddSpell(CLI::App& app, Arguments& arguments) {
     command->add_flag("--json", arguments.Json, "Print JSON");
 }
 
+void AddLinks(CLI::App& app, Arguments& arguments) {
+    CLI::App* command = AddCommand(app, arguments, "links",
+                                   "List the links of all comments, and which lead nowhere");
+    command->add_flag("--json", arguments.Json, "Print JSON");
+}
+
 int RunChosen(const CLI::App& app, Arguments& arguments, const WindowCommands& windows,
               Output& output) {
     const auto chosen = app.get_subcommands();
@@ -213,6 +220,7 @@ int RunChosen(const CLI::App& app, Arguments& arguments, const WindowCommands& w
     if (name == "homeless") return arguments.Homeless.Run(arguments.Project, output);
     if (name == "merge") return arguments.Merge.Run(output);
     if (name == "find") return arguments.Find.Run(arguments.Project, output);
+    if (name == "links") return RunLinks(arguments.Project, output);
     if (name == "convert") return arguments.Convert.Run(output);
     if (name == "open") return windows.Open(arguments.Project);
     if (name == "screenshot") {
@@ -256,6 +264,7 @@ int RunCommandLine(int argc, const char* const* argv, const WindowCommands& wind
     AddPreview(app, arguments);
     AddFind(app, arguments);
     AddSpell(app, arguments);
+    AddLinks(app, arguments);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

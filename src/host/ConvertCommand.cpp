@@ -6,6 +6,7 @@
 #include "host/CommandLine.h"
 #include "model/PageTemplateDocument.h"
 #include "model/SafeFile.h"
+#include "pagelayout/LayoutPrologue.h"
 #include "pagelayout/MetaDocumentEdit.h"
 
 #include <filesystem>
@@ -27,18 +28,6 @@ Ref<PageTemplate> TemplateOf(const std::string& layout) {
     space->Moniker = "kite.source";
     standard->Namespaces.push_back(space);
     return standard;
-}
-
-/// The document type line of a layout, which its conversion leaves out.
-std::string DocumentTypeOf(const std::string& html) {
-    HtmlTokens tokens(html);
-    for (HtmlToken token; tokens.Next(token);) {
-        const std::string text = html.substr(token.From, token.To - token.From);
-        const bool isComment = token.What == HtmlToken::Kind::Comment;
-        if (isComment && EqualIgnoringCase(text.substr(0, 9), "<!doctype")) return text + "\n";
-        if (!isComment && !TrimWhiteSpace(text).empty()) return {};
-    }
-    return {};
 }
 
 /// The first id of a span that means an element which the layout does not have; empty for none.
@@ -76,12 +65,14 @@ int ConvertCommand::Run(Output& output) const {
     const auto owner = TemplateOf(layoutFile);
     MetaDocumentEdit edit;
     edit.SetTemplate(owner);
-    const std::string spans = edit.ConvertMetaDocumentToSpanDocument(layout);
+    const LayoutPrologue prologue(html);
+    const std::string spans = edit.ConvertMetaDocumentToSpanDocument(
+        Layout.empty() ? prologue.GetRest() : LayoutPrologue(layout).GetRest());
     if (!isBack) {
-        output.Out << spans;
+        output.Out << prologue.GetPrologue() << spans;
         return kExitDone;
     }
-    const std::string& source = Layout.empty() ? spans : html;
+    const std::string& source = Layout.empty() ? spans : prologue.GetRest();
     const std::string unknown = UnknownSpan(source, edit.GetSpanProvider()->Elements.Count());
     if (!unknown.empty())
         return output.Fail(File + ": the span \"" + unknown + "\" means an element that " +
@@ -92,7 +83,7 @@ int ConvertCommand::Run(Output& output) const {
     const std::string meta = edit.ConvertSpanDocumentToMetaDocument(source);
     if (meta.empty())
         return output.Fail(File + " was not converted; what went wrong stands above.");
-    output.Out << DocumentTypeOf(layout) << meta;
+    output.Out << prologue.Before(meta);
     return kExitDone;
 }
 

@@ -186,6 +186,7 @@ ProjectSession::ScanAnswer ProjectSession::Code(SourceReading reading) const {
 void ProjectSession::Adopt(ScannedCode code) {
     if (mCode.Definitions) mCode.Definitions->Release();
     mCode = std::move(code);
+    mNames.reset();
     mIsUpToDate = !mCode.IsPart;
     mProject->RegisterProvider(kSourceMoniker, mCode.Provider);
 }
@@ -237,21 +238,14 @@ std::vector<std::string> ProjectSession::Matches(const std::string& name) const 
 
 std::vector<std::string> ProjectSession::FindByName(const std::string& text,
                                                     std::size_t most) const {
-    std::vector<std::string> groups[3];
-    for (std::size_t root = 0; root < mCode.Provider->GetRootCount(); ++root) {
-        const SourceIndex& index = mCode.Provider->GetIndex(root);
-        for (SourceIndex::Id entity = 0; entity < index.Size(); ++entity) {
-            const std::string_view name = index.Name(entity);
-            const std::size_t at = FindIgnoringCase(name, text);
-            if (at == std::string_view::npos) continue;
-            const int rank = at > 0 ? 2 : name.size() > text.size() ? 1 : 0;
-            if (groups[rank].size() < most) groups[rank].push_back(index.QualifiedName(entity));
-        }
+    if (!mNames) {
+        mNames.emplace();
+        for (std::size_t root = 0; root < mCode.Provider->GetRootCount(); ++root)
+            mNames->Add(mCode.Provider->GetIndex(root));
     }
     std::vector<std::string> found;
-    for (const auto& group : groups)
-        for (const std::string& name : group)
-            if (found.size() < most) found.push_back(name);
+    for (const NameSearch::Place& place : mNames->Find(text, most))
+        found.push_back(mCode.Provider->GetIndex(place.Root).QualifiedName(place.Entity));
     return found;
 }
 

@@ -23,8 +23,8 @@ struct Mistake {
 /// Reads a start tag's text; with a mistake `list` holds what stands before it.
 std::optional<Mistake> Read(std::string_view text, List& list);
 
-/// The text of a start tag, each value in double quotes. It never holds "--", which would end the
-/// HTML comment that a tag is.
+/// The text of a start tag, each value in double quotes. No value holds "--", and nothing in it
+/// ends the HTML comment that a tag is.
 std::string Write(const List& list);
 
 } // namespace paperkite::TemplateAttributes

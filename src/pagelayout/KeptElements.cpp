@@ -46,6 +46,32 @@ std::string KeptElements::Keep(std::string source) {
     return mPrefix + std::to_string(mSources.size()) + std::string(kClose);
 }
 
+std::string KeptElements::KeepExpected(std::string source) {
+    std::string comment = Keep(std::move(source));
+    mIsExpected.resize(mSources.size() + 1);
+    mIsExpected.back() = true;
+    return comment;
+}
+
+std::size_t KeptElements::LengthOf(std::string_view html, std::size_t at,
+                                   std::string_view text) const {
+    std::size_t from = at;
+    while (!text.empty() && from < html.size()) {
+        std::size_t end = from;
+        const std::size_t number = NumberAt(html, from, end);
+        // Behind what only begins like a comment of ours.
+        const std::size_t next = number > 0 ? from : html.find(mPrefix, from + 1);
+        const std::string_view piece =
+            number > 0
+                ? std::string_view(mSources[number - 1])
+                : html.substr(from, std::min(next, html.size()) - from).substr(0, text.size());
+        if (!text.starts_with(piece)) return 0;
+        text.remove_prefix(piece.size());
+        from = number > 0 ? end : from + piece.size();
+    }
+    return text.empty() ? from - at : 0;
+}
+
 void KeptElements::Forget(std::string_view html) {
     if (mIsExpected.size() <= 1) return;
     for (std::size_t at = html.find(mPrefix); at != std::string_view::npos;

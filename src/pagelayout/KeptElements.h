@@ -23,11 +23,16 @@ public:
     std::string Hide(const Collection<Ref<ParserElement>>& pieces);
     /// The comment that stands for a source text.
     std::string Keep(std::string source);
+    /// As Keep; the comment has to be there when the texts are put back, like those of Hide.
+    std::string KeepExpected(std::string source);
+    /// How many bytes from a position on are a text with elements hidden in it; 0 where they are
+    /// something else.
+    std::size_t LengthOf(std::string_view html, std::size_t at, std::string_view text) const;
     /// Does not expect the comments of a part that is taken away.
     void Forget(std::string_view html);
     /// Puts the source texts back, also where a comment was taken for text, as in a title. A blank
     /// that the rewriting left in front of one at the begin of a line, behind the indentation,
-    /// goes. Error 5 for a hidden element that is lost and was not forgotten.
+    /// goes. Error 5 for an expected one that is lost and was not forgotten.
     std::string Restore(const std::string& html) const;
 
 private:
@@ -39,7 +44,7 @@ private:
     /// Begins the comments; nothing in the text does.
     std::string mPrefix = "<!--kitekept";
     std::vector<std::string> mSources;
-    /// By number, for those that Hide gave out.
+    /// By number; those behind its end are not.
     std::vector<bool> mIsExpected;
 };
 

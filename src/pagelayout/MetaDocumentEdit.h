@@ -167,8 +167,6 @@ private:
 
     // Conversion
     Ref<ParserTemplate> CreateParserTemplate(const std::string& HTML);
-    /// The elements and the text between them; mistakes are not shown.
-    static Ref<ParserTemplate> ParsedLayout(const std::string& HTML);
     void FindExcludedElements();
     std::string KeepUntouchedSpans(const std::string& html, KeptElements& kept) const;
     void ReplaceSpans(HTMLDocument& document, KeptElements& kept);

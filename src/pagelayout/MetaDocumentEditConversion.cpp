@@ -4,6 +4,7 @@
 #include "foundation/Text.h"
 #include "pagelayout/KeptElements.h"
 #include "pagelayout/LayoutText.h"
+#include "pagelayout/ParsedLayout.h"
 
 #include <algorithm>
 #include <charconv>
@@ -25,6 +26,15 @@ std::size_t PositionOf(const std::string& text) {
     return number < 1 ? 0 : static_cast<std::size_t>(number);
 }
 
+/// The last place of a text from a position on, or npos. Scripts and examples hold it too.
+std::size_t LastIgnoringCase(const std::string& text, std::string_view wanted, std::size_t from) {
+    std::size_t last = std::string::npos;
+    for (std::size_t at = FindIgnoringCase(text, wanted, from); at != std::string::npos;
+         at = FindIgnoringCase(text, wanted, at + 1))
+        last = at;
+    return last;
+}
+
 /// The whole text as a number; error 13 where it is none.
 std::int32_t StrictInteger(const std::string& text) {
     const std::string number = TrimBlanks(text);
@@ -36,19 +46,6 @@ std::int32_t StrictInteger(const std::string& text) {
 }
 
 } // namespace
-
-Ref<ParserTemplate> MetaDocumentEdit::ParsedLayout(const std::string& HTML) {
-    const auto& create = CurrentServices().CreateParserTemplate;
-    if (!create) RaiseError(ErrorNumber::CannotCreateComponent);
-    const Ref<ParserTemplate> t = create();
-    t->SetMetaDocumentMode(true);
-    t->SetStartTagPrefix("<!--KITEMETADATA start");
-    t->SetStartTagSuffix("-->");
-    t->SetEndTagPrefix("<!--KITEMETADATA end");
-    t->SetEndTagSuffix("-->");
-    t->LoadText(HTML);
-    return t;
-}
 
 Ref<ParserTemplate> MetaDocumentEdit::CreateParserTemplate(const std::string& HTML) {
     return Procedure<Ref<ParserTemplate>>(
@@ -132,7 +129,7 @@ std::string MetaDocumentEdit::KeepUntouchedSpans(const std::string& html,
     // Outside of the body a comment belongs to nothing that is written.
     const std::size_t body = FindIgnoringCase(html, "<body");
     const std::size_t end =
-        std::min(FindIgnoringCase(html, "</body", body), FindIgnoringCase(html, "</html", body));
+        std::min(LastIgnoringCase(html, "</body", body), LastIgnoringCase(html, "</html", body));
     std::string text;
     std::size_t from = 0;
     for (std::size_t at = html.find(kOpening, body); at < end; at = html.find(kOpening, at + 1)) {
@@ -141,9 +138,12 @@ std::string MetaDocumentEdit::KeepUntouchedSpans(const std::string& html,
         if (number < 1 || number > mSpanProvider->Elements.Count()) continue;
         const ParserElement& element = *mSpanProvider->Elements.Item(number);
         const std::string span = ElementToSpan(element, number);
-        if (html.compare(at, span.size(), span) != 0) continue;
-        text.append(html, from, at - from).append(kept.Keep(element.GetSourceText()));
-        from = at + span.size();
+        // What its text holds of elements is hidden by now.
+        const std::size_t length = kept.LengthOf(html, at, span);
+        if (length == 0) continue;
+        kept.Forget(std::string_view(html).substr(at, length));
+        text.append(html, from, at - from).append(kept.KeepExpected(element.GetSourceText()));
+        from = at + length;
     }
     return text.append(html, from);
 }

@@ -58,6 +58,14 @@ TEST(TidyFormatterTest, WhatItWouldLoseComesBackAsItWas) {
     EXPECT_EQ(Tidied(bytes), bytes);
 }
 
+TEST(TidyFormatterTest, TheLineBreakAtTheEndOfATextAreaStays) {
+    const std::string once = Tidied("<form><textarea>a\n</textarea></form>");
+    EXPECT_EQ(once, "<form>\n  <textarea>a\n</textarea>\n</form>\n");
+    EXPECT_EQ(Tidied(once), once);
+    const std::string guard = "<textarea>\xEE\x80\x80\n</textarea>";
+    EXPECT_NE(Tidied(guard).find("<textarea>\xEE\x80\x80"), std::string::npos);
+}
+
 TEST(TidyFormatterTest, DeepDocumentsComeBackAsTheyWere) {
     std::string deep;
     for (int level = 0; level < 5000; ++level)

@@ -111,6 +111,35 @@ TEST_P(ShownWindowsTest, TheReplaceDialog) {
     Keep(*dialog, "replace");
 }
 
+TEST_P(ShownWindowsTest, TheLinksDialog) {
+    const auto& store = mWindow->GetWorkspace()->GetSession().GetProject()->GetComments();
+    for (const auto& [item, html] :
+         {std::pair("zoo~animals~Cat", "<a href=\"zoo~animals~Mouse.html\">the mouse</a>, <a "
+                                       "href=\"pictures/cat.png\">a picture of a cat</a>"),
+          std::pair("zoo~animals~Dog", "<a href=\"ms-its:zoo.chm\">the old help</a>, <a "
+                                       "href=\"zoo~animals~Cat.html\">the cat</a>")}) {
+        auto comment = MakeRef<TaggedComment>(std::string("links of ") + item);
+        comment->SetTagIdentifier("##remarks");
+        comment->SetText(html);
+        store->Load(item, comment, {});
+    }
+    mWindow->GetAction("CheckLinks")->trigger();
+    auto* dialog = mWindow->findChild<QDialog*>("LinksDialog");
+    ASSERT_TRUE(dialog);
+    auto* links = dialog->findChild<QAbstractItemView*>("Links");
+    ASSERT_TRUE(links && links->isVisible());
+    EXPECT_EQ(links->model()->rowCount(), 3);
+    EXPECT_EQ(dialog->findChild<QLabel*>("Result")->text(), "4 links, 3 of them lead nowhere.");
+    Keep(*dialog, "links");
+    dialog->close();
+    for (int step = 0; step < 5; ++step)
+        mWindow->GetAction("LargerText")->trigger();
+    mWindow->GetAction("CheckLinks")->trigger();
+    Keep(*dialog, "links-text-150");
+    for (int step = 0; step < 5; ++step)
+        mWindow->GetAction("SmallerText")->trigger();
+}
+
 TEST_P(ShownWindowsTest, TheSpellingDialogs) {
     const SpellQuestion question{
         "huose", "Guards the huose and barks.", 11, {"house", "hose", "horse"}};

@@ -102,6 +102,19 @@ TEST(KeptElementsTest, AnElementInAPartThatIsTakenAwayIsNotMissed) {
     EXPECT_EQ(kept.Restore(span + "<!--kitekept2-->"), "S" + Element("b"));
 }
 
+TEST(KeptElementsTest, ATextIsKnownWithItsElementsHidden) {
+    KeptElements kept;
+    const std::string text = "a" + Element("b") + "<!--kitekept c" + Element("d");
+    const std::string hidden = Hidden(kept, text);
+    ASSERT_NE(hidden, text);
+    EXPECT_EQ(kept.LengthOf("xx" + hidden + "yy", 2, text), hidden.size());
+    EXPECT_EQ(kept.LengthOf(hidden, 0, text + "y"), 0u);
+    EXPECT_EQ(kept.LengthOf(hidden, 0, "a" + Element("c")), 0u);
+    EXPECT_EQ(kept.LengthOf(hidden, 0, "a"), 1u);
+    EXPECT_EQ(kept.LengthOf("abc", 0, "abc"), 3u);
+    EXPECT_EQ(kept.LengthOf("ab", 0, "abc"), 0u);
+}
+
 TEST(KeptElementsTest, ABlankBehindTheIndentationGoesButNotInPreformattedText) {
     KeptElements kept;
     const std::string comment = kept.Keep("E");

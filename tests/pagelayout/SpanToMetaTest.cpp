@@ -126,6 +126,28 @@ TEST_F(SpanToMetaTest, AnElementInTheTextOfAnElementComesBackWithIt) {
     EXPECT_EQ(Messages(), "");
 }
 
+TEST_F(SpanToMetaTest, AnElementWhoseTextIsRowsWithElementsComesBackOnce) {
+    const std::string html = Page("<table><tbody>\n" +
+                                  Meta("rows", "\n<tr><td>" + Meta("name", "N") + "</td><td>" +
+                                                   Meta("kind") + "</td></tr>\n") +
+                                  "\n</tbody></table>");
+    const std::string spans = ToSpan(html);
+    EXPECT_EQ(Numbers(spans), "1 ");
+    EXPECT_EQ(ToMeta(spans), html);
+    EXPECT_EQ(Messages(), "");
+}
+
+TEST_F(SpanToMetaTest, ASpanInsideATagIsReportedInsteadOfLost) {
+    EXPECT_EQ(ToMeta(ToSpan(Page("<p>a</p><a " + Meta("x") + "\n>b</a>"))), "");
+    EXPECT_NE(Messages().find("would be lost where it stands"), std::string::npos);
+}
+
+TEST_F(SpanToMetaTest, TheBodyEndsAtItsEndTagAndNotInAScript) {
+    const std::string html = Page("<script>'</body></html>'</script><p title=\"" + Meta("a") +
+                                  "\">" + Meta("b") + "</p>");
+    EXPECT_EQ(ToMeta(ToSpan(html)), html);
+}
+
 TEST_F(SpanToMetaTest, TheProviderMakesNoSpansBehindTheConversion) {
     const std::string spans = ToSpan(Page("1" + Meta("a")));
     EXPECT_TRUE(mEdit.GetSpanProvider()->OutputSpans);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/CommentSearch.h"
+#include "host/LinkCheck.h"
 #include "host/TextChanges.h"
 #include "host/Workspace.h"
 #include "host/window/ItemFinder.h"
@@ -28,6 +29,7 @@ class CommentHistory;
 class CoverageStatus;
 class FindDialog;
 class HomelessStatus;
+class LinksDialog;
 class ProjectLock;
 class SafeKeeping;
 
@@ -170,6 +172,8 @@ private:
     void FindNextInComments();
     FindDialog& Finding();
     void ShowHit(const std::string& item, const SearchOptions& options);
+    void CheckLinks();
+    void ShowLink(const LinkCheck::Link& link);
     void CheckSpelling();
     void CheckSpellingOfProject();
     /// False, and the author is told why, when words cannot be checked.
@@ -213,6 +217,7 @@ private:
     QMenu* mTemplateMenu = nullptr;
     QLabel* mRecentLinks = nullptr;
     FindDialog* mFindDialog = nullptr;
+    LinksDialog* mLinksDialog = nullptr;
     QLabel* mPath;
     QLabel* mModified;
     CoverageStatus* mCoverage;

@@ -94,6 +94,8 @@ void MainWindow::MakeEditMenu() {
               QKeySequence("Shift+F7"), &MainWindow::CheckSpellingOfProject);
     AddAction(menu, "SpellingOptions", tr("Spelling &Options …"), "", {},
               &MainWindow::ShowSpellingOptions);
+    AddAction(menu, "CheckLinks", tr("Check &Links …"), "", QKeySequence("Ctrl+Shift+K"),
+              &MainWindow::CheckLinks);
     menu.addSeparator();
     AddAction(menu, "ResolveConflicts", tr("&Choose Between Versions …"), "", {},
               &MainWindow::ResolveConflicts);
@@ -203,8 +205,8 @@ void MainWindow::UpdateActions() {
     ShowHistory();
     for (const char* name :
          {"TypesToolbar", "FindInComments", "FindNextInComments", "CheckSpellingOfProject",
-          "SpellingOptions", "FindItem", "ResolveConflicts", "Save", "SaveAs", "Rescan",
-          "Properties", "Close", "NextSibling", "PreviousSibling", "NextUndocumented",
+          "SpellingOptions", "CheckLinks", "FindItem", "ResolveConflicts", "Save", "SaveAs",
+          "Rescan", "Properties", "Close", "NextSibling", "PreviousSibling", "NextUndocumented",
           "PreviousUndocumented"})
         GetAction(name)->setEnabled(open);
     GetAction("Homeless")->setEnabled(mHomelessCount > 0);

@@ -4,6 +4,7 @@
 #include "host/window/BackgroundReading.h"
 #include "host/window/CoverageStatus.h"
 #include "host/window/FindDialog.h"
+#include "host/window/LinksDialog.h"
 #include "host/window/NewProjectDialog.h"
 #include "host/window/SafeKeeping.h"
 #include "host/window/ScanDialog.h"
@@ -168,6 +169,7 @@ void MainWindow::HideProject() {
     mNoItem = nullptr;
     mFinder = nullptr;
     delete std::exchange(mFindDialog, nullptr);
+    delete std::exchange(mLinksDialog, nullptr);
     mHistory.reset();
     mWorkspace.reset();
     mPath->clear();

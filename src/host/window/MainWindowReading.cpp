@@ -2,6 +2,7 @@
 
 #include "host/window/BackgroundReading.h"
 #include "host/window/CoverageStatus.h"
+#include "host/window/LinksDialog.h"
 #include "host/window/ScanDialog.h"
 
 #include <QApplication>
@@ -102,6 +103,7 @@ void MainWindow::TakeCode(ProjectSession::ScannedCode code) {
     }
     if (focus && focus->isVisible()) focus->setFocus();
     CountHomeless();
+    if (mLinksDialog && mLinksDialog->isVisible()) mLinksDialog->Check();
 }
 
 } // namespace paperkite

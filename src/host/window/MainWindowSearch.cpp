@@ -69,6 +69,7 @@ void MainWindow::ShowHit(const std::string& item, const SearchOptions& options) 
     const auto current = editor.GetCurrentCodeElement();
     if (!current || current->Get("QualifiedName").ToText() != shown)
         if (!GoTo(shown)) return;
+    if (options.SearchFor.empty()) return;
     ShowNormalViews();
     editor.DoFind(options.SearchFor, options.WholeWord, options.CaseSensitive,
                   options.SearchInHTML);

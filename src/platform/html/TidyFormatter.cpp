@@ -157,6 +157,23 @@ void RemoveOwnTitle(std::string& text) {
     text.erase(from, to - from);
 }
 
+/// Tidy sometimes takes the line break at the end of a text area away, which is a part of its text.
+/// It does not while a character stands behind it that no page holds.
+constexpr std::string_view kGuard = "\xEE\x80\x80";
+
+std::string WithGuards(const std::string& html) {
+    constexpr std::string_view kEnd = "</textarea";
+    if (html.find(kGuard) != std::string::npos) return html;
+    std::string guarded;
+    std::size_t from = 0;
+    for (std::size_t at = FindIgnoringCase(html, kEnd); at != std::string::npos;
+         at = FindIgnoringCase(html, kEnd, at + 1)) {
+        guarded.append(html, from, at - from).append(kGuard);
+        from = at;
+    }
+    return guarded.append(html, from);
+}
+
 class TidyFormatter : public HTMLTidy {
 public:
     std::string TidyHTML(const std::string& html, bool bodyOnly) override {
@@ -169,8 +186,10 @@ public:
         TidyRun run;
         run.Set("show-body-only", bodyOnly ? "yes" : "no");
         if (!newTags->empty()) run.Set("new-inline-tags", newTags->c_str());
-        auto tidied = run.Run(html);
+        const std::string guarded = WithGuards(html);
+        auto tidied = run.Run(guarded);
         if (!tidied) return html;
+        if (guarded.size() > html.size()) *tidied = ReplaceAll(*tidied, kGuard, "");
         if (before.CountOf("title") == 0) RemoveOwnTitle(*tidied);
         if (!before.IsKeptBy(HtmlContent(*tidied))) return html;
         return bodyOnly ? *tidied : DocumentTypeOf(html) + *tidied;

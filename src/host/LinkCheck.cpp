@@ -1,0 +1,191 @@
+#include "host/LinkCheck.h"
+
+#include "authoring/PageName.h"
+#include "commenttexts/CommentLinks.h"
+#include "commenttexts/CommentProse.h"
+#include "foundation/Text.h"
+#include "host/TagName.h"
+
+#include <algorithm>
+#include <filesystem>
+
+namespace paperkite {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view kPageEnding = ".html";
+constexpr std::size_t kProgressStep = 1024;
+/// Longer ones are cut in sentences.
+constexpr std::size_t kLongestShown = 120;
+
+/// Only what no page name can hold is decoded: qualified names hold "%" and digits themselves.
+std::string AsPageName(std::string_view address) {
+    std::string name;
+    for (std::size_t at = 0; at < address.size();) {
+        const std::size_t length = address[at] == '%' && at + 2 < address.size() ? 3 : 1;
+        const std::string piece(address.substr(at, length));
+        const std::string decoded = PercentDecoded(piece);
+        const bool isMeant = decoded.size() == 1 &&
+                             (static_cast<unsigned char>(decoded[0]) <= 0x20 ||
+                              std::string_view("#?\"<>").find(decoded[0]) != std::string::npos);
+        name += isMeant ? decoded : piece.substr(0, 1);
+        at += isMeant ? length : 1;
+    }
+    return name;
+}
+
+std::string Shown(const std::string& text) {
+    if (text.size() <= kLongestShown) return text;
+    std::size_t end = kLongestShown;
+    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80)
+        --end;
+    return text.substr(0, end) + "…";
+}
+
+std::string LastPart(const std::string& path) {
+    return path.substr(path.find_last_of("/\\") + 1);
+}
+
+bool IsFile(const std::string& path, const std::string& folder) {
+    // Systems refuse such names, some of them by an exception.
+    if (path.find('\0') != std::string::npos) return false;
+    std::error_code problem;
+    return fs::exists(fs::path(folder) / path, problem) && !problem;
+}
+
+std::string NoItem(const std::string& name) {
+    return "There is no item \"" + Shown(name) +
+           "\" in this project. It may have been renamed or removed: link to another item, or take "
+           "the link away.";
+}
+
+} // namespace
+
+std::vector<LinkCheck::Link> LinkCheck::Check(const CommentStore& store,
+                                              const Progress& progress) const {
+    std::vector<Link> links;
+    std::size_t done = 0;
+    bool goesOn = true;
+    const std::size_t total = progress ? store.Count() : 0;
+    store.ForEach([&](const std::string& item, const TaggedComment& comment) {
+        if (progress && goesOn && done++ % kProgressStep == 0) goesOn = progress(done, total);
+        if (goesOn) AddLinks(item, comment, store.GetFolder(), links);
+    });
+    std::stable_sort(links.begin(), links.end(),
+                     [](const Link& left, const Link& right) { return left.Item < right.Item; });
+    return links;
+}
+
+void LinkCheck::AddLinks(const std::string& item, const TaggedComment& comment,
+                         const std::string& folder, std::vector<Link>& links) const {
+    const std::string& text = comment.GetWrittenText();
+    const auto add = [&](std::string target, std::string caption) {
+        links.push_back({item,
+                         comment.GetId(),
+                         comment.GetTagIdentifier(),
+                         TagNameOf(comment),
+                         std::move(target),
+                         std::move(caption),
+                         Goal::Nowhere,
+                         {},
+                         {}});
+    };
+    // Most comments are over with this: HTML without links, which is no name of an item either.
+    const bool mayHoldLinks = CommentLinks::MayHoldLinks(text);
+    if (!mayHoldLinks && text.find('<') != std::string::npos) return;
+    const auto definition = comment.GetTaggedCommentDef();
+    const CommentForm form = CommentProse::FormOfText(definition.get(), text);
+    if (form == CommentForm::CommentsFrom) {
+        add(TrimWhiteSpace(text), {});
+        JudgeItem(links.back());
+        return;
+    }
+    if (!mayHoldLinks || !CommentProse::IsHtml(form)) return;
+    for (CommentLinks::Link& found : CommentLinks::Find(text)) {
+        add(std::move(found.Address), std::move(found.Caption));
+        Judge(links.back(), folder);
+    }
+}
+
+void LinkCheck::Judge(Link& link, const std::string& folder) const {
+    const LinkTarget target = LinkTarget::Of(link.Target);
+    switch (target.What) {
+    case LinkTarget::Kind::File:
+    case LinkTarget::Kind::LocalFile:
+        return JudgeFile(link, target, folder);
+    case LinkTarget::Kind::Bookmark:
+        link.LeadsTo = Goal::Bookmark;
+        return;
+    case LinkTarget::Kind::HelpTopic:
+        link.LeadsTo = Goal::HelpTopic;
+        return;
+    case LinkTarget::Kind::Outside:
+        link.LeadsTo = Goal::Outside;
+        return;
+    case LinkTarget::Kind::Malformed:
+        link.Problem = target.Problem;
+    }
+}
+
+void LinkCheck::JudgeFile(Link& link, const LinkTarget& target, const std::string& folder) const {
+    if (Lead(link, ItemOf(target.File))) return;
+    const std::string path = PercentDecoded(target.File);
+    if (IsFile(target.File, folder) || IsFile(path, folder)) {
+        link.LeadsTo = Goal::File;
+        return;
+    }
+    const std::string name = LastPart(path);
+    const bool isPage = EndsWithIgnoringCase(name, kPageEnding);
+    if (isPage || name.find('~') != std::string::npos || name.find("::") != std::string::npos)
+        link.Problem = NoItem(isPage ? PageName::OfAddress(name) : name);
+    else
+        link.Problem =
+            "There is no file \"" + Shown(path) +
+            (target.What == LinkTarget::Kind::File ? "\" beside the project file. Put it there"
+                                                   : "\". Put it there") +
+            ", or link to another one.";
+}
+
+void LinkCheck::JudgeItem(Link& link) const {
+    if (!Lead(link, mItems.Exists(link.Target) ? link.Target : std::string()))
+        link.Problem = "There is no item \"" + Shown(link.Target) +
+                       "\" in this project to take comments from. Choose another one.";
+}
+
+bool LinkCheck::Lead(Link& link, std::string item) const {
+    if (item.empty()) return false;
+    link.LeadsTo = Goal::Item;
+    link.LeadsToItem = std::move(item);
+    return true;
+}
+
+std::string LinkCheck::ItemOf(const std::string& address) const {
+    for (const std::string& written : {AsPageName(address), PercentDecoded(address)}) {
+        // A link to be converted when the pages are made names its item without an ending.
+        if (std::string name = written.substr(written.rfind('/') + 1); mItems.Exists(name))
+            return name;
+        if (!EndsWithIgnoringCase(written, kPageEnding)) continue;
+        std::string page = PageName::OfAddress(written);
+        if (mItems.Exists(page)) return page;
+        if (!PageName::CutLayoutSuffix(page).empty() && mItems.Exists(page)) return page;
+    }
+    return {};
+}
+
+std::size_t CountNowhere(const std::vector<LinkCheck::Link>& links) {
+    return static_cast<std::size_t>(std::count_if(
+        links.begin(), links.end(), [](const auto& link) { return link.LeadsNowhere(); }));
+}
+
+std::string LinkSummary(const std::vector<LinkCheck::Link>& links) {
+    if (links.empty()) return "The comments hold no links.";
+    const std::size_t nowhere = CountNowhere(links);
+    const std::string all = std::to_string(links.size()) + (links.size() == 1 ? " link" : " links");
+    if (nowhere == 0) return all + ", none leads nowhere.";
+    return all + ", " + std::to_string(nowhere) +
+           (nowhere == 1 ? " of them leads nowhere." : " of them lead nowhere.");
+}
+
+} // namespace paperkite

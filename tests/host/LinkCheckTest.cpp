@@ -1,0 +1,154 @@
+#include "host/LinkCheck.h"
+
+#include "foundation/Text.h"
+#include "host/HostTest.h"
+
+namespace paperkite::test {
+
+namespace {
+
+class LinkCheckTest : public HostTest {
+protected:
+    LinkCheckTest() {
+        mFolder.Write("zoo/keepers_namespace.h", "namespace keepers_namespace { class Feed_er {};\n"
+                                                 "int operator<(int left, int right); }\n");
+        mWorkspace = std::make_unique<Workspace>(Create());
+    }
+
+    CommentStore& Store() { return *mWorkspace->GetSession().GetProject()->GetComments(); }
+    LinkCheck Checking() { return LinkCheck(*mWorkspace->GetSession().GetProvider()); }
+    void Load(const std::string& item, const std::string& tag, const std::string& text) {
+        auto comment = MakeRef<TaggedComment>(item + tag);
+        comment->SetTagIdentifier(tag);
+        comment->SetText(text);
+        Store().Load(item, comment, {});
+    }
+    void LoadLink(const std::string& address) {
+        Load("zoo~animals~Dog", "##", "<a href=\"" + address + "\">x</a>");
+    }
+    LinkCheck::Link Judged(const std::string& address) {
+        Store().Clear();
+        LoadLink(address);
+        const auto links = Checking().Check(Store());
+        EXPECT_EQ(links.size(), 1u);
+        return links.empty() ? LinkCheck::Link() : links[0];
+    }
+
+    std::unique_ptr<Workspace> mWorkspace;
+};
+
+TEST_F(LinkCheckTest, EachLinkComesWithItemTagTargetAndCaptionSortedByItem) {
+    Load("zoo~animals~Dog", "##remarks",
+         "<p>See <a href=\"zoo~animals~Cat.html\">the cat</a>.</p>");
+    Load("zoo~animals~Dog", "##", "<a href=\"https://example.org\">outside</a>");
+    Load("zoo~animals~Cat", "##", "No link.");
+    Load("zoo~animals~Cat", "##remarks", "<a href=\"zoo~animals~Emu.html\">the emu</a>");
+    std::string shown;
+    const auto links = Checking().Check(Store());
+    for (const auto& link : links)
+        shown += link.Item + "|" + link.Tag + "|" + link.Name + "|" + link.Target + "|" +
+                 link.Caption + "|" + link.LeadsToItem + "|" + link.Problem + "\n";
+    EXPECT_EQ(shown,
+              "zoo~animals~Cat|##remarks|Remarks|zoo~animals~Emu.html|the emu||There is no item "
+              "\"zoo~animals~Emu\" in this project. It may have been renamed or removed: link to "
+              "another item, or take the link away.\n"
+              "zoo~animals~Dog|##remarks|Remarks|zoo~animals~Cat.html|the cat|zoo~animals~Cat|\n"
+              "zoo~animals~Dog|##|General Description|https://example.org|outside||\n");
+    EXPECT_EQ(CountNowhere(links), 1u);
+    EXPECT_EQ(LinkSummary(links), "3 links, 1 of them leads nowhere.");
+}
+
+TEST_F(LinkCheckTest, APageIsKnownByItsItemWithAndWithoutALayoutSuffix) {
+    for (const auto& [address, item] :
+         {std::pair("zoo~animals~Dog.html", "zoo~animals~Dog"),
+          std::pair("zoo~animals~Dog_allmembers.html", "zoo~animals~Dog"),
+          std::pair("zoo~animals~Dog.html#Bark", "zoo~animals~Dog"),
+          std::pair("pages/zoo~animals~Dog.html", "zoo~animals~Dog"),
+          std::pair("file:///out/zoo~animals~Dog.html", "zoo~animals~Dog"),
+          std::pair("zoo~animals~Dog~Bark", "zoo~animals~Dog~Bark"),
+          std::pair("zoo~animals~Dog%7EBark.html", "zoo~animals~Dog~Bark"),
+          std::pair("zoo~keepers_namespace.html", "zoo~keepers_namespace"),
+          std::pair("zoo~keepers_namespace~Feed_er.html", "zoo~keepers_namespace~Feed_er"),
+          std::pair("zoo~keepers_namespace~Feed_er_members.html", "zoo~keepers_namespace~Feed_er"),
+          std::pair("zoo~keepers_namespace~operator%3C.html", "zoo~keepers_namespace~operator&lt;"),
+          std::pair("zoo.html", "zoo")}) {
+        const auto link = Judged(address);
+        EXPECT_EQ(link.LeadsToItem, ReplaceAll(item, "&lt;", "<")) << address;
+        EXPECT_EQ(link.Problem, "") << address;
+    }
+}
+
+TEST_F(LinkCheckTest, AnItemThatIsGoneIsNamed) {
+    for (const auto& [address, name] :
+         {std::pair("zoo~animals~Emu.html", "zoo~animals~Emu"),
+          std::pair("zoo~animals~Emu", "zoo~animals~Emu"),
+          std::pair("zoo~Animals~Dog.html", "zoo~Animals~Dog"),
+          std::pair("zoo~dogs_namespace.html", "zoo~dogs_namespace"),
+          std::pair("std::map", "std::map"), std::pair(".html", "")}) {
+        const auto link = Judged(address);
+        EXPECT_TRUE(link.LeadsNowhere()) << address;
+        EXPECT_EQ(link.Problem.find("There is no item \"" + std::string(name) + "\""), 0u)
+            << link.Problem;
+    }
+}
+
+TEST_F(LinkCheckTest, FilesAreLookedForBesideTheProject) {
+    mFolder.Write("pictures/a dog.png", "png");
+    for (const std::string& address :
+         {std::string("pictures/a%20dog.png"), std::string("pictures/a dog.png#x"),
+          std::string("./pictures"), "file://" + (mFolder / "pictures/a%20dog.png")})
+        EXPECT_EQ(Judged(address).LeadsTo, LinkCheck::Goal::File) << address;
+    EXPECT_EQ(
+        Judged("pictures/cat.png").Problem,
+        "There is no file \"pictures/cat.png\" beside the project file. Put it there, or link "
+        "to another one.");
+    EXPECT_TRUE(Judged("pictures/cat%00.png").LeadsNowhere());
+    EXPECT_TRUE(Judged("file:///none/cat.png").LeadsNowhere());
+}
+
+TEST_F(LinkCheckTest, WhatIsMalformedSaysHowToMendIt) {
+    EXPECT_EQ(Judged("#").LeadsTo, LinkCheck::Goal::Bookmark);
+    EXPECT_EQ(Judged("ms-its:a.chm::/b.htm").LeadsTo, LinkCheck::Goal::HelpTopic);
+    EXPECT_EQ(Judged("mailto:a@b.org").LeadsTo, LinkCheck::Goal::Outside);
+    for (const char* address : {"", "javascript:x", "ms-its:a.chm", "MS-ITS:a.chm::/b.htm",
+                                "ms-help://NS/ID", "http://", "java&#10;script:x"}) {
+        EXPECT_TRUE(Judged(address).LeadsNowhere()) << address;
+        EXPECT_FALSE(Judged(address).Problem.empty()) << address;
+    }
+}
+
+TEST_F(LinkCheckTest, AHundredThousandCharactersDoNotFillTheProblem) {
+    EXPECT_LT(Judged(std::string(100'000, 'a') + ".html").Problem.size(), 400u);
+    EXPECT_LT(Judged(std::string(100'000, 'b')).Problem.size(), 400u);
+}
+
+TEST_F(LinkCheckTest, TheItemThatCommentsAreTakenFromIsALinkToo) {
+    Load("zoo~animals~Dog", "##commentsfrom", "zoo~animals~Cat");
+    Load("zoo~animals~Dog~Age", "##commentsfrom", "zoo~animals~Emu");
+    Load("zoo~animals~Dog~Bark", "##keywords", "<a> href=\"x\"");
+    const auto links = Checking().Check(Store());
+    ASSERT_EQ(links.size(), 2u);
+    EXPECT_EQ(links[0].LeadsToItem, "zoo~animals~Cat");
+    EXPECT_EQ(links[1].Problem, "There is no item \"zoo~animals~Emu\" in this project to take "
+                                "comments from. Choose another one.");
+}
+
+TEST_F(LinkCheckTest, CommentsWhoseItemIsGoneAreCheckedAndDeletedOnesAreNot) {
+    Load("zoo~animals~Gone", "##", "<a href=\"zoo~animals~Cat.html\">x</a>");
+    LoadLink("zoo~animals~Cat.html");
+    Store().Find("zoo~animals~Dog")->Item("zoo~animals~Dog##")->SetState(kTaggedCommentTombstone);
+    const auto links = Checking().Check(Store());
+    ASSERT_EQ(links.size(), 1u);
+    EXPECT_EQ(links[0].Item, "zoo~animals~Gone");
+}
+
+TEST_F(LinkCheckTest, TheAuthorCanEndIt) {
+    LoadLink("zoo~animals~Cat.html");
+    const auto links = Checking().Check(Store(), [](std::size_t, std::size_t) { return false; });
+    EXPECT_TRUE(links.empty());
+    EXPECT_EQ(LinkSummary(links), "The comments hold no links.");
+}
+
+} // namespace
+
+} // namespace paperkite::test
