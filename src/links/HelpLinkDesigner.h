@@ -44,6 +44,9 @@ public:
     /// Hides or shows both buttons now; choosing a form shows that form's button again.
     void SetHideBuildButtons(bool value);
 
+    /// Passed on to the topic picker.
+    bool DotNetXMLFormat = false;
+
     /// Design properties from and to the host's bag.
     void UserControl_ReadProperties(const PropertyBag& PropBag);
     void UserControl_WriteProperties(PropertyBag& PropBag) const;
@@ -70,13 +73,6 @@ public:
     std::array<Ref<Button>, 2> cmdBuild;
 
 private:
-    bool mHideBuildButtons = false;
-
-public:
-    /// Passed on to the topic picker.
-    bool DotNetXMLFormat = false;
-
-private:
     void MakeControls();
     void LayOut();
     void zConnect();
@@ -85,6 +81,7 @@ private:
     void zSplit(const std::string& value);
 
     InstanceCount mInstanceCount{"HelpLinkDesigner", ComponentType::Control};
+    bool mHideBuildButtons = false;
     std::vector<Connection> mConnections;
 };
 

@@ -183,8 +183,9 @@ std::vector<WalkedOperation> Gestures() {
 
 std::vector<WalkedOperation> AllOperations() {
     std::vector<WalkedOperation> all;
-    for (const auto& part : {ProjectViewOperations(), CommentEditorOperations(),
-                             ProjectEditorOperations(), Gestures(), PageOperations()})
+    for (const auto& part :
+         {ProjectViewOperations(), CommentEditorOperations(), ProjectEditorOperations(), Gestures(),
+          PageOperations(), LinkOperations()})
         all.insert(all.end(), part.begin(), part.end());
     return all;
 }

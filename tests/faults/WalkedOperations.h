@@ -27,6 +27,8 @@ std::vector<WalkedOperation> ProjectViewOperations();
 std::vector<WalkedOperation> CommentEditorOperations();
 std::vector<WalkedOperation> ProjectEditorOperations();
 std::vector<WalkedOperation> PageOperations();
+/// Of the panels that compose links.
+std::vector<WalkedOperation> LinkOperations();
 /// The author's gestures on their controls.
 std::vector<WalkedOperation> Gestures();
 
