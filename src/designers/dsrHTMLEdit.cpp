@@ -124,11 +124,10 @@ void dsrHTMLEdit::ConnectEditor() {
 void dsrHTMLEdit::ed_GetURL(std::string& url, std::string& caption, bool showCaption,
                             bool& cancelDefault) {
     if (!GetHost()) return;
-    const std::string link = GetHost()->ICommentDesignerHost_BuildLink(
-        url, showCaption, caption, true, "Get URL", "Link to", true);
-    // Where nobody composes links the widget's own question is better than none.
-    cancelDefault = !link.empty();
-    url = link;
+    // No link is the author's answer too; the widget must not ask once more.
+    cancelDefault = true;
+    url = GetHost()->ICommentDesignerHost_BuildLink(url, showCaption, caption, true, "Get URL",
+                                                    "Link to", true);
 }
 
 void dsrHTMLEdit::HostCame(ICommentDesignerHost& host) {

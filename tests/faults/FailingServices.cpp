@@ -164,6 +164,19 @@ std::string FailingControlHelper::MergeDescription(const std::string& value,
     return ModelControlHelper::MergeDescription(value, text, format);
 }
 
+std::string FailingControlHelper::BuildTopic(const std::string& topic, bool dotNetXMLFormat,
+                                             const std::string& tipPrefix) {
+    mFailure.Use("Helper.BuildTopic");
+    return ModelControlHelper::BuildTopic(topic, dotNetXMLFormat, tipPrefix);
+}
+
+std::string FailingControlHelper::BuildTopicForType(const std::string& itemType,
+                                                    const std::string& topic, bool dotNetXMLFormat,
+                                                    const std::string& tipPrefix) {
+    mFailure.Use("Helper.BuildTopicForType");
+    return "topic " + itemType + topic + tipPrefix + (dotNetXMLFormat ? "x" : "");
+}
+
 void FailingControlHelper::ResetParser() {
     mFailure.Use("Helper.ResetParser");
     ModelControlHelper::ResetParser();

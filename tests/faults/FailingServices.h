@@ -101,6 +101,10 @@ public:
     std::string MergeDescription(const std::string& value, const std::string& text,
                                  const std::string& format) override;
     void ResetParser() override;
+    std::string BuildTopic(const std::string& topic, bool dotNetXMLFormat,
+                           const std::string& tipPrefix) override;
+    std::string BuildTopicForType(const std::string& itemType, const std::string& topic,
+                                  bool dotNetXMLFormat, const std::string& tipPrefix) override;
 
 private:
     FailureSwitch& mFailure;

@@ -64,9 +64,12 @@ TEST(OperationListTest, EveryPublicFunctionOfTheComponentsIsWalked) {
          std::vector<std::pair<std::string, std::string>>{{"ProjectView", "itemtree"},
                                                           {"CommentEditor", "authoring"},
                                                           {"ProjectEditor", "authoring"},
-                                                          {"InPlaceEditor", "authoring"}}) {
+                                                          {"InPlaceEditor", "authoring"},
+                                                          {"LinkBuilder", "links"},
+                                                          {"HelpLinkDesigner", "links"},
+                                                          {"MemberLinkDesigner", "links"}}) {
         const auto offered = PublicFunctions(HeaderOf(header + "/" + name + ".h"), name);
-        EXPECT_GT(offered.size(), 15u) << name;
+        EXPECT_GT(offered.size(), header == "links" ? 4u : 15u) << name;
         EXPECT_EQ(WalkedFunctions(name), offered) << name;
     }
 }

@@ -28,6 +28,8 @@ std::vector<WalkedOperation> CommentEditorOperations();
 std::vector<WalkedOperation> ProjectEditorOperations();
 std::vector<WalkedOperation> PageOperations();
 std::vector<WalkedOperation> ElementOperations();
+/// Of the panels that compose links.
+std::vector<WalkedOperation> LinkOperations();
 /// The author's gestures on their controls.
 std::vector<WalkedOperation> Gestures();
 

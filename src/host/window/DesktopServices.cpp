@@ -22,6 +22,9 @@ namespace paperkite {
 
 namespace {
 
+/// Of a link in a message.
+constexpr int kMostShown = 200;
+
 class DesktopScreen : public Screen {
 public:
     ~DesktopScreen() override { SetMousePointer(MousePointer::Default); }
@@ -48,10 +51,18 @@ public:
         // opens by itself is handed on.
         static const QStringList schemes{"http", "https", "ftp", "mailto"};
         if (!schemes.contains(address.scheme().toLower()))
-            RaiseError(ErrorNumber::InvalidCall,
-                       "The link \"" + file + "\" leads to nothing that can be opened safely");
-        if (!QDesktopServices::openUrl(address))
-            RaiseError(ErrorNumber::FileNotFound, "No program opens the link \"" + file + "\"");
+            Tell(file, "is not opened from here: only web pages (http, https, ftp) and mail "
+                       "addresses (mailto) are. It stays in the comment as it is.");
+        else if (!QDesktopServices::openUrl(address))
+            Tell(file, "cannot be opened: this system has no program for it.");
+    }
+
+private:
+    static void Tell(std::string link, const char* what) {
+        if (link.size() > static_cast<std::size_t>(kMostShown))
+            link = QString::fromStdString(link).left(kMostShown).toStdString() + " …";
+        Required(CurrentServices().MessageBox)
+            .Show("The link \"" + link + "\" " + what, "Paperkite", MessageIcon::Information);
     }
 };
 

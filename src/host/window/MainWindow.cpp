@@ -3,6 +3,7 @@
 #include "host/CommentHistory.h"
 #include "host/window/BackgroundReading.h"
 #include "host/window/CoverageStatus.h"
+#include "host/window/LinkDialogs.h"
 #include "host/window/SafeKeeping.h"
 
 #include "foundation/GlobalConfig.h"

@@ -29,6 +29,7 @@ class CommentHistory;
 class CoverageStatus;
 class FindDialog;
 class HomelessStatus;
+class LinkDialogs;
 class LinksDialog;
 class ProjectLock;
 class SafeKeeping;
@@ -165,6 +166,8 @@ private:
     void CopyComments();
     void PasteComments();
     void ClickTreeCommand(const char* name);
+    /// Composes a link where the author writes.
+    void InsertLink();
     void ShowProperties();
 
     // Searching and spelling
@@ -204,6 +207,7 @@ private:
     std::unique_ptr<Workspace> mWorkspace;
     std::unique_ptr<SafeKeeping> mKeeping;
     std::unique_ptr<CommentHistory> mHistory;
+    std::unique_ptr<LinkDialogs> mLinks;
     /// Files that somebody else changed and the author did not want to merge yet.
     std::vector<std::string> mNotMerged;
     bool mLooking = false;

@@ -83,6 +83,8 @@ void MainWindow::MakeEditMenu() {
               QKeySequence("Ctrl+Shift+C"), &MainWindow::CopyComments);
     AddAction(menu, "PasteComments", tr("&Paste Comments to the Item"), "edit-paste",
               QKeySequence("Ctrl+Shift+V"), &MainWindow::PasteComments);
+    AddAction(menu, "Link", tr("&Link …"), "insert-link", QKeySequence("Ctrl+K"),
+              &MainWindow::InsertLink);
     menu.addSeparator();
     AddAction(menu, "FindInComments", tr("Fi&nd and Replace in Comments …"), "edit-find-replace",
               QKeySequence("Ctrl+Shift+F"), &MainWindow::FindInComments);
@@ -204,7 +206,7 @@ void MainWindow::UpdateActions() {
     const bool open = mWorkspace != nullptr;
     ShowHistory();
     for (const char* name :
-         {"TypesToolbar", "FindInComments", "FindNextInComments", "CheckSpellingOfProject",
+         {"TypesToolbar", "Link", "FindInComments", "FindNextInComments", "CheckSpellingOfProject",
           "SpellingOptions", "CheckLinks", "FindItem", "ResolveConflicts", "Save", "SaveAs",
           "Rescan", "Properties", "Close", "NextSibling", "PreviousSibling", "NextUndocumented",
           "PreviousUndocumented"})

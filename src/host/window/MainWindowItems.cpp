@@ -5,6 +5,7 @@
 #include "host/CommentHistory.h"
 #include "host/window/CoverageStatus.h"
 #include "host/window/FindDialog.h"
+#include "host/window/LinkDialogs.h"
 #include "host/window/SafeKeeping.h"
 
 #include <QAction>
@@ -189,6 +190,13 @@ void MainWindow::MoveTo(const Ref<TreeNode>& node) {
     if (!node) return;
     node->EnsureVisible();
     mWorkspace->GetEditor().Project.SetSelectedItem(node);
+}
+
+void MainWindow::InsertLink() {
+    if (mLinks->InsertLink()) return;
+    statusBar()->showMessage(
+        tr("A link stands in a text: click where it is to be on the page, or select its words."),
+        8000);
 }
 
 void MainWindow::FocusFinder() {

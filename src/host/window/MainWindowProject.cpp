@@ -4,6 +4,7 @@
 #include "host/window/BackgroundReading.h"
 #include "host/window/CoverageStatus.h"
 #include "host/window/FindDialog.h"
+#include "host/window/LinkDialogs.h"
 #include "host/window/LinksDialog.h"
 #include "host/window/NewProjectDialog.h"
 #include "host/window/SafeKeeping.h"
@@ -107,6 +108,7 @@ void MainWindow::ShowProject(std::unique_ptr<ProjectSession> session,
     RestoreTemplate();
     TreeItemModel::SetStateText([this](const TreeNode& node) { return StateOf(node); });
     ConnectEditor();
+    mLinks = std::make_unique<LinkDialogs>(*mWorkspace, mFactory, *this);
     mSourcePane = MakeRef<SourcePane>("sourcePane");
     mNoItem = MakeRef<Label>("lblNoItem");
     mNoItem->SetCaption(kNoItemText);
@@ -157,6 +159,7 @@ void MainWindow::AddFinder() {
 void MainWindow::HideProject() {
     if (!mWorkspace) return;
     mReading->Stop();
+    mLinks.reset();
     mKeeping.reset();
     mNotMerged.clear();
     mConnections.clear();

@@ -1,0 +1,110 @@
+#include "host/window/LinkForm.h"
+
+#include "foundation/Services.h"
+#include "foundation/Text.h"
+#include "host/LinkHazard.h"
+
+namespace paperkite {
+
+namespace {
+
+constexpr std::string_view kPageEnding = ".html";
+constexpr const char* kTitle = "Link";
+constexpr std::size_t kMostShown = 200;
+
+// Long enough for any address that people read; cut where a character begins.
+std::string Shortened(const std::string& link) {
+    if (link.size() <= kMostShown) return link;
+    std::size_t end = kMostShown;
+    while (end > 0 && (static_cast<unsigned char>(link[end]) & 0xC0) == 0x80)
+        --end;
+    return link.substr(0, end) + " …";
+}
+
+} // namespace
+
+std::string PageOfLink(const std::string& link) {
+    std::string page = ReplaceAll(link, "%20", " ");
+    page.erase(0, page.find_last_of("/\\") + 1);
+    if (EndsWithIgnoringCase(page, kPageEnding)) page.resize(page.size() - kPageEnding.size());
+    return page;
+}
+
+LinkForm::LinkForm(ProjectSession& session, const LinkRequest& request, const std::string& item)
+    : Form("LinkForm") {
+    SetCaption(request.DialogCaption.empty() ? kTitle : request.DialogCaption);
+    lblExisting = Controls.Make<Label>("lblExisting");
+    lblExisting->SetWordWrap(true);
+    lblExisting->SetVisible(!request.ExistingLink.empty());
+    lblExisting->SetCaption("The link leads to “" + Shortened(request.ExistingLink) + "” now.");
+    Links = Controls.Make<LinkBuilder>("Links");
+    Members = MakeRef<MemberChooser>("Members", session);
+    Links->MemberExplorerPlace->Controls.Add(Members);
+    cmdOK = Controls.Make<Button>("cmdOK");
+    cmdOK->SetCaption("OK");
+    cmdOK->SetDefault(true);
+    cmdCancel = Controls.Make<Button>("cmdCancel");
+    cmdCancel->SetCaption("Cancel");
+    cmdCancel->SetCancel(true);
+    LayOut();
+    ConnectPanel();
+    Links->SetNamespaceProfile(session.GetDefinitions()->GetName());
+    Members->SetTipPrefix(request.TipPrefix);
+    // A link has no place for the mark of one that is converted later, so that none is offered; and
+    // what stands before a name in a tip reads well before the kinds too, a window's title not.
+    Links->Initialize(request.GetCaption, false, request.ShowExternalLinkTypes, request.TipPrefix,
+                      request.TipPrefix, request.AddHTMLExtension, request.Caption);
+    if (!Members->Choose(PageOfLink(request.ExistingLink))) Members->Choose(item);
+}
+
+void LinkForm::LayOut() {
+    SetLayout(FormLayout::Column({
+        FormLayout::Item(lblExisting),
+        FormLayout::Item(Links, 1),
+        FormLayout::Buttons({cmdOK, cmdCancel}),
+    }));
+}
+
+void LinkForm::ConnectPanel() {
+    const auto keep = [this](Connection connection) {
+        mConnections.push_back(std::move(connection));
+    };
+    keep(Links->Events.ShowMemberExplorer.Connect([this] { Members->SetVisible(true); }));
+    keep(Links->Events.HideMemberExplorer.Connect([this] { Members->SetVisible(false); }));
+    keep(Links->Events.GetSelectedMember.Connect(
+        [this](std::string& name) { name = Members->GetChosen(); }));
+    keep(Links->Events.MoveMemberExplorer.Connect([this](int left, int top, int width, int height) {
+        Members->Move(left, top, width, height);
+    }));
+    keep(Members->Events.Changed.Connect([this] { ProposeCaption(); }));
+    keep(cmdOK->Events.Click.Connect([this] { cmdOK_Click(); }));
+    keep(cmdCancel->Events.Click.Connect([this] { Hide(); }));
+    keep(Events.Shown.Connect([this] { mLink.clear(); }));
+}
+
+void LinkForm::ProposeCaption() {
+    if (const std::string name = Members->GetChosenName(); !name.empty())
+        Links->SetAutoCaption(name);
+}
+
+void LinkForm::cmdOK_Click() {
+    Procedure(*this, "cmdOK_Click", [&](Frame&) {
+        if (!Links->Validate()) return;
+        const std::string link = Links->GetLinkhRef();
+        if (!IsWanted(link)) return;
+        mLink = link;
+        mLinkCaption = Links->GetLinkCaption();
+        Hide();
+    });
+}
+
+// A link that is not what it seems goes into a comment only when the author knows.
+bool LinkForm::IsWanted(const std::string& link) const {
+    const std::string hazard = LinkHazard(link);
+    return hazard.empty() ||
+           Required(CurrentServices().MessageBox)
+                   .Show(hazard + "\n\nInsert it as it stands?", kTitle, MessageIcon::Warning,
+                         MessageButtons::YesNo) == MessageAnswer::Yes;
+}
+
+} // namespace paperkite
