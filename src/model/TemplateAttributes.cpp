@@ -100,7 +100,7 @@ private:
         if (mAt == mText.size() || mText[mAt] != '=') {
             // A name alone; what follows without a blank is judged in its turn.
             mAt = behindName;
-            mList.emplace_back(name, std::string());
+            mList.emplace_back(name, std::string("true"));
             return {};
         }
         ++mAt;

@@ -8,8 +8,9 @@
 #include <vector>
 
 /// What stands in a page layout's start tag: name="value", name='value', name=value, or a name
-/// alone, parted by white space. In values `&quot;`, `&apos;`, `&lt;`, `&gt;`, `&amp;` and
-/// characters by number (`&#45;`, `&#x2D;`) are read; any other "&" stands for itself.
+/// alone, whose value is "true", parted by white space. In values `&quot;`, `&apos;`, `&lt;`,
+/// `&gt;`, `&amp;` and characters by number (`&#45;`, `&#x2D;`) are read; any other "&" stands for
+/// itself.
 namespace paperkite::TemplateAttributes {
 
 using List = std::vector<std::pair<std::string, std::string>>;

@@ -81,6 +81,15 @@ TEST_F(SourcePageElementsTest, TheSyntaxStandsBareOrBelowAHeading) {
                   "</section>\n");
 }
 
+TEST_F(SourcePageElementsTest, AttributesLeftEmptyAreAsIfTheyWereNotThere) {
+    const std::string item = "p~zoo~Dog~Bark(double)";
+    EXPECT_EQ(Page(item, Element("syntax caption=\"\" heading=\"\" bare=\"\"")),
+              Page(item, Element("syntax")));
+    EXPECT_EQ(Page(item, Element("if has=\"\" not=\"\" edit=\"\" until=\"\"", "text")),
+              Page(item, Element("if", "text")));
+    EXPECT_EQ(Page(item, Element("if", "text")), "text");
+}
+
 TEST_F(SourcePageElementsTest, HeadingsStayBetweenTheSecondLevelAndTheSixth) {
     const std::string page = Page(mDog, Element("bases heading=1") + Element("bases heading=9") +
                                             Element("bases heading=x"));

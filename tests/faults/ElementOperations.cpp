@@ -144,14 +144,14 @@ void AddDialog(ElementList& list) {
             tree.UserClick(tree.Nodes.Item(key));
         };
     };
-    list.Add("tvwElements.UserClick", node("E:note"), add);
-    list.Add("tvwElements.UserClick", node("C:Other"), add);
+    list.Add("UserClickNode", node("E:note"), add);
+    list.Add("UserClickNode", node("C:Other"), add);
     const Run chooseFile = [](WalkScene& s) {
         auto& rows = *s.Elements().prpProperties;
         rows.SetSelectedItem(rows.Item("file"));
         rows.UserBrowse();
     };
-    list.Add("prpProperties.UserBrowse", chooseFile, edit);
+    list.Add("UserBrowseFile", chooseFile, edit);
 }
 
 void AddColourDialog(ElementList& list) {
@@ -176,9 +176,9 @@ void AddColourDialog(ElementList& list) {
     list.Add(
         "UserCloseBox", [](WalkScene& s) { s.ColourDialog->UserCloseBox(); }, show);
     list.Add(
-        "cmdCustom.UserClick", [](WalkScene& s) { s.ColourDialog->cmdCustom->UserClick(); }, show);
+        "UserClickCustom", [](WalkScene& s) { s.ColourDialog->cmdCustom->UserClick(); }, show);
     list.Add(
-        "chxBase.UserDblClick", [](WalkScene& s) { s.ColourDialog->chxBase->UserDblClick(9); },
+        "UserDblClickHexagon", [](WalkScene& s) { s.ColourDialog->chxBase->UserDblClick(9); },
         show);
 }
 

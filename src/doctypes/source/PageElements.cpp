@@ -123,14 +123,13 @@ std::string PageElements::Provide(const ParserElement& element, const PageSubjec
 std::string PageElements::Attribute(const ParserElement& element, const std::string& name,
                                     const std::string& otherwise) {
     const auto* attribute = element.Attributes.Find(name);
-    return attribute ? (*attribute)->Value : otherwise;
+    // Whoever fills in an element leaves empty what he has nothing to say to.
+    return attribute && !(*attribute)->Value.empty() ? (*attribute)->Value : otherwise;
 }
 
 bool PageElements::IsOn(const ParserElement& element, const std::string& name) {
-    const auto* attribute = element.Attributes.Find(name);
-    // A name alone switches on.
-    return attribute && !EqualIgnoringCase((*attribute)->Value, "false") &&
-           (*attribute)->Value != "0";
+    const std::string value = Attribute(element, name);
+    return !value.empty() && !EqualIgnoringCase(value, "false") && value != "0";
 }
 
 std::size_t PageElements::Number(const ParserElement& element, const std::string& name,
