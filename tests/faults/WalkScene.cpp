@@ -113,7 +113,7 @@ void WalkScene::MakeDialogs() {
     }
     Pages->Namespaces.front()->ElementDefs.Add(note, note->Name);
     ElementDialog = MakeRef<frmEditMetaSpan>();
-    ElementDialog->SetRunner([this](Form&, FormMode) { Failure.Use("Form.Show"); });
+    ElementDialog->SetRunner([](Form&, FormMode) {});
     ColourDialog = MakeRef<frmBrowseHTMLColor>();
     ColourDialog->SetRunner([](Form&, FormMode) {});
     CurrentServices().CreateFilePicker = [this] {
