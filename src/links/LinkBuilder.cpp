@@ -21,6 +21,8 @@ constexpr const char* kNoMember = "Please select a member to link to, or click C
 constexpr const char* kNoURL = "Please provide a URL to link to, or click Cancel";
 constexpr const char* kNoValidURL = "This link does not appear to be a valid URL. Test anyway?";
 constexpr int kShowNormal = 1;
+// Their captions are sentences.
+constexpr double kRowsOfKind = 2;
 constexpr std::size_t kPrefixLength = 3;
 
 // Before a host sizes the panel, in pixels.
@@ -75,6 +77,9 @@ void LinkBuilder::MakeKinds() {
     const auto other = eb->AddGroup(kInternetURL, "Other");
     other->Add("netframework", ".NET Framework docs")->SetVisible(false);
     other->Add(kInternetURL, "Link to an Internet or other URL");
+    for (const auto& group : eb->GetGroups())
+        for (const auto& item : *group)
+            item->SetHeight(kRowsOfKind);
 }
 
 void LinkBuilder::MakePages() {

@@ -1,7 +1,10 @@
 #include "foundation/GlobalConfig.h"
+#include "host/window/LinkForm.h"
 #include "host/window/SpellDialog.h"
 #include "host/window/SpellOptionsDialog.h"
+#include "host/window/TopicForm.h"
 #include "journeys/PageTest.h"
+#include "platform/qt/FormView.h"
 
 #include <QAbstractItemView>
 #include <QAction>
@@ -11,6 +14,7 @@
 #include <QPushButton>
 #include <QTest>
 
+#include <algorithm>
 #include <cstdlib>
 
 // Windows and dialogs as an author sees them. With PAPERKITE_PICTURES naming a folder, each is kept
@@ -35,6 +39,11 @@ protected:
     }
     ~ShownWindowsTest() override { mTheme->SetScheme(ColourScheme::Light); }
 
+    /// Of the letters, in per cent; PAPERKITE_TEXT_SIZE names another one for pictures.
+    static int TextScale() {
+        const char* size = std::getenv("PAPERKITE_TEXT_SIZE");
+        return size ? std::max(100, std::atoi(size)) : 100;
+    }
     static bool IsDark() { return std::string(GetParam()) == "dark"; }
 
     /// What is to be seen has the ground of its scheme, and is kept where pictures are wanted.
@@ -159,6 +168,50 @@ TEST_P(ShownWindowsTest, TheSpellingDialogs) {
     for (const auto* box : options.findChildren<QCheckBox*>())
         EXPECT_TRUE(box->isVisible()) << box->text().toStdString();
     Keep(options, "spelling-options");
+}
+
+TEST_P(ShownWindowsTest, TheLinkDialogInItsFourKinds) {
+    mTheme->SetTextScale(TextScale());
+    LinkForm form(mWindow->GetWorkspace()->GetSession(),
+                  {.ExistingLink = "zoo~animals~Dog~Bark.html",
+                   .GetCaption = true,
+                   .Caption = {},
+                   .ShowExternalLinkTypes = true,
+                   .DialogCaption = "Get URL",
+                   .TipPrefix = "Link to",
+                   .AddHTMLExtension = true},
+                  kDog);
+    form.Links->HelpTopicLinkDesigner->SethRef("ms-its:tools.chm::/pages/start.htm");
+    form.Links->MemberLinkDesigner->txtTopic->SetText("zoo~animals~Cat");
+    EXPECT_EQ(form.Members->GetChosen(), "zoo~animals~Dog~Bark");
+    ViewFactory factory;
+    ItemFinder::RegisterView(factory);
+    FormView view(factory, form, mWindow.get());
+    form.SetRunner([&](Form&, FormMode) { view.show(); });
+    form.Show();
+    view.resize(view.size().expandedTo({760, 540}));
+    for (const auto& group : form.Links->eb->GetGroups())
+        for (const auto& kind : *group) {
+            if (!kind->GetVisible()) continue;
+            form.Links->eb->UserClick(kind);
+            Settle();
+            Keep(view, ("link-" + kind->GetKey()).c_str());
+        }
+    mTheme->SetTextScale(100);
+}
+
+TEST_P(ShownWindowsTest, TheTopicDialog) {
+    TopicForm form(mWindow->GetWorkspace()->GetSession(),
+                   {"0", "zoo~animals~Cat", false, "Link to"});
+    EXPECT_EQ(form.Members->GetChosen(), "zoo~animals~Cat");
+    ViewFactory factory;
+    ItemFinder::RegisterView(factory);
+    FormView view(factory, form, mWindow.get());
+    form.SetRunner([&](Form&, FormMode) { view.show(); });
+    form.Show();
+    view.resize(520, 480);
+    Settle();
+    Keep(view, "topic");
 }
 
 INSTANTIATE_TEST_SUITE_P(Schemes, ShownWindowsTest, testing::Values("light", "dark"));

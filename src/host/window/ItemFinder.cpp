@@ -7,6 +7,7 @@
 
 #include <QAbstractItemView>
 #include <QCompleter>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QStandardItemModel>
 #include <QVBoxLayout>
@@ -36,15 +37,31 @@ public:
         mCompleter->setMaxVisibleItems(12);
         mField->setCompleter(mCompleter);
         connect(mField, &QLineEdit::textEdited, this, [this](const QString& text) { Offer(text); });
-        connect(mField, &QLineEdit::returnPressed, this, [this] { ChooseFirst(); });
+        mField->installEventFilter(this);
+        mCompleter->popup()->installEventFilter(this);
         connect(mCompleter, qOverload<const QModelIndex&>(&QCompleter::activated), this,
                 [this](const QModelIndex& index) { Choose(index.data(kNameRole).toString()); });
         SetFocusTarget(mField);
         Tie();
     }
 
+protected:
+    // The return key takes the first match, once: in a dialog it must not press OK as well.
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::KeyPress && (watched == mField || IsPopup(watched))) {
+            const int key = static_cast<QKeyEvent*>(event)->key();
+            if ((key == Qt::Key_Return || key == Qt::Key_Enter) && ChooseFirst()) return true;
+        }
+        return ControlView::eventFilter(watched, event);
+    }
+
 private:
+    bool IsPopup(const QObject* watched) const {
+        return mCompleter && watched == mCompleter->popup();
+    }
+
     void Offer(const QString& text) {
+        mIsAsked = true;
         mMatches->clear();
         for (const ItemFinder::Match& match : mFinder->Find(text.toStdString(), kMostMatches)) {
             const QString path =
@@ -64,14 +81,18 @@ private:
         mMatches->appendRow(row);
     }
 
-    void ChooseFirst() {
+    /// False where there is nothing left to choose, or where the author marked another match.
+    bool ChooseFirst() {
         if (mCompleter->popup()->isVisible() && mCompleter->popup()->currentIndex().isValid())
-            return;
-        if (const QStandardItem* first = mMatches->item(0))
-            if (first->isEnabled()) Choose(first->data(kNameRole).toString());
+            return false;
+        const QStandardItem* first = mIsAsked ? mMatches->item(0) : nullptr;
+        if (!first || !first->isEnabled()) return false;
+        Choose(first->data(kNameRole).toString());
+        return true;
     }
 
     void Choose(const QString& qualifiedName) {
+        mIsAsked = false;
         mCompleter->popup()->hide();
         if (!qualifiedName.isEmpty()) mFinder->UserChoose(qualifiedName.toStdString());
     }
@@ -79,7 +100,9 @@ private:
     Ref<ItemFinder> mFinder;
     QLineEdit* mField;
     QStandardItemModel* mMatches;
-    QCompleter* mCompleter;
+    QCompleter* mCompleter = nullptr;
+    /// The present matches have not been chosen from yet.
+    bool mIsAsked = false;
 };
 
 } // namespace

@@ -74,18 +74,18 @@ std::string LinkDialogs::Compose(LinkRequest& request) {
     mComposing = true;
     const ScopeExit composed([this] { mComposing = false; });
     LinkForm form(mWorkspace.GetSession(), request, OpenItem());
-    Run(form, kLinkWidth, kLinkHeight);
+    Run(form, *form.Members->finder, kLinkWidth, kLinkHeight);
     if (!form.GetLink().empty() && request.GetCaption) request.Caption = form.GetLinkCaption();
     return form.GetLink();
 }
 
 std::string LinkDialogs::ChooseTopic(const ModelControlHelper::TopicRequest& request) {
     TopicForm form(mWorkspace.GetSession(), request);
-    Run(form, kTopicWidth, kTopicHeight);
+    Run(form, *form.Members->finder, kTopicWidth, kTopicHeight);
     return form.GetTopic();
 }
 
-void LinkDialogs::Run(Form& form, int width, int height) {
+void LinkDialogs::Run(Form& form, Control& first, int width, int height) {
     form.SetRunner([&](Form& shown, FormMode) {
         QWidget* above = QApplication::activeModalWidget();
         FormView view(mFactory, shown, above ? above : &mWindow);
@@ -94,6 +94,7 @@ void LinkDialogs::Run(Form& form, int width, int height) {
         const double scale = view.fontMetrics().height() / 17.0;
         const QSize wanted(QSizeF(width * scale, height * scale).toSize());
         view.resize(wanted.expandedTo(view.minimumSizeHint()).boundedTo(mWindow.size()));
+        first.SetFocus();
         view.exec();
     });
     form.Show(FormMode::Modal);

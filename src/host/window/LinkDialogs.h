@@ -30,7 +30,8 @@ private:
     /// The link, or nothing when the author cancelled; the request's caption becomes the author's.
     std::string Compose(LinkRequest& request);
     std::string ChooseTopic(const ModelControlHelper::TopicRequest& request);
-    void Run(Form& form, int width, int height);
+    /// Shows a form until it is left; `first` has the focus when it opens.
+    void Run(Form& form, Control& first, int width, int height);
     std::string OpenItem() const;
 
     Workspace& mWorkspace;

@@ -42,7 +42,8 @@ protected:
     }
 };
 
-// One line to choose: a radio button that looks like a row of a list.
+// One line to choose: a radio button that looks like a row of a list. A line of several rows wraps
+// its words, any other one shortens them.
 class Line : public QRadioButton {
 public:
     Line(const GroupItem& item, const QIcon& icon, int height, QWidget* parent)
@@ -50,7 +51,8 @@ public:
         setIcon(icon);
         setToolTip(ToQString(item.GetToolTipText()));
         setEnabled(item.GetEnabled());
-        setMinimumHeight(std::max(height, fontMetrics().height() + 8));
+        const int rows = std::max(1, static_cast<int>(item.GetHeight()));
+        setMinimumHeight(std::max(height, fontMetrics().height() * rows + 8));
         setMinimumWidth(64);
         setMouseTracking(true);
         QFont bold = font();
@@ -86,8 +88,11 @@ protected:
         const auto group = isEnabled() ? QPalette::Active : QPalette::Disabled;
         painter.setPen(
             palette().color(group, isChecked() ? QPalette::HighlightedText : QPalette::Text));
-        painter.drawText(room, Qt::AlignVCenter | Qt::AlignLeft,
-                         fontMetrics().elidedText(text(), Qt::ElideRight, room.width()));
+        const int wraps = Qt::AlignVCenter | Qt::AlignLeft | Qt::TextWordWrap;
+        const bool fits = room.contains(fontMetrics().boundingRect(room, wraps, text()));
+        painter.drawText(room, wraps,
+                         fits ? text()
+                              : fontMetrics().elidedText(text(), Qt::ElideRight, room.width()));
         if (!hasFocus()) return;
         painter.setPen(QPen(isChecked() ? palette().color(QPalette::HighlightedText)
                                         : palette().color(QPalette::Highlight),

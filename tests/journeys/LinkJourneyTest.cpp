@@ -1,0 +1,177 @@
+#include "host/window/LinkForm.h"
+#include "journeys/PageTest.h"
+#include "platform/qt/FormView.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QDialog>
+#include <QLineEdit>
+#include <QMenu>
+#include <QTest>
+
+// An author links words of a comment to an item, without knowing how a link is written.
+
+namespace paperkite::test {
+namespace {
+
+constexpr const char* kDog = "zoo~animals~Dog";
+constexpr const char* kPurr = "zoo~animals~Cat~Purr";
+constexpr const char* kRemarks = "##remarks";
+
+QLineEdit* FieldOf(QWidget& window, const QString& placeholder) {
+    for (auto* field : window.findChildren<QLineEdit*>())
+        if (field->isVisible() && field->placeholderText() == placeholder) return field;
+    return nullptr;
+}
+
+QAbstractButton* ButtonOf(QWidget& window, const QString& text) {
+    for (auto* button : window.findChildren<QAbstractButton*>())
+        if (button->isVisible() && button->text().remove('&') == text) return button;
+    return nullptr;
+}
+
+/// Types a part of a name, takes the first item that is found, and says OK.
+void ChooseAndAccept(QDialog& dialog, const QString& part) {
+    EXPECT_TRUE(dynamic_cast<FormView*>(&dialog));
+    auto* field = FieldOf(dialog, "Find an item");
+    ASSERT_TRUE(field) << "the dialog has no field for names";
+    QTest::keyClicks(field, part);
+    QTest::keyClick(field, Qt::Key_Return);
+    EXPECT_TRUE(dialog.isVisible()) << "finding an item is not yet accepting it";
+    auto* button = ButtonOf(dialog, "OK");
+    ASSERT_TRUE(button);
+    QTest::mouseClick(button, Qt::LeftButton);
+}
+
+class LinkJourneyTest : public PageTest {
+protected:
+    /// Shows the page of the dog with a general comment on it.
+    void WriteOnDog(const std::string& text) {
+        OpenProject();
+        ClickExpander("zoo~animals");
+        OpenPage(kDog);
+        TypeOnPage(text);
+        ASSERT_TRUE(WaitUntil([&] { return TextOf(kDog, "##") == text + ";"; }));
+    }
+    Ref<HtmlEdit> Edit() const { return Editor().GetActiveHTMLEditor(false); }
+    /// Selects letters of the place that is being written on.
+    void SelectLetters(int start, int length, const std::string& wanted) {
+        const auto place = Edit()->GetSelection();
+        ASSERT_TRUE(place);
+        Page().GetSurface()->Select(static_cast<int>(place->Place), start, length);
+        ASSERT_TRUE(WaitUntil([&] { return Edit()->GetSelectedText() == wanted; }))
+            << Edit()->GetSelectedText();
+    }
+    /// In the preview of the dog, where the keyboard goes from link to link: follows one after the
+    /// other, until one leads to the item. Gives where the last one led.
+    std::string FollowLinksUntil(const std::string& item) {
+        for (int link = 1; link <= 8 && Selected() != item; ++link) {
+            ClickItem(kDog);
+            WaitForPage();
+            Editor().InPlaceEditor->FlatStrip->UserClick(3);
+            WaitForPage();
+            for (int tabs = 0; tabs <= link; ++tabs)
+                PressOnPage(Qt::Key_Tab);
+            PressOnPage(Qt::Key_Return);
+            WaitUntil([&] { return Selected() != kDog; });
+        }
+        return Selected();
+    }
+    void ExpectLinkTo(const QString& part) {
+        mDialogs.Expect([part](QDialog& dialog) { ChooseAndAccept(dialog, part); });
+    }
+};
+
+TEST_F(LinkJourneyTest, SelectedWordsBecomeALinkThatLeadsToTheMember) {
+    WriteOnDog("Unlike a cat it barks");
+    SelectLetters(9, 3, "cat");
+    ExpectLinkTo("Purr");
+    PressOnPage(Qt::Key_K, Qt::ControlModifier);
+    const std::string wanted = "Unlike a <a href=\"zoo~animals~Cat~Purr.html\">cat</a> it barks;";
+    EXPECT_TRUE(WaitUntil([&] { return TextOf(kDog, "##") == wanted; })) << TextOf(kDog, "##");
+    EXPECT_TRUE(IsTitleMarked());
+
+    EXPECT_EQ(FollowLinksUntil(kPurr), kPurr);
+}
+
+TEST_F(LinkJourneyTest, WithoutASelectionTheCaptionIsTheNameOfTheItem) {
+    WriteOnDog("See ");
+    ExpectLinkTo("Purr");
+    PressOnPage(Qt::Key_K, Qt::ControlModifier);
+    EXPECT_TRUE(WaitUntil([&] {
+        return TextOf(kDog, "##").find("<a href=\"zoo~animals~Cat~Purr.html\">Purr</a>") !=
+               std::string::npos;
+    })) << TextOf(kDog, "##");
+}
+
+TEST_F(LinkJourneyTest, ACancelledDialogLeavesTheText) {
+    WriteOnDog("Unlike a cat");
+    SelectLetters(9, 3, "cat");
+    bool came = false;
+    mDialogs.Expect([&](QDialog& dialog) {
+        came = true;
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    mWindow->GetAction("Link")->trigger();
+    EXPECT_TRUE(came);
+    Editor().CommitEdit();
+    EXPECT_EQ(TextOf(kDog, "##"), "Unlike a cat;");
+}
+
+TEST_F(LinkJourneyTest, TheDesignerOfATagAsksOnceToo) {
+    OpenProject();
+    ClickExpander("zoo~animals");
+    OpenPage(kDog);
+    ChooseTab(kRemarks);
+    WaitForPage();
+    mWindow->activateWindow();
+    Page().GetSurface()->FocusText();
+    ASSERT_TRUE(WaitUntil([&] { return Edit()->IsCommandEnabled("createlink"); }));
+    int came = 0;
+    mDialogs.Expect([&](QDialog& dialog) {
+        ++came;
+        dialog.reject();
+    });
+    mWindow->GetAction("Link")->trigger();
+    Settle();
+    EXPECT_EQ(came, 1);
+    ExpectLinkTo("Age");
+    mWindow->GetAction("Link")->trigger();
+    EXPECT_TRUE(WaitUntil([&] {
+        return TextOf(kDog, kRemarks).find("<a href=\"zoo~animals~Dog~Age.html\">Age</a>") !=
+               std::string::npos;
+    })) << TextOf(kDog, kRemarks);
+    Edit()->UserHyperlinkClick("file:///zoo~animals~Dog~Age.html");
+    EXPECT_EQ(Selected(), "zoo~animals~Dog~Age");
+}
+
+TEST_F(LinkJourneyTest, AnIncompleteLinkKeepsTheDialogOpen) {
+    WriteOnDog("Unlike a cat");
+    SelectLetters(9, 3, "cat");
+    mDialogs.Expect([&](QDialog& dialog) {
+        const auto press = [&](const char* text) {
+            auto* button = ButtonOf(dialog, text);
+            ASSERT_TRUE(button) << text;
+            QTest::mouseClick(button, Qt::LeftButton);
+        };
+        for (auto* item : dialog.findChildren<QAbstractButton*>())
+            if (item->text().contains("Internet")) item->click();
+        mDialogs.ExpectBox("OK");
+        for (auto* field : dialog.findChildren<QLineEdit*>())
+            if (field->isVisible()) field->clear();
+        press("OK");
+        EXPECT_TRUE(dialog.isVisible());
+        dialog.reject();
+    });
+    mWindow->GetAction("Link")->trigger();
+    EXPECT_EQ(TextOf(kDog, "##"), "Unlike a cat;");
+}
+
+TEST_F(LinkJourneyTest, WithoutAPlaceToWriteOnTheWindowTellsWhatToDo) {
+    OpenProject();
+    mWindow->GetAction("Link")->trigger();
+    EXPECT_NE(Status().find("A link stands in a text"), std::string::npos) << Status();
+}
+
+} // namespace
+} // namespace paperkite::test
