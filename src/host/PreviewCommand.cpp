@@ -1,12 +1,11 @@
 #include "host/PreviewCommand.h"
 
-#include "foundation/PreviewLog.h"
 #include "foundation/Services.h"
 #include "foundation/Text.h"
 #include "host/HeadlessServices.h"
+#include "host/ItemPage.h"
 #include "model/PageTemplateDocument.h"
 #include "model/SafeFile.h"
-#include "model/TemplateParser.h"
 
 #include <filesystem>
 #include <ostream>
@@ -69,12 +68,6 @@ Ref<PageTemplateDocument> FindTemplate(const std::string& wanted, Output& output
     return {};
 }
 
-bool Serves(const PageLayout& layout, const std::string& level) {
-    for (const std::string& name : Split(layout.Namespaces, ","))
-        if (EqualIgnoringCase(TrimWhiteSpace(name), level)) return true;
-    return false;
-}
-
 /// The layout that is wanted, or the first one for the level; nothing, and said why, when there is
 /// none.
 Ref<PageLayout> FindLayout(const PageTemplate& from, const std::string& wanted,
@@ -92,16 +85,6 @@ Ref<PageLayout> FindLayout(const PageTemplate& from, const std::string& wanted,
     if (!fitting.empty()) message += " For this item it has " + Join(fitting, " and ") + ".";
     output.Fail(message);
     return {};
-}
-
-Ref<SourceItem> ItemWithPage(const Ref<Object>& item) {
-    const auto parameter = item.As<ParameterItem>();
-    return parameter ? parameter->GetCallable() : item.As<SourceItem>();
-}
-
-std::string LevelOf(const SourceItem& item) {
-    return std::string(kSourceMoniker) + ":" +
-           std::string(KindText(item.GetIndex().Kind(item.GetEntity())));
 }
 
 /// Copies what pages need beside them. Nothing is replaced that says something else.
@@ -125,32 +108,6 @@ std::optional<std::string> CopyFiles(const PageTemplate& from, const fs::path& f
     return {};
 }
 
-struct MadePage {
-    std::string Text;
-    std::vector<std::string> Mistakes; ///< in the tags of the layout
-    std::vector<std::string> Missing;  ///< what the page cannot show
-};
-
-MadePage MakePage(ProjectSession& session, const Ref<SourceItem>& item,
-                  const Ref<PageTemplate>& from, const std::string& layout, bool isForEdit,
-                  bool hasFiles) {
-    const auto log = MakeRef<PreviewLog>();
-    session.GetProject()->Log = log;
-    const auto provider = session.GetProvider()->GetDataProvider()->Clone();
-    provider->Set("ForEdit", Value(isForEdit));
-    provider->Set("PageLinks", Value(false));
-    provider->Set("InlineStyles", Value(!hasFiles));
-    provider->Set("Template", Value(from));
-    provider->Set("Project", Value(Ref<Object>(session.GetProject())));
-    provider->Call("Prepare", {Value(Ref<NamespaceDef>()), Value(item), Value(""), Value()});
-    const auto parser = MakeRef<TemplateParser>();
-    parser->SetPageLayoutTags();
-    parser->LoadText(layout);
-    parser->SetDataProvider(provider);
-    parser->SetUseProvidedText(true);
-    return {parser->Parse(), Split(parser->GetParseErrors(), "\n"), log->Messages};
-}
-
 } // namespace
 
 int PreviewCommand::Run(const CommandTarget& target, Output& output) const {
@@ -170,7 +127,7 @@ int PreviewCommand::Run(const CommandTarget& target, Output& output) const {
     if (!Out.empty())
         if (const auto problem = CopyFiles(*from, fs::absolute(Out).parent_path()))
             return output.Fail(*problem);
-    const MadePage page = MakePage(session, item, from, text, Edit, !Out.empty());
+    const ItemPage page = MakeItemPage(session, item, from, text, {Edit, !Out.empty()});
     for (const std::string& mistake : page.Mistakes)
         output.Err << from->PathOf(*layout) << ": " << mistake << '\n';
     for (const std::string& missing : page.Missing)

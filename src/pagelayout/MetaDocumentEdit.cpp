@@ -72,6 +72,16 @@ void MetaDocumentEdit::zMakeCommands() {
     for (const auto& command : {edit, remove, help, cut, copy})
         meta.Add(command);
 
+    const auto images = MakeRef<ImageList>();
+    images->Add("btnMetaAdd", {"list-add", {}, {}});
+    images->Add("btnMetaEdit", {"document-properties", {}, {}});
+    images->Add("btnMetaDelete", {"edit-delete", {}, {}});
+    images->Add("btnMetaHelp", {"help-contents", {}, {}});
+    images->Add("btnCut", {"edit-cut", {}, {}});
+    images->Add("btnCopy", {"edit-copy", {}, {}});
+    images->Add("btnPaste", {"edit-paste", {}, {}});
+    dksUI->SetImageList(images);
+
     const auto bar = dksUI->AddToolbar("Elements");
     for (const auto& command : {insert, edit, remove})
         bar->Add(command);

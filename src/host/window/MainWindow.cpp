@@ -3,6 +3,7 @@
 #include "host/CommentHistory.h"
 #include "host/window/BackgroundReading.h"
 #include "host/window/CoverageStatus.h"
+#include "host/window/LayoutWindow.h"
 #include "host/window/LinkDialogs.h"
 #include "host/window/SafeKeeping.h"
 
@@ -216,7 +217,7 @@ void MainWindow::KeepAppearance() {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-    if (SavedOrGivenUp())
+    if ((!mLayoutWindow || mLayoutWindow->GiveUp()) && SavedOrGivenUp())
         event->accept();
     else
         event->ignore();

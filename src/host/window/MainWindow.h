@@ -29,6 +29,7 @@ class CommentHistory;
 class CoverageStatus;
 class FindDialog;
 class HomelessStatus;
+class LayoutWindow;
 class LinkDialogs;
 class LinksDialog;
 class ProjectLock;
@@ -65,6 +66,8 @@ public:
     Workspace* GetWorkspace() const { return mWorkspace.get(); }
     /// The action of a menu entry by its name ("Save", "NextUndocumented" …), or nullptr.
     QAction* GetAction(const QString& name) const;
+    /// The window of page layouts; nothing before it was opened.
+    LayoutWindow* GetLayoutWindow() const { return mLayoutWindow; }
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -88,6 +91,9 @@ private:
     /// The kinds of comments as a tool bar above the surfaces instead of the bar beside them.
     void ShowTypesAsToolbar(bool value);
     void SetTemplate(const Ref<PageTemplate>& value);
+    void ShowLayouts();
+    /// A layout is another one: the page that is shown is made anew.
+    void LayoutSaved();
     /// The template that the author chose last, if it is there, and the form of the bar.
     void RestoreTemplate();
     void AddScheme(QMenu& menu, QActionGroup& group, const QString& text, ColourScheme scheme);
@@ -221,6 +227,7 @@ private:
     QMenu* mTemplateMenu = nullptr;
     QLabel* mRecentLinks = nullptr;
     FindDialog* mFindDialog = nullptr;
+    LayoutWindow* mLayoutWindow = nullptr;
     LinksDialog* mLinksDialog = nullptr;
     QLabel* mPath;
     QLabel* mModified;

@@ -137,6 +137,8 @@ void MainWindow::MakeViewMenu() {
     mActions.insert("TypesToolbar", types);
     mTemplateMenu = menu.addMenu(tr("Page &Template"));
     connect(mTemplateMenu, &QMenu::aboutToShow, this, [this] { FillTemplateMenu(); });
+    AddAction(menu, "PageLayouts", tr("Page La&youts …"), "text-html", QKeySequence("Ctrl+Shift+L"),
+              &MainWindow::ShowLayouts);
     QMenu& colours = *menu.addMenu(tr("&Colours"));
     auto* group = new QActionGroup(this);
     AddScheme(colours, *group, tr("As the &System"), ColourScheme::System);

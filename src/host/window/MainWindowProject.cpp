@@ -4,6 +4,7 @@
 #include "host/window/BackgroundReading.h"
 #include "host/window/CoverageStatus.h"
 #include "host/window/FindDialog.h"
+#include "host/window/LayoutWindow.h"
 #include "host/window/LinkDialogs.h"
 #include "host/window/LinksDialog.h"
 #include "host/window/NewProjectDialog.h"
@@ -159,6 +160,7 @@ void MainWindow::AddFinder() {
 void MainWindow::HideProject() {
     if (!mWorkspace) return;
     mReading->Stop();
+    if (mLayoutWindow) mLayoutWindow->SetWorkspace(nullptr);
     mLinks.reset();
     mKeeping.reset();
     mNotMerged.clear();

@@ -1,0 +1,59 @@
+#include "host/LayoutFile.h"
+
+#include "model/SafeFile.h"
+
+#include <unistd.h>
+
+#include <filesystem>
+
+namespace paperkite {
+
+LayoutFile::LayoutFile(Ref<PageTemplateDocument> owner, Ref<PageLayout> layout)
+    : mTemplate(std::move(owner)), mLayout(std::move(layout)) {}
+
+bool LayoutFile::IsWritable() const {
+    const std::string folder = std::filesystem::path(GetPath()).parent_path().string();
+    return access(GetPath().c_str(), W_OK) == 0 && access(folder.c_str(), W_OK) == 0;
+}
+
+void LayoutFile::Take(const std::string& bytes) {
+    mBytes = bytes;
+    const LayoutPrologue prologue(bytes);
+    mPrologue = prologue.GetPrologue();
+    mRest = prologue.GetRest();
+}
+
+std::optional<FileProblem> LayoutFile::Read() {
+    std::string bytes;
+    if (auto problem = mTemplate->ReadLayout(*mLayout, bytes)) return problem;
+    Take(bytes);
+    return {};
+}
+
+std::string LayoutFile::With(const std::string& text) const {
+    return mPrologue + text;
+}
+
+std::optional<FileProblem> LayoutFile::Write(const std::string& text, Others others) {
+    std::string present;
+    const bool isThere = !mTemplate->ReadLayout(*mLayout, present);
+    if (others == Others::Keep && isThere && present != mBytes)
+        return FileProblem{FileProblem::ReasonCode::ChangedOnDisk,
+                           GetPath(),
+                           0,
+                           0,
+                           "Somebody else changed this layout since it was opened.",
+                           "Replace it, or save a copy and put both together."};
+    const std::string bytes = With(text);
+    if (auto problem = mTemplate->WriteLayout(*mLayout, bytes)) return problem;
+    mBytes = bytes;
+    mRest = text;
+    return {};
+}
+
+std::optional<FileProblem> LayoutFile::WriteCopy(const std::string& text,
+                                                 const std::string& path) const {
+    return SafeFile::Write(path, With(text));
+}
+
+} // namespace paperkite
