@@ -3,6 +3,8 @@
 
 #include "foundation/Services.h"
 #include "pagelayout/MetaDocumentEdit.h"
+#include "pagelayout/frmEditMetaSpan.h"
+#include "platform/qt/PagePoint.h"
 
 #include <memory>
 #include <string>
@@ -116,6 +118,73 @@ void Libraries(benchmark::State& state, std::int64_t size) {
     }
 }
 
+const std::vector<std::int64_t> kElementCounts{500, 5'000, 50'000};
+
+/// A layout with that many elements under edit, with a page that takes commands and does nothing:
+/// what is measured is what is done to an element on the way to the engine, and not the engine.
+class LayoutUnderEdit : private HtmlEditObserver {
+public:
+    explicit LayoutUnderEdit(std::int64_t count) {
+        const auto space = MakeRef<TemplateNamespace>();
+        space->Moniker = "kite.source";
+        const auto definition = MakeRef<ElementDef>();
+        definition->Name = "member";
+        const auto attribute = MakeRef<AttributeDef>();
+        attribute->Name = "name";
+        definition->AttributeDefs.Add(attribute, attribute->Name);
+        space->ElementDefs.Add(definition, definition->Name);
+        mTemplate->Namespaces = {space};
+        std::string layout = "<html><body>";
+        for (std::int64_t number = 0; number < count; ++number)
+            layout += "<p>Text <!--KITEMETADATA start type=\"member\" name=\"part\"-->Part"
+                      "<!--KITEMETADATA end--></p>";
+        mEdit.SetTemplate(mTemplate);
+        mEdit.Initialize();
+        mEdit.SetDocumentHTML(layout + "</body></html>");
+        mTie = mEdit.dedDocument->Observe(*this);
+    }
+
+    std::size_t Commands() const { return mCommands; }
+    void InsertEditDelete() {
+        Form::SetDefaultRunner([](Form& shown, FormMode) {
+            auto& form = dynamic_cast<frmEditMetaSpan&>(shown);
+            const auto& tree = form.ctlBuilder->tvwElements;
+            if (form.GetIsAdd()) tree->UserClick(tree->Nodes.GetFirst()->GetChild());
+            form.SetText("Part");
+            form.cmdOK->UserClick();
+        });
+        mEdit.InsertMetaData();
+        const QString id =
+            QStringLiteral("metaspanstart%1").arg(mEdit.GetSpanProvider()->Elements.Count());
+        const auto replace = [this](const std::string& html) { mCommands += 1 + html.size(); };
+        const auto point = PagePoint::Of({{"SPAN", id}, {"P", ""}, {"BODY", ""}}, replace);
+        mEdit.dedDocument->UserPoint(point);
+        mEdit.EditMetaData();
+        mEdit.dedDocument->UserPoint(point);
+        mEdit.DeleteMetaData();
+        Form::SetDefaultRunner({});
+    }
+
+private:
+    bool IsShowingPage() const override { return true; }
+    void CommandWanted(const std::string&, const std::vector<std::string>& arguments) override {
+        mCommands += arguments.size();
+    }
+
+    Ref<PageTemplate> mTemplate = MakeRef<PageTemplate>();
+    MetaDocumentEdit mEdit;
+    std::size_t mCommands = 0;
+    Connection mTie;
+};
+
+void OneElement(benchmark::State& state, std::int64_t count) {
+    auto& layout = const_cast<LayoutUnderEdit&>(
+        MadeOnce(count, [](std::int64_t size) { return std::make_unique<LayoutUnderEdit>(size); }));
+    for (auto _ : state)
+        layout.InsertEditDelete();
+    if (layout.Commands() == 0) state.SkipWithError("nothing was written");
+}
+
 } // namespace
 
 void AddLayoutRows(std::vector<Row>& rows) {
@@ -132,6 +201,15 @@ void AddLayoutRows(std::vector<Row>& rows) {
                     Judged::Growth,
                     1.1,
                     3});
+    rows.push_back({"layout.element",
+                    "insert, edit, delete an element among 500 to 50,000, without the engine",
+                    OneElement,
+                    "",
+                    {},
+                    kElementCounts,
+                    Judged::Growth,
+                    0.1,
+                    5});
 }
 
 } // namespace paperkite::bench

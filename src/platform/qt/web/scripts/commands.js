@@ -108,7 +108,9 @@ kite.run = function (name, args) {
     const place = kite.selectedPlace();
     if (!place || !kite.actions[name]) return;
     kite.actions[name](...args);
-    kite.freeLists(kite.whole ? kite.within('div, section, article, td, li') || place : place);
+    // A long page is not searched through for what only stands where the author is.
+    const paragraph = kite.whole ? kite.within('p') : place;
+    if (paragraph) kite.freeLists(kite.whole ? paragraph.parentElement : place);
     kite.changed(place);
 };
 

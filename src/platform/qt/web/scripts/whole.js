@@ -130,7 +130,7 @@ kite.refreshSpans = function (html) {
     holder.innerHTML = html;
     const fresh = holder.content.firstElementChild;
     const id = fresh && fresh.id.startsWith('metaspan') ? fresh.id : '';
-    const shown = id ? document.querySelectorAll('span[id="' + CSS.escape(id) + '"]') : [];
+    const shown = id ? document.querySelectorAll('#' + CSS.escape(id)) : [];
     for (const span of shown) span.innerHTML = fresh.innerHTML;
     return shown.length > 0;
 };
