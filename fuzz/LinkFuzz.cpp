@@ -3,6 +3,7 @@
 #include "foundation/HtmlText.h"
 #include "foundation/Text.h"
 #include "fuzz/FuzzTarget.h"
+#include "links/HelpLinkDesigner.h"
 
 namespace paperkite::fuzz {
 namespace {
@@ -26,6 +27,20 @@ void CheckTarget(const std::string& address) {
     Require(decoded.size() <= address.size(), "decoding makes more of a text");
 }
 
+/// The panel that composes topics and the check agree on what one is.
+void CheckDesigner(const std::string& address) {
+    HelpLinkDesigner designer("designer");
+    designer.SethRef(address);
+    const std::string written = designer.GethRef();
+    designer.SethRef(written);
+    Require(designer.GethRef() == written, "a link reads back as another one: " + written);
+    const LinkTarget target = LinkTarget::Of(address);
+    if (target.What != LinkTarget::Kind::HelpTopic) return;
+    designer.SethRef(target.Address);
+    Require(designer.GethRef() == target.Address, "a topic is not taken apart: " + target.Address);
+    Require(designer.Validate(true), "a topic lacks something: " + target.Address);
+}
+
 std::string AsAttribute(const std::string& text) {
     return ReplaceAll(HtmlText::Escaped(text), "\"", "&quot;");
 }
@@ -33,6 +48,7 @@ std::string AsAttribute(const std::string& text) {
 const FuzzTarget target("link", [](std::string_view input) {
     const std::string text(input);
     CheckTarget(text);
+    CheckDesigner(text);
     for (const CommentLinks::Link& link : CommentLinks::Find(text))
         CheckTarget(link.Address);
     const auto links = CommentLinks::Find("<p><a href=\"" + AsAttribute(text) + "\">b</a></p>");

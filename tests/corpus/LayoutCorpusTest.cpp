@@ -201,5 +201,40 @@ TEST(LayoutCorpusTest, WhatStandsInFrontOfTheRootIsPutBackByteForByte) {
     CurrentServices() = before;
 }
 
+TEST(LayoutCorpusTest, EmptyAndBareTextsBecomePages) {
+    const std::string page = "<html>\n<head>\n</head>\n<body>\n</body>\n</html>\n";
+    EXPECT_EQ(LayoutTrip("").Saved(), page);
+    EXPECT_EQ(LayoutTrip(" \n").Saved(), " \n" + page);
+    const LayoutTrip bare("only words");
+    EXPECT_NE(bare.Saved().find("only words"), std::string::npos);
+    EXPECT_EQ(LayoutTrip(bare.Saved()).Saved(), bare.Saved());
+    EXPECT_EQ(bare.Messages(), "");
+}
+
+TEST(LayoutCorpusTest, TagsThatAreRefusedAreToldAndKept) {
+    for (const std::string tag :
+         {"<!--KITEMETADATA start type=\"x-->a<!--KITEMETADATA end-->",
+          "<!--KITEMETADATA start type=\"x\"-->never ended", "a<!--KITEMETADATA end-->",
+          "<!--KITEMETADATA start =\"x\"-->a<!--KITEMETADATA end-->",
+          "<!--KITEMETADATA start a=\"1\" a=\"2\"-->a<!--KITEMETADATA end-->"}) {
+        const LayoutTrip trip("<html><body><p>x</p>" + tag + "<p>y</p></body></html>");
+        EXPECT_EQ(trip.Messages().find("This page layout file contained"), 0u) << tag;
+        EXPECT_NE(trip.Messages().find("Line 1, column "), std::string::npos) << tag;
+        EXPECT_NE(trip.Saved().find(tag), std::string::npos) << trip.Saved();
+    }
+}
+
+TEST(LayoutCorpusTest, AHugeLayoutComesThrough) {
+    std::string body;
+    for (int number = 0; number < 5000; ++number)
+        body += "<p>a <!--KITEMETADATA start type=\"x" + std::to_string(number) +
+                "\"-->Text<!--KITEMETADATA end--></p>\n";
+    const std::string html = "<!DOCTYPE html>\n<html><body>\n" + body + "<p>" +
+                             std::string(1'000'000, 'z') + "</p></body></html>\n";
+    const LayoutTrip once(html);
+    EXPECT_EQ(LayoutTrip::Sources(once.Saved()), LayoutTrip::Sources(html));
+    EXPECT_EQ(LayoutTrip(once.Saved()).Saved(), once.Saved());
+}
+
 } // namespace
 } // namespace paperkite::test

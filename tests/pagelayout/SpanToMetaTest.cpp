@@ -175,6 +175,17 @@ TEST_F(SpanToMetaTest, ADoubledSpanGivesItsElementTwice) {
     EXPECT_EQ(ToMeta(Page(span + "," + span)), Page(Meta("a") + "," + Meta("a")));
 }
 
+TEST_F(SpanToMetaTest, AMovedSpanTakesItsElementAlong) {
+    std::string spans = ToSpan(Page("<p>1" + Meta("a") + "</p><p>2" + Meta("b") + "</p>"));
+    const std::size_t from = spans.find("<span"), to = spans.find("</span>") + 7;
+    const std::string span = spans.substr(from, to - from);
+    spans.erase(from, span.size());
+    spans.insert(spans.rfind("</p>"), span);
+    const std::string meta = ToMeta(spans);
+    EXPECT_EQ(meta, Page("<p>1</p><p>2" + Meta("b") + Meta("a") + "</p>"));
+    EXPECT_EQ(Numbers(ToSpan(meta)), "1 2 ") << "they are numbered anew in their order";
+}
+
 TEST_F(SpanToMetaTest, TheTextInsideASpanIsNeverRead) {
     ToSpan(Page("1" + Meta("a", "kept")));
     EXPECT_EQ(ToMeta(Page("<span id=\"metaspanstart1\">anything <i>else</i></span>")),
