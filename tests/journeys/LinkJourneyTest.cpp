@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QTest>
+#include <QTimer>
 
 // An author links words of a comment to an item, without knowing how a link is written.
 
@@ -16,6 +17,8 @@ namespace {
 
 constexpr const char* kDog = "zoo~animals~Dog";
 constexpr const char* kPurr = "zoo~animals~Cat~Purr";
+/// Long enough for a link to lead somewhere.
+constexpr int kLinkMilliseconds = 3000;
 constexpr const char* kRemarks = "##remarks";
 
 QLineEdit* FieldOf(QWidget& window, const QString& placeholder) {
@@ -28,6 +31,25 @@ QAbstractButton* ButtonOf(QWidget& window, const QString& text) {
     for (auto* button : window.findChildren<QAbstractButton*>())
         if (button->isVisible() && button->text().remove('&') == text) return button;
     return nullptr;
+}
+
+void PressOK(QDialog& dialog) {
+    auto* button = ButtonOf(dialog, "OK");
+    ASSERT_TRUE(button);
+    QTest::mouseClick(button, Qt::LeftButton);
+}
+
+/// Chooses the kind of addresses, and types one.
+void WriteURL(QDialog& dialog, const QString& address) {
+    auto* kind = ButtonOf(dialog, "Link to an Internet or other URL");
+    ASSERT_TRUE(kind);
+    QTest::mouseClick(kind, Qt::LeftButton);
+    for (auto* field : dialog.findChildren<QLineEdit*>()) {
+        if (!field->isVisible()) continue;
+        field->selectAll();
+        QTest::keyClick(field, Qt::Key_Delete);
+        QTest::keyClicks(field, address);
+    }
 }
 
 /// Types a part of a name, takes the first item that is found, and says OK.
@@ -73,9 +95,15 @@ protected:
             for (int tabs = 0; tabs <= link; ++tabs)
                 PressOnPage(Qt::Key_Tab);
             PressOnPage(Qt::Key_Return);
-            WaitUntil([&] { return Selected() != kDog; });
+            WaitUntil([&] { return Selected() != kDog; }, kLinkMilliseconds);
         }
         return Selected();
+    }
+    /// What opens boxes of its own is done outside the look for dialogs, which finds them.
+    void ExpectSteps(std::function<void(QDialog&)> steps) {
+        mDialogs.Expect([steps = std::move(steps)](QDialog& dialog) {
+            QTimer::singleShot(0, &dialog, [steps, &dialog] { steps(dialog); });
+        });
     }
     void ExpectLinkTo(const QString& part) {
         mDialogs.Expect([part](QDialog& dialog) { ChooseAndAccept(dialog, part); });
@@ -95,7 +123,7 @@ TEST_F(LinkJourneyTest, SelectedWordsBecomeALinkThatLeadsToTheMember) {
 }
 
 TEST_F(LinkJourneyTest, WithoutASelectionTheCaptionIsTheNameOfTheItem) {
-    WriteOnDog("See ");
+    WriteOnDog("See");
     ExpectLinkTo("Purr");
     PressOnPage(Qt::Key_K, Qt::ControlModifier);
     EXPECT_TRUE(WaitUntil([&] {
@@ -148,23 +176,37 @@ TEST_F(LinkJourneyTest, TheDesignerOfATagAsksOnceToo) {
 TEST_F(LinkJourneyTest, AnIncompleteLinkKeepsTheDialogOpen) {
     WriteOnDog("Unlike a cat");
     SelectLetters(9, 3, "cat");
-    mDialogs.Expect([&](QDialog& dialog) {
-        const auto press = [&](const char* text) {
-            auto* button = ButtonOf(dialog, text);
-            ASSERT_TRUE(button) << text;
-            QTest::mouseClick(button, Qt::LeftButton);
-        };
-        for (auto* item : dialog.findChildren<QAbstractButton*>())
-            if (item->text().contains("Internet")) item->click();
+    ExpectSteps([&](QDialog& dialog) {
+        WriteURL(dialog, "");
         mDialogs.ExpectBox("OK");
-        for (auto* field : dialog.findChildren<QLineEdit*>())
-            if (field->isVisible()) field->clear();
-        press("OK");
+        PressOK(dialog);
+        EXPECT_EQ(mDialogs.GetText(), ": Please provide a URL to link to, or click Cancel");
         EXPECT_TRUE(dialog.isVisible());
         dialog.reject();
     });
     mWindow->GetAction("Link")->trigger();
     EXPECT_EQ(TextOf(kDog, "##"), "Unlike a cat;");
+}
+
+TEST_F(LinkJourneyTest, AScriptIsKeptAsTextOnlyWhenTheAuthorKnowsIt) {
+    WriteOnDog("Unlike a cat");
+    SelectLetters(9, 3, "cat");
+    ExpectSteps([&](QDialog& dialog) {
+        WriteURL(dialog, "javascript:alert(1)");
+        mDialogs.ExpectBox("No");
+        PressOK(dialog);
+        EXPECT_NE(mDialogs.GetText().find("nothing ever runs it"), std::string::npos);
+        EXPECT_TRUE(dialog.isVisible());
+        mDialogs.ExpectBox("Yes");
+        PressOK(dialog);
+    });
+    mWindow->GetAction("Link")->trigger();
+    EXPECT_TRUE(WaitUntil([&] {
+        return TextOf(kDog, "##") == "Unlike a <a href=\"javascript:alert(1)\">cat</a>;";
+    })) << TextOf(kDog, "##");
+    mDialogs.ExpectBox("OK");
+    Edit()->UserHyperlinkClick("javascript:alert(1)");
+    EXPECT_NE(mDialogs.GetText().find("is not opened from here"), std::string::npos);
 }
 
 TEST_F(LinkJourneyTest, WithoutAPlaceToWriteOnTheWindowTellsWhatToDo) {

@@ -81,13 +81,14 @@ private:
         mMatches->appendRow(row);
     }
 
-    /// False where there is nothing left to choose, or where the author marked another match.
+    /// The match that is marked, or the first one; false where there is nothing left to choose.
     bool ChooseFirst() {
-        if (mCompleter->popup()->isVisible() && mCompleter->popup()->currentIndex().isValid())
+        const QModelIndex marked = mCompleter->popup()->currentIndex();
+        const bool isMarked = mCompleter->popup()->isVisible() && marked.isValid();
+        const QModelIndex index = isMarked ? marked : mMatches->index(0, 0);
+        if (!mIsAsked || !index.isValid() || !index.flags().testFlag(Qt::ItemIsEnabled))
             return false;
-        const QStandardItem* first = mIsAsked ? mMatches->item(0) : nullptr;
-        if (!first || !first->isEnabled()) return false;
-        Choose(first->data(kNameRole).toString());
+        Choose(index.data(kNameRole).toString());
         return true;
     }
 
