@@ -53,6 +53,7 @@ public:
         setEnabled(item.GetEnabled());
         const int rows = std::max(1, static_cast<int>(item.GetHeight()));
         setMinimumHeight(std::max(height, fontMetrics().height() * rows + 8));
+        mWraps = rows > 1;
         setMinimumWidth(64);
         setMouseTracking(true);
         QFont bold = font();
@@ -60,6 +61,15 @@ public:
         setFont(bold);
         Choose(item.GetSelected());
         if (item.GetBold()) setAccessibleDescription(tr("in use"));
+    }
+
+    bool hasHeightForWidth() const override { return mWraps; }
+
+    int heightForWidth(int width) const override {
+        const int room = width - kSide - 8 - (icon().isNull() ? 0 : iconSize().width() + 8);
+        const QRect endless(0, 0, std::max(1, room), QWIDGETSIZE_MAX);
+        const QRect taken = fontMetrics().boundingRect(endless, Qt::TextWordWrap, text());
+        return std::max(minimumHeight(), taken.height() + 8);
     }
 
     // Qt does not let the last choice of a card be taken away, the bar does.
@@ -89,7 +99,8 @@ protected:
         painter.setPen(
             palette().color(group, isChecked() ? QPalette::HighlightedText : QPalette::Text));
         const int wraps = Qt::AlignVCenter | Qt::AlignLeft | Qt::TextWordWrap;
-        const bool fits = room.contains(fontMetrics().boundingRect(room, wraps, text()));
+        const bool fits =
+            fontMetrics().boundingRect(room, wraps, text()).height() <= room.height() && mWraps;
         painter.drawText(room, wraps,
                          fits ? text()
                               : fontMetrics().elidedText(text(), Qt::ElideRight, room.width()));
@@ -109,6 +120,9 @@ protected:
         QRadioButton::leaveEvent(event);
         update();
     }
+
+private:
+    bool mWraps = false;
 };
 
 /// The caption of a card, shortened to the room that there is.
