@@ -3,6 +3,7 @@
 #include "foundation/ScopeExit.h"
 #include "foundation/Services.h"
 #include "foundation/Text.h"
+#include "pagelayout/ParsedLayout.h"
 
 namespace paperkite {
 
@@ -11,6 +12,10 @@ namespace {
 constexpr int kNormalView = 0;
 constexpr int kSourceView = 1;
 constexpr int kPreviewView = 2;
+/// What stands in the editor for an element that is not shown as a span, with its number between.
+constexpr const char* kExcluded = "<!--kiteelement";
+constexpr const char* kExcludedEnd = "-->";
+constexpr std::size_t kMostElements = 100'000'000;
 constexpr const char* kBaseURL = "BaseURL";
 constexpr const char* kContextMenu = "mnuContext";
 constexpr const char* kMetaContextMenu = "mnuMetaContext";
@@ -165,7 +170,8 @@ std::string MetaDocumentEdit::GetDocumentHTML() {
     return Procedure<std::string>(*this, "DocumentHTML", [&](std::string& result, Frame&) {
         dedDocument->CommitEdit();
         const std::string text = dedDocument->GetDocumentHTML();
-        result = iView == kSourceView ? text : ConvertSpanDocumentToMetaDocument(text);
+        result =
+            iView == kSourceView ? text : ConvertSpanDocumentToMetaDocument(zShowExcluded(text));
     });
 }
 
@@ -174,10 +180,55 @@ void MetaDocumentEdit::SetDocumentHTML(const std::string& value) {
         Watch watchValue(frame, "value", value);
         const std::string spans = ConvertMetaDocumentToSpanDocument(value);
         // The source view holds layouts only.
-        dedDocument->SetDocumentHTML(iView == kSourceView ? value : spans);
+        dedDocument->SetDocumentHTML(iView == kSourceView ? value : zHideExcluded(spans));
         mFirstLoad = false;
         zSetView();
     });
+}
+
+std::string MetaDocumentEdit::zHideExcluded(const std::string& spans) const {
+    if (!mSpanProvider || mSpanProvider->ExcludedElements.Count() == 0) return spans;
+    std::vector<std::size_t> numbers;
+    for (std::size_t number = 1; number <= mSpanProvider->Elements.Count(); ++number)
+        if (mSpanProvider->ExcludedElements.Contains(std::to_string(number)))
+            numbers.push_back(number);
+    std::string text;
+    std::size_t next = 0;
+    const auto parsed = ParsedLayout(spans);
+    for (const auto& piece : parsed->GetSections()->Item(std::size_t{1})->Elements) {
+        if (piece->ElementType != kParserTagElement)
+            text += piece->Text;
+        else if (next < numbers.size())
+            text += std::string(kExcluded) + std::to_string(numbers[next++]) + kExcludedEnd;
+        else
+            return spans;
+    }
+    return next == numbers.size() ? text : spans;
+}
+
+std::string MetaDocumentEdit::zShowExcluded(const std::string& text) const {
+    // In a title a comment is text.
+    const std::string html =
+        ReplaceAll(text, "&lt;!--kiteelement", kExcluded); // its end is looked at below
+    std::string shown;
+    std::size_t from = 0;
+    for (std::size_t at = html.find(kExcluded); at != std::string::npos;
+         at = html.find(kExcluded, at + 1)) {
+        std::size_t end = at + std::string_view(kExcluded).size();
+        std::size_t number = 0;
+        while (end < html.size() && html[end] >= '0' && html[end] <= '9' && number < kMostElements)
+            number = number * 10 + static_cast<std::size_t>(html[end++] - '0');
+        for (const std::string_view close : {kExcludedEnd, "--&gt;"}) {
+            if (html.compare(end, close.size(), close) != 0 || number < 1 ||
+                number > mSpanProvider->Elements.Count())
+                continue;
+            shown.append(html, from, at - from)
+                .append(mSpanProvider->Elements.Item(number)->GetSourceText());
+            from = end + close.size();
+            break;
+        }
+    }
+    return shown.append(html, from);
 }
 
 int MetaDocumentEdit::zActiveView() const {
@@ -213,7 +264,7 @@ void MetaDocumentEdit::zSetView() {
         } else {
             if (!zReadForView(html)) return;
             dedDocument->SetView(HtmlView::Normal);
-            dedDocument->SetDocumentHTML(ConvertMetaDocumentToSpanDocument(html));
+            dedDocument->SetDocumentHTML(zHideExcluded(ConvertMetaDocumentToSpanDocument(html)));
         }
         hdrElements->SetVisible(NewView == kNormalView && iWarningVisible);
         iView = NewView;

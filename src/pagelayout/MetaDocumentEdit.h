@@ -155,6 +155,10 @@ private:
     void zUpdateCommands();
     void zSetView();
     int zActiveView() const;
+    /// A span document for the editor, and back: no document would leave the elements that stay as
+    /// they are where they stand, so that bare comments stand for them meanwhile.
+    std::string zHideExcluded(const std::string& spans) const;
+    std::string zShowExcluded(const std::string& text) const;
     /// The text of the editor as a layout, for another view; false where it cannot be converted.
     bool zReadForView(std::string& html);
     void Changed();

@@ -1,3 +1,4 @@
+#include "host/window/LayoutWindow.h"
 #include "host/window/LinkForm.h"
 #include "journeys/PageTest.h"
 #include "platform/qt/FormView.h"
@@ -9,6 +10,7 @@
 #include <QMenu>
 #include <QTest>
 #include <QTimer>
+#include <QTreeView>
 
 // An author links words of a comment to an item, without knowing how a link is written.
 
@@ -65,6 +67,19 @@ void ChooseAndAccept(QDialog& dialog, const QString& part) {
     QTest::mouseClick(button, Qt::LeftButton);
 }
 
+/// Chooses the kind of an element in the dialog that asks for one, and says OK.
+void ChooseElement(QDialog& dialog, const QString& kind) {
+    for (auto* tree : dialog.findChildren<QTreeView*>()) {
+        const auto found = tree->model()->match(tree->model()->index(0, 0), Qt::DisplayRole, kind,
+                                                1, Qt::MatchExactly | Qt::MatchRecursive);
+        if (found.isEmpty()) continue;
+        tree->scrollTo(found.first());
+        QTest::mouseClick(tree->viewport(), Qt::LeftButton, {},
+                          tree->visualRect(found.first()).center());
+    }
+    PressOK(dialog);
+}
+
 class LinkJourneyTest : public PageTest {
 protected:
     /// Shows the page of the dog with a general comment on it.
@@ -105,6 +120,16 @@ protected:
             QTimer::singleShot(0, &dialog, [steps, &dialog] { steps(dialog); });
         });
     }
+    /// What the preview of the layout window shows, as text with tags.
+    static std::string Preview(LayoutWindow& window) {
+        return window.GetPreview()->GetDocumentHTML();
+    }
+    static HtmlEditView* ViewIn(LayoutWindow& window) {
+        for (auto* widget : window.findChildren<QWidget*>())
+            if (auto* view = dynamic_cast<HtmlEditView*>(widget); view && view->isVisible())
+                return view;
+        return nullptr;
+    }
     void ExpectLinkTo(const QString& part) {
         mDialogs.Expect([part](QDialog& dialog) { ChooseAndAccept(dialog, part); });
     }
@@ -120,6 +145,40 @@ TEST_F(LinkJourneyTest, SelectedWordsBecomeALinkThatLeadsToTheMember) {
     EXPECT_TRUE(IsTitleMarked());
 
     EXPECT_EQ(FollowLinksUntil(kPurr), kPurr);
+}
+
+TEST_F(LinkJourneyTest, FromALinkToTheLayoutOfThePageThatItLeadsTo) {
+    WriteOnDog("Unlike a cat it barks");
+    SelectLetters(9, 3, "cat");
+    ExpectLinkTo("Purr");
+    PressOnPage(Qt::Key_K, Qt::ControlModifier);
+    ASSERT_TRUE(WaitUntil([&] { return TextOf(kDog, "##").find("href") != std::string::npos; }));
+    ASSERT_EQ(FollowLinksUntil(kPurr), kPurr);
+
+    mWindow->GetAction("PageLayouts")->trigger();
+    LayoutWindow& layouts = *mWindow->GetLayoutWindow();
+    auto* const view = ViewIn(layouts);
+    ASSERT_TRUE(view);
+    ASSERT_TRUE(WaitUntil([&] { return view->IsReady(); }));
+    EXPECT_EQ(layouts.GetPreviewItem(), kPurr);
+    MetaDocumentEdit& edit = layouts.GetEdit();
+    edit.dedDocument->SetEditFocus();
+    ASSERT_TRUE(WaitUntil([&] { return edit.dedDocument->IsCommandEnabled("bold"); }));
+    QTest::keyClicks(view->GetSurface()->InputWidget(), "Seen here: ");
+    ExpectSteps([](QDialog& dialog) { ChooseElement(dialog, "qualifiedname"); });
+    layouts.GetAction("AddElement")->trigger();
+    ASSERT_TRUE(WaitUntil([&] {
+        return edit.GetDocumentHTML().find("Seen here: <!--KITEMETADATA start") !=
+               std::string::npos;
+    })) << edit.GetDocumentHTML();
+    EXPECT_TRUE(layouts.isWindowModified());
+
+    layouts.GetAction("ViewPreview")->trigger();
+    EXPECT_NE(Preview(layouts).find("Seen here: " + std::string(kPurr)), std::string::npos)
+        << Preview(layouts);
+    mDialogs.ExpectBox("Don't Save");
+    layouts.close();
+    EXPECT_FALSE(layouts.isVisible());
 }
 
 TEST_F(LinkJourneyTest, WithoutASelectionTheCaptionIsTheNameOfTheItem) {

@@ -20,7 +20,8 @@ PageTest::PageTest() {
 
 HtmlEditView& PageTest::Page() const {
     for (auto* widget : mWindow->findChildren<QWidget*>())
-        if (auto* page = dynamic_cast<HtmlEditView*>(widget); page && page->isVisible())
+        if (auto* page = dynamic_cast<HtmlEditView*>(widget);
+            page && page->isVisible() && page->window() == mWindow.get())
             return *page;
     throw std::logic_error("The window shows no page");
 }

@@ -77,9 +77,9 @@ TEST(TemplateParserTest, LiteralTextAndElementsStandInDocumentOrder) {
     EXPECT_EQ(elements.Item(std::size_t{2})->Section.Lock()->Template.Lock(), parser);
 }
 
-TEST(TemplateParserTest, ValuesStandInEitherQuotesBareOrNotAtAll) {
+TEST(TemplateParserTest, ValuesStandInEitherQuotesOrBareAndANameAloneSaysTrue) {
     EXPECT_EQ(Attributes("type=\"a b\" One='it \"is\"' two = bare\n\tthree"),
-              "type=a b;One=it \"is\";two=bare;three=;");
+              "type=a b;One=it \"is\";two=bare;three=true;");
 }
 
 TEST(TemplateParserTest, EntitiesStandForWhatATagCannotHold) {

@@ -179,6 +179,25 @@ TEST_F(LayoutEditingTest, ADeletedElementComesBackByUndo) {
     EXPECT_TRUE(WaitUntil([&] { return Body() == before; })) << Body();
 }
 
+TEST_F(LayoutEditingTest, ElementsThatStayAsTheyAreStayWhereTheyStand) {
+    const std::string row =
+        "<!--KITEMETADATA start type=\"rows\"-->All rows<!--KITEMETADATA end-->";
+    const std::string head = "<!--KITEMETADATA start type=\"head\"-->Styles<!--KITEMETADATA end-->";
+    mEdit.SetDocumentHTML("<html><head><title>" + kName + "</title>" + head +
+                          "</head><body><p>x</p><table><tbody><tr>" + row +
+                          "<td>a</td></tr></tbody></table></body></html>");
+    Ready();
+    Focus();
+    QTest::keyClicks(Input(), "y");
+    ASSERT_TRUE(WaitUntil([&] { return mEdit.GetDirty(); }));
+    const std::string html = mEdit.GetDocumentHTML();
+    EXPECT_NE(html.find("<title>" + kName + "</title>"), std::string::npos) << html;
+    EXPECT_LT(html.find(head), html.find("</head>")) << html;
+    EXPECT_LT(html.find("<tr>"), html.find(row)) << html;
+    EXPECT_LT(html.find(row), html.find("<td>")) << html;
+    EXPECT_NE(html.find("<p>yx</p>"), std::string::npos) << html;
+}
+
 TEST_F(LayoutEditingTest, ACopiedElementIsThereTwice) {
     Open("<p>A " + kName + " b</p><p>end</p>");
     QTest::mouseClick(Input(), Qt::LeftButton, {}, QPoint(120, 26));

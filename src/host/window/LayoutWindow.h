@@ -43,6 +43,7 @@ public:
     MetaDocumentEdit& GetEdit() const { return *mEdit; }
     /// The action of a menu entry by its name ("Save", "AddElement" …), or nullptr.
     QAction* GetAction(const QString& name) const { return mActions.value(name); }
+    const Ref<HtmlEdit>& GetPreview() const { return mPreview; }
     /// The item whose page the preview shows; empty for none.
     const std::string& GetPreviewItem() const { return mPreviewItem; }
     void SetPreviewItem(const std::string& qualifiedName);
