@@ -287,18 +287,27 @@ void LinkBuilder::SetAutoCaption(const std::string& Text) {
 }
 
 bool LinkBuilder::IsPathAURL(const std::string& sPath) const {
-    return PathIsURL(sPath) == 1;
+    return Procedure<bool>(*this, "IsPathAURL", [&](bool& result, Frame& frame) {
+        Watch watchPath(frame, "sPath", sPath);
+        result = PathIsURL(sPath) == 1;
+    });
 }
 
 void LinkBuilder::SetNamespaceProfile(const std::string& value) {
-    mNamespaceProfile = value;
-    MemberLinkDesigner->NamespaceProfile = value;
+    Procedure(*this, "NamespaceProfile", [&](Frame& frame) {
+        Watch watchValue(frame, "value", value);
+        mNamespaceProfile = value;
+        MemberLinkDesigner->NamespaceProfile = value;
+    });
 }
 
 void LinkBuilder::SetDotNetXMLFormat(bool value) {
-    mDotNetXMLFormat = value;
-    MemberLinkDesigner->DotNetXMLFormat = value;
-    HelpTopicLinkDesigner->DotNetXMLFormat = value;
+    Procedure(*this, "DotNetXMLFormat", [&](Frame& frame) {
+        Watch watchValue(frame, "value", value);
+        mDotNetXMLFormat = value;
+        MemberLinkDesigner->DotNetXMLFormat = value;
+        HelpTopicLinkDesigner->DotNetXMLFormat = value;
+    });
 }
 
 void LinkBuilder::UserControl_ReadProperties(const PropertyBag&) {
@@ -317,7 +326,7 @@ void LinkBuilder::eb_SelChange() {
 }
 
 void LinkBuilder::txtCaption_Change() {
-    txtCaption->SetTag({});
+    Procedure(*this, "txtCaption_Change", [&](Frame&) { txtCaption->SetTag({}); });
 }
 
 void LinkBuilder::chkKiteLink_Click() {

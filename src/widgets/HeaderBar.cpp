@@ -22,7 +22,9 @@ void HeaderBar::DumpVariables(VariableDump& dump) const {
         .Add("pRightAlignedImage", pRightAlignedImage)
         .Add("pHotTracking", pHotTracking)
         .Add("pPicture", pPicture.Name)
-        .Add("iHot", iHot);
+        .Add("ioeTracking", ioeTracking)
+        .Add("iHot", iHot)
+        .Add("iColors", iColors);
 }
 
 void HeaderBar::zInitialise() {
@@ -72,9 +74,12 @@ void HeaderBar::SetPicture(const Picture& value) {
 }
 
 void HeaderBar::SetText(const std::string& value) {
-    lblText->SetCaption(value);
-    zDraw();
-    Events.PropertyChanged.Raise("Text");
+    Procedure(*this, "Text", [&](Frame& frame) {
+        Watch watchValue(frame, "value", value);
+        lblText->SetCaption(value);
+        zDraw();
+        Events.PropertyChanged.Raise("Text");
+    });
 }
 
 void HeaderBar::zTrack() {
@@ -144,30 +149,40 @@ Bounds HeaderBar::zPosition(int x, int y, Part part) const {
 }
 
 void HeaderBar::UserClick() {
-    if (AcceptsGestures()) Events.Click.Raise();
+    Procedure(*this, "UserControl_Click", [&](Frame&) {
+        if (AcceptsGestures()) Events.Click.Raise();
+    });
 }
 
 void HeaderBar::UserDblClick() {
-    if (AcceptsGestures()) Events.DblClick.Raise();
+    Procedure(*this, "UserControl_DblClick", [&](Frame&) {
+        if (AcceptsGestures()) Events.DblClick.Raise();
+    });
 }
 
 void HeaderBar::UserMouseDown(int button, int shift, int x, int y, Part part) {
-    if (!AcceptsGestures()) return;
-    const Bounds at = zPosition(x, y, part);
-    Events.MouseDown.Raise(button, shift, at.Left, at.Top);
+    Procedure(*this, "UserControl_MouseDown", [&](Frame&) {
+        if (!AcceptsGestures()) return;
+        const Bounds at = zPosition(x, y, part);
+        Events.MouseDown.Raise(button, shift, at.Left, at.Top);
+    });
 }
 
 void HeaderBar::UserMouseMove(int button, int shift, int x, int y, Part part) {
-    if (!AcceptsGestures()) return;
-    zTrack();
-    const Bounds at = zPosition(x, y, part);
-    Events.MouseMove.Raise(button, shift, at.Left, at.Top);
+    Procedure(*this, "UserControl_MouseMove", [&](Frame&) {
+        if (!AcceptsGestures()) return;
+        zTrack();
+        const Bounds at = zPosition(x, y, part);
+        Events.MouseMove.Raise(button, shift, at.Left, at.Top);
+    });
 }
 
 void HeaderBar::UserMouseUp(int button, int shift, int x, int y, Part part) {
-    if (!AcceptsGestures()) return;
-    const Bounds at = zPosition(x, y, part);
-    Events.MouseUp.Raise(button, shift, at.Left, at.Top);
+    Procedure(*this, "UserControl_MouseUp", [&](Frame&) {
+        if (!AcceptsGestures()) return;
+        const Bounds at = zPosition(x, y, part);
+        Events.MouseUp.Raise(button, shift, at.Left, at.Top);
+    });
 }
 
 } // namespace paperkite

@@ -182,7 +182,8 @@ public:
     void UserCheck(const Ref<PropertyItem>& row);
     /// Folds or unfolds a header row, which raises Collapse or Expand.
     void UserToggle(const Ref<PropertyItem>& row);
-    /// The open edit's text as the author left it.
+    /// The open edit's text as the author left it. A Choice row takes one of its choices' values,
+    /// the value that it has, or nothing; other texts are ignored.
     void UserType(const std::string& text);
     /// The author asks for the big editor: BeforeExtendedEdit; false when a handler cancelled.
     bool UserExtendedEdit();

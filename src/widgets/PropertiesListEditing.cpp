@@ -16,6 +16,12 @@ std::string Normalised(const PropertyItem& row, const std::string& text) {
     return colour ? WebColours::Text(*colour) : text;
 }
 
+/// Whether the author can come to that text: a choice is picked, and not typed.
+bool IsOffered(const PropertyItem& row, const std::string& text) {
+    return row.GetValueType() != PropertyValueType::Choice || text.empty() ||
+           text == row.GetValue() || row.HasChoiceOfValue(text);
+}
+
 } // namespace
 
 bool PropertiesList::BeginEdit() {
@@ -99,7 +105,8 @@ void PropertiesList::UserToggle(const Ref<PropertyItem>& row) {
 }
 
 void PropertiesList::UserType(const std::string& text) {
-    if (AcceptsGestures() && mInEdit) mEditText = text;
+    if (!AcceptsGestures() || !mInEdit || !IsOffered(*mSelected, text)) return;
+    mEditText = text;
 }
 
 bool PropertiesList::UserExtendedEdit() {

@@ -114,6 +114,8 @@ public:
 
     bool HasChoice(const std::string& text) const { return mChoiceTexts.contains(text); }
 
+    bool HasChoiceOfValue(const std::string& value) const { return mChoiceOfValue.contains(value); }
+
     /// A row that is not visible keeps its place and value, and is neither seen nor edited.
     bool GetVisible() const { return mVisible; }
 

@@ -37,11 +37,22 @@ std::optional<double> ReadNumber(std::string_view text) {
     return value;
 }
 
-std::string Quoted(const std::string& text) {
-    return "\"" + text + "\"";
+/// Longer texts are cut in sentences.
+constexpr std::size_t kMostShown = 80;
+
+bool IsInsideCharacter(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
 }
 
 } // namespace
+
+std::string Quoted(const std::string& text) {
+    if (text.size() <= kMostShown) return "\"" + text + "\"";
+    std::size_t end = kMostShown;
+    while (end > 0 && IsInsideCharacter(text[end]))
+        --end;
+    return "\"" + text.substr(0, end) + "…\"";
+}
 
 std::optional<Date> ReadDate(std::string_view text) {
     if (text.size() != 10 || text[4] != '-' || text[7] != '-') return {};
@@ -84,7 +95,7 @@ std::string ProblemWith(PropertyValueType type, const std::string& text) {
         return Quoted(text) + " is neither true nor false. Choose one of the two.";
     case PropertyValueType::Color:
         if (WebColours::Read(text)) return {};
-        return Quoted(text) + " is no colour. Type a name, such as Teal, or #008080.";
+        return Quoted(text) + " is no color. Type a name, such as Teal, or #008080.";
     default:
         return {};
     }

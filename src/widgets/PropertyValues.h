@@ -29,6 +29,10 @@ bool IsNumber(std::string_view text);
 /// counts as 0.
 std::optional<std::string> Stepped(const std::string& text, int step);
 
+/// A text in quotation marks for a sentence; one of more than 80 bytes is cut behind a whole
+/// character and ends in "…".
+std::string Quoted(const std::string& text);
+
 /// What is wrong with a text as a value of that type, in a sentence that also says how to mend it;
 /// empty for a good or empty one.
 std::string ProblemWith(PropertyValueType type, const std::string& text);

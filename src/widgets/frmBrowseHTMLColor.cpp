@@ -2,6 +2,8 @@
 
 #include "foundation/ScopeExit.h"
 #include "foundation/Services.h"
+#include "foundation/Text.h"
+#include "widgets/PropertyValues.h"
 #include "widgets/WebColours.h"
 
 namespace paperkite {
@@ -12,6 +14,12 @@ namespace {
 std::uint32_t Painted(std::int32_t colour) {
     const auto parts = WebColours::ToComponents(colour);
     return static_cast<std::uint32_t>(parts.Red << 16 | parts.Green << 8 | parts.Blue);
+}
+
+std::string WhyNoColour(const std::string& text) {
+    return (TrimWhiteSpace(text).empty() ? std::string("No color is chosen.")
+                                         : PropertyValues::Quoted(text) + " is no color.") +
+           " Choose one from the list, or type one, such as #FAEBD7 or 250,235,215.";
 }
 
 } // namespace
@@ -186,10 +194,7 @@ void frmBrowseHTMLColor::cmdOK_Click() {
     Procedure(*this, "cmdOK_Click", [&](Frame&) {
         if (cboColor->GetListIndex() < 0 && !zColorOfText()) {
             Required(CurrentServices().MessageBox)
-                .Show("\"" + cboColor->GetText() +
-                          "\" is no color. Choose one from the list, or type one, such as "
-                          "#FAEBD7 or 250,235,215.",
-                      GetCaption(), MessageIcon::Warning);
+                .Show(WhyNoColour(cboColor->GetText()), GetCaption(), MessageIcon::Warning);
             cboColor->SetFocus();
             return;
         }

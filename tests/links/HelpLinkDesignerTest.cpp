@@ -129,6 +129,57 @@ TEST_F(HelpLinkDesignerTest, LongLinksAreTakenApartLikeShortOnes) {
     EXPECT_EQ(Taken(separators), "0|||||");
 }
 
+TEST_F(HelpLinkDesignerTest, DoubledPiecesAreTakenAsTheyStandOrNotAtAll) {
+    EXPECT_EQ(Taken("ms-its:ms-its:a.chm::/b.htm"), "0|ms-its:a.chm|b.htm|||");
+    EXPECT_EQ(mPanel->GethRef(), "ms-its:ms-its:a.chm::/b.htm");
+    EXPECT_EQ(Taken("ms-its:a.chm::/::/b.htm"), "0|||||");
+    EXPECT_EQ(Taken("ms-its:a.chm::/b.htms-its:a.chm::/b.htm"), "0|||||");
+    EXPECT_EQ(Taken("ms-its:a.chm::/b.htm::/"), "0|||||");
+    EXPECT_EQ(Taken("ms-help://ms-help://NS/ID/topic"), "1|||||");
+    EXPECT_EQ(Taken("ms-help:////NS/ID/topic"), "1|||||");
+    EXPECT_EQ(Taken("ms-help://NS/NS/ID/topic"), "1|||||");
+    EXPECT_EQ(Taken("ms-help://NS/ID/topic/"), "1|||||");
+    EXPECT_EQ(Taken("ms-its:ms-help://NS/ID/topic"), "0|||||");
+    EXPECT_EQ(Taken("ms-help://ms-its:a.chm::/b.htm"), "1|||||");
+}
+
+TEST_F(HelpLinkDesignerTest, PiecesOfTheSecondFormAreTakenWithTheirBlanksAndOddCharacters) {
+    EXPECT_EQ(Taken("ms-help:// NS / I D / topic "), "1||| NS | I D | topic ");
+    EXPECT_EQ(mPanel->GethRef(), "ms-help:// NS / I D / topic ");
+    EXPECT_EQ(Taken("ms-help://N\nS/I\x7f/t\tü"), "1|||N\nS|I\x7f|t\tü");
+    EXPECT_EQ(mPanel->GethRef(), "ms-help://N\nS/I\x7f/t\tü");
+    EXPECT_EQ(Taken("ms-help:// NS/ID"), "1|||||");
+    EXPECT_EQ(Taken("ms-help: //NS/ID/topic"), "0|||||");
+    EXPECT_EQ(Taken("ms-its :a::/b"), "0|||||");
+    EXPECT_EQ(Taken("ms-its:a: :/b"), "0|||||");
+}
+
+TEST_F(HelpLinkDesignerTest, TypedSeparatorsAreNotEscapedAndDoNotReadBack) {
+    mPanel->txtFileName->UserType("a::/b");
+    mPanel->txtTopic[0]->UserType("c");
+    EXPECT_TRUE(mPanel->Validate(false));
+    EXPECT_EQ(mPanel->GethRef(), "ms-its:a::/b::/c");
+    EXPECT_EQ(Taken(mPanel->GethRef()), "0|||||");
+    mPanel->optHelpFileType[1]->UserClick();
+    mPanel->txtHHNamespace->UserType("NS");
+    mPanel->txtHHIdentifier->UserType("ID");
+    mPanel->txtTopic[1]->UserType("sub/topic");
+    EXPECT_EQ(mPanel->GethRef(), "ms-help://NS/ID/sub/topic");
+    EXPECT_EQ(Taken(mPanel->GethRef()), "1|||||");
+    EXPECT_EQ(TakeMessages(), "");
+}
+
+TEST_F(HelpLinkDesignerTest, LongFieldsAreComposedAndAHundredThousandBlanksAreNothing) {
+    const std::string longName(100'000, 'n');
+    const std::string link = "ms-help://" + longName + "/" + longName + "/" + longName;
+    EXPECT_EQ(Taken(link), "1|||" + longName + "|" + longName + "|" + longName);
+    EXPECT_EQ(mPanel->GethRef(), link);
+    EXPECT_TRUE(mPanel->Validate(false));
+    mPanel->txtHHIdentifier->UserType(std::string(100'000, ' '));
+    EXPECT_FALSE(mPanel->Validate(false));
+    EXPECT_EQ(TakeMessages(), kIncompleteHelp2);
+}
+
 TEST_F(HelpLinkDesignerTest, WritingALinkTwiceIsWritingItOnce) {
     const std::string once = Taken("ms-help://NS/ID/topic");
     EXPECT_EQ(Taken("ms-help://NS/ID/topic"), once);

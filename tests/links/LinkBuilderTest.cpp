@@ -281,6 +281,68 @@ TEST_F(LinkBuilderTest, LongTopicsAreLinksLikeOthers) {
     EXPECT_EQ(mPanel->GetLinkhRef(), mMember + ".html");
 }
 
+TEST_F(LinkBuilderTest, AnAddressOfBlanksOnlyIsNoneHoweverLong) {
+    Initialize();
+    Choose("interneturl");
+    mPanel->txtURL->UserType(std::string(100'000, ' '));
+    EXPECT_FALSE(mPanel->Validate());
+    EXPECT_EQ(TakeMessages(), " [warning] Please provide a URL to link to, or click Cancel\n");
+    mPanel->txtURL->UserType("\n\t");
+    EXPECT_TRUE(mPanel->Validate()) << "only blanks are trimmed";
+}
+
+TEST_F(LinkBuilderTest, IncompleteHelpTopicsAreWarnedAboutAndReadAsTheyStand) {
+    Initialize();
+    Choose("anotherhelpfile");
+    for (const auto& [written, read] : std::initializer_list<std::pair<const char*, const char*>>{
+             {"", "ms-its:::/.html"},
+             {"ms-its:help.chm", "ms-its:::/.html"},
+             {"ms-its:help.chm::/", "ms-its:help.chm::/.html"},
+             {"ms-its:a::/b::/c", "ms-its:::/.html"},
+             {"MS-ITS:help.chm::/a.htm", "ms-its:::/.html"},
+             {"ms-its:  ::/a", "ms-its:  ::/a.html"},
+             {"ms-help://NS/ID", "ms-help:////.html"},
+             {"ms-help://NS/ID/sub/topic", "ms-help:////.html"},
+             {"ms-help://NS/ /topic", "ms-help://NS/ /topic.html"}}) {
+        mPanel->HelpTopicLinkDesigner->SethRef(written);
+        EXPECT_FALSE(mPanel->Validate()) << written;
+        EXPECT_NE(TakeMessages(), "") << written;
+        EXPECT_EQ(mPanel->GetLinkhRef(), read);
+        EXPECT_EQ(Pages(), "conAnotherHelpFile ");
+    }
+}
+
+TEST_F(LinkBuilderTest, TestHandsOnAnAddressExactlyAsItWasTyped) {
+    Initialize();
+    Choose("interneturl");
+    const std::string longAddress = "http://" + std::string(100'000, 'u');
+    for (const std::string& url :
+         {std::string("javascript:alert(1)"), std::string("http://a\x01\n\tb"), longAddress,
+          std::string("ms-its:help.chm::/a.htm")}) {
+        mServices.OutsideShell->Calls.clear();
+        mPanel->txtURL->UserType(url);
+        mPanel->cmdTest->UserClick();
+        EXPECT_EQ(mServices.OutsideShell->Calls,
+                  std::vector<std::string>{"open " + url + " [] [] 1"});
+        EXPECT_EQ(TakeMessages(), "");
+    }
+}
+
+TEST_F(LinkBuilderTest, TestAsksAboutAnAddressWithBlanksOrControlsInItsScheme) {
+    Initialize();
+    Choose("interneturl");
+    mServices.Messages->Answer = MessageAnswer::No;
+    for (const char* url : {"", " javascript:x", "java\nscript:x", "java script:x", "\x01http://a",
+                            "http ://a", "://a", "C:\\a.htm"}) {
+        mPanel->txtURL->UserType(url);
+        mPanel->cmdTest->UserClick();
+        EXPECT_EQ(TakeMessages(), "Link test [question] This link does not appear to be a valid "
+                                  "URL. Test anyway?\n")
+            << url;
+    }
+    EXPECT_TRUE(mServices.OutsideShell->Calls.empty());
+}
+
 TEST_F(LinkBuilderTest, ValidateAsksForAMember) {
     Initialize();
     EXPECT_TRUE(mPanel->Validate());

@@ -194,6 +194,67 @@ TEST_F(ElementBuilderTest, ARequiredValueMustBeThere) {
     EXPECT_EQ(message, "");
 }
 
+TEST_F(ElementBuilderTest, EveryMissingValueIsToldInTheOrderOfTheRows) {
+    auto element = AddElement("table", "Page");
+    for (const char* name : {"name", "width", "colour", "bare"})
+        AddAttribute(element, name, name == std::string("colour") ? "color" : "text")->Required =
+            true;
+    AddAttribute(element, "until", "date");
+    Initialise();
+    mBuilder->SetElement(element);
+    Row("width")->SetValue("0");
+    std::string message;
+    EXPECT_FALSE(mBuilder->Validate(message));
+    EXPECT_EQ(message, "You must provide a value for name\nYou must provide a value for colour\n"
+                       "You must provide a value for bare\n");
+}
+
+TEST_F(ElementBuilderTest, ARequiredValueThatWasEmptiedAgainIsMissing) {
+    Initialise();
+    mBuilder->SetElement(Definition("comment"));
+    mBuilder->Load(MakeElement({{"type", "comment"}, {"tag", "##"}}));
+    std::string message;
+    EXPECT_TRUE(mBuilder->Validate(message));
+    mBuilder->prpProperties->SetSelectedItem(Row("tag"));
+    mBuilder->prpProperties->UserClear();
+    EXPECT_FALSE(mBuilder->Validate(message));
+    EXPECT_EQ(message, "You must provide a value for tag\n");
+    mBuilder->Load(MakeElement({{"TAG", ""}}));
+    EXPECT_FALSE(mBuilder->Validate(message));
+}
+
+TEST_F(ElementBuilderTest, ATextThatIsNoColourIsToldOfAndKept) {
+    Initialise();
+    mBuilder->SetElement(Definition("comment"));
+    for (const std::string& text :
+         {std::string("reddish"), std::string("#12345"), std::string("#GGGGGG"),
+          std::string("256,0,0"), std::string("\x01"), std::string(100'000, 'f')}) {
+        auto element = MakeElement({{"type", "comment"}, {"tag", "##"}, {"edge", text}});
+        mBuilder->Load(element);
+        EXPECT_NE(Row("edge")->GetProblem().find(" is no color. Type a name"), std::string::npos);
+        EXPECT_LT(Row("edge")->GetProblem().size(), 200u) << "the text is cut in the sentence";
+        std::string message;
+        EXPECT_TRUE(mBuilder->Validate(message));
+        mBuilder->Save(element);
+        EXPECT_EQ(element->Attributes.Item("edge")->Value, text);
+    }
+    EXPECT_EQ(Messages(), "");
+}
+
+TEST_F(ElementBuilderTest, AListIsPickedFromAndNotTyped) {
+    Initialise();
+    auto element = AddElement("picked", "Page");
+    AddAttribute(element, "row", "list", "values", "red:#FF0000,blue");
+    mBuilder->SetElement(element);
+    mBuilder->prpProperties->SetSelectedItem(Row("row"));
+    ASSERT_TRUE(mBuilder->prpProperties->BeginEdit());
+    mBuilder->prpProperties->UserType("#FF0000");
+    mBuilder->prpProperties->UserType("green");
+    mBuilder->prpProperties->UserType("red");
+    mBuilder->prpProperties->EndEdit();
+    EXPECT_EQ(Row("row")->GetValue(), "#FF0000");
+}
+
 TEST_F(ElementBuilderTest, WithoutADefinitionNothingIsValid) {
     std::string message = "as it was";
     EXPECT_FALSE(mBuilder->Validate(message));

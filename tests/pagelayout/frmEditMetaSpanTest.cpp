@@ -97,6 +97,27 @@ TEST_F(frmEditMetaSpanTest, AMissingValueKeepsTheDialogOpen) {
     EXPECT_FALSE(mForm->GetVisible());
 }
 
+TEST_F(frmEditMetaSpanTest, AnAddedElementLacksItsRequiredValuesUntilTheyAreFilledIn) {
+    AddAttribute(Definition("note"), "first", "text")->Required = true;
+    AddAttribute(Definition("note"), "second", "number")->Required = true;
+    Add([&] {
+        mBuilder->tvwElements->UserClick(Node("E:note"));
+        mForm->cmdOK->UserClick();
+        EXPECT_EQ(Messages(), "Add Element - note [warning] You must provide a value for first\n"
+                              "You must provide a value for second\n");
+        Row("first")->SetValue("x");
+        mForm->cmdOK->UserClick();
+        EXPECT_EQ(Messages(), "Add Element - note [warning] You must provide a value for second\n");
+        EXPECT_TRUE(mForm->GetVisible());
+        EXPECT_FALSE(mForm->GetSuccess());
+        EXPECT_EQ(Row("first")->GetValue(), "x");
+        Row("second")->SetValue(" ");
+        mForm->cmdOK->UserClick();
+    });
+    EXPECT_TRUE(mForm->GetSuccess());
+    EXPECT_EQ(Messages(), "");
+}
+
 TEST_F(frmEditMetaSpanTest, AnElementThatTheTemplateDoesNotKnowIsNotAccepted) {
     Initialise();
     mBuilder->Load(MakeElement({{"type", "strange"}}));

@@ -3,6 +3,7 @@
 #include "platform/ViewTest.h"
 #include "platform/qt/FormView.h"
 #include "widgets/HeaderBar.h"
+#include "widgets/WebColours.h"
 #include "widgets/frmBrowseHTMLColor.h"
 
 #include <QComboBox>
@@ -26,6 +27,16 @@ protected:
         return QPoint(-1, -1);
     }
 };
+
+TEST_F(ColourViewsTest, AllButTwoNamesMeanWhatTheyMeanElsewhere) {
+    std::string others;
+    for (const auto& named : WebColours::NamedColours()) {
+        const QColor known(ToQString(named.Text).remove(' ').toLower());
+        if (!known.isValid() || known != ToQColor(named.Color)) others += named.Text + ";";
+    }
+    EXPECT_EQ(others, "Alice Blue;Blanche Diamond;");
+    EXPECT_EQ(WebColours::NamedColours().size(), 136u);
+}
 
 TEST_F(ColourViewsTest, AClickOnACellChoosesItsColour) {
     auto hexagon = MakeRef<ColourHexagon>();

@@ -1,5 +1,7 @@
 #include "widgets/HeaderBar.h"
 
+#include "support/ScriptedServices.h"
+
 #include <gtest/gtest.h>
 
 namespace paperkite {
@@ -119,6 +121,42 @@ TEST_F(HeaderBarTest, StoresItsPropertiesInTheBag) {
     EXPECT_EQ(other.GetText(), "Some elements");
     EXPECT_EQ(other.GetPicture(), SomePicture());
     EXPECT_EQ(other.lblText->GetFont().Name, "Tahoma");
+}
+
+TEST_F(HeaderBarTest, AFailingHandlerIsReportedAndTheBarGoesOn) {
+    test::ScriptedServices services;
+    std::vector<Connection> ties;
+    const auto fail = [](int, int, int, int) { RaiseError(ErrorNumber::ObjectNotSet); };
+    ties.push_back(mBar.Events.MouseDown.Connect(fail));
+    ties.push_back(mBar.Events.MouseMove.Connect(fail));
+    ties.push_back(mBar.Events.MouseUp.Connect(fail));
+    ties.push_back(mBar.Events.Click.Connect([] { RaiseError(ErrorNumber::ObjectNotSet); }));
+    ties.push_back(mBar.Events.DblClick.Connect([] { RaiseError(ErrorNumber::ObjectNotSet); }));
+    ties.push_back(mBar.Events.PropertyChanged.Connect(
+        [](const std::string&) { RaiseError(ErrorNumber::ObjectNotSet); }));
+    EXPECT_NO_THROW(mBar.UserMouseDown(1, 0, 1, 1));
+    EXPECT_NO_THROW(mBar.UserMouseMove(1, 0, 1, 1));
+    EXPECT_NO_THROW(mBar.UserMouseUp(1, 0, 1, 1));
+    EXPECT_NO_THROW(mBar.UserClick());
+    EXPECT_NO_THROW(mBar.UserDblClick());
+    EXPECT_NO_THROW(mBar.SetText("new"));
+    EXPECT_EQ(mBar.GetText(), "new");
+    EXPECT_EQ(services.Messages->Shown.size(), 6u);
+    for (const std::string& report : services.Messages->Shown)
+        EXPECT_NE(report.find("Module: HeaderBar\n"), std::string::npos) << report;
+}
+
+TEST_F(HeaderBarTest, DumpsItsFieldsInTheirOrder) {
+    VariableDump dump;
+    mBar.DumpVariables(dump);
+    std::size_t at = 0;
+    for (const char* field : {"<pLightFont", "<pRightAlignedImage", "<pHotTracking", "<pPicture",
+                              "<ioeTracking", "<iHot", "<iColors"}) {
+        const std::size_t found = dump.GetText().find(field);
+        ASSERT_NE(found, std::string::npos) << field;
+        EXPECT_GE(found, at) << field;
+        at = found;
+    }
 }
 
 } // namespace

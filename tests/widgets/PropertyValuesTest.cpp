@@ -39,7 +39,7 @@ TEST(PropertyValuesTest, WhatIsWrongIsSaidWithTheWayOut) {
     EXPECT_EQ(ProblemWith(PropertyValueType::Date, "soon"),
               "\"soon\" is no date. Type year, month and day, such as 2026-12-31.");
     EXPECT_EQ(ProblemWith(PropertyValueType::Color, "reddish"),
-              "\"reddish\" is no colour. Type a name, such as Teal, or #008080.");
+              "\"reddish\" is no color. Type a name, such as Teal, or #008080.");
     EXPECT_NE(ProblemWith(PropertyValueType::Boolean, "maybe"), "");
     EXPECT_EQ(ProblemWith(PropertyValueType::Boolean, "True"), "");
     for (const auto type :
@@ -47,6 +47,14 @@ TEST(PropertyValuesTest, WhatIsWrongIsSaidWithTheWayOut) {
           PropertyValueType::Boolean, PropertyValueType::String, PropertyValueType::File})
         EXPECT_EQ(ProblemWith(type, ""), "");
     EXPECT_EQ(ProblemWith(PropertyValueType::String, "anything"), "");
+}
+
+TEST(PropertyValuesTest, LongTextsAreCutBehindAWholeCharacter) {
+    using PropertyValues::Quoted;
+    EXPECT_EQ(Quoted(""), "\"\"");
+    EXPECT_EQ(Quoted(std::string(80, 'x')), "\"" + std::string(80, 'x') + "\"");
+    EXPECT_EQ(Quoted(std::string(100'000, 'x')), "\"" + std::string(80, 'x') + "…\"");
+    EXPECT_EQ(Quoted(std::string(79, 'x') + "ää"), "\"" + std::string(79, 'x') + "…\"");
 }
 
 TEST(WebColoursTest, ReadsWhatPagesWrite) {
@@ -165,6 +173,20 @@ TEST_F(TypedRowTest, BrowsingOtherRowsBeginsTheirEdit) {
     mList.SetSelectedItem(nullptr);
     mList.UserBrowse();
     EXPECT_FALSE(mList.GetInEdit());
+}
+
+TEST_F(TypedRowTest, OnlyAChoiceCanBePutIntoARowOfChoices) {
+    auto row = Select(PropertyValueType::Choice, "old");
+    row->AddChoice("one", "1");
+    mList.BeginEdit();
+    for (const char* text : {"1", "one", "2"})
+        mList.UserType(text);
+    EXPECT_EQ(mList.GetEditText(), "1");
+    mList.UserType("old");
+    EXPECT_EQ(mList.GetEditText(), "old");
+    mList.UserType("");
+    mList.EndEdit();
+    EXPECT_EQ(row->GetValue(), "");
 }
 
 TEST_F(TypedRowTest, ClearingIsAnEditWithoutText) {

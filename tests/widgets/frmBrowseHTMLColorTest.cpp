@@ -68,6 +68,33 @@ TEST_F(frmBrowseHTMLColorTest, TwoRowsDifferFromTheirNames) {
     EXPECT_EQ(list.GetItemToolTipText(diamond), "#FFEBCD\n255,235,205");
 }
 
+TEST_F(frmBrowseHTMLColorTest, TheNamesStandInTheirOrder) {
+    std::vector<std::string> names;
+    for (int index = 0; index < mForm.cboColor->GetListCount(); ++index)
+        names.push_back(mForm.cboColor->GetList(index));
+    EXPECT_EQ(Join(names, ", "),
+              "Alice Blue, Antique White, Aqua, Aquamarine, Azure, Beige, Bisque, Black, Blanche "
+              "Diamond, Blue, Blue Violet, Brown, Burlywood, Cadet Blue, Chartreuse, Chocolate, "
+              "Coral, Corn Silk, Cornflower Blue, Crimson, Dark Blue, Dark Cyan, Dark Golden Rod,"
+              " Dark Green, Dark Grey, Dark Khaki, Dark Magenta, Dark Olive Green, Dark Orange, "
+              "Dark Orchid, Dark Red, Dark Salmon, Dark Sea Green, Dark Slate Blue, Dark Slate "
+              "Grey, Dark Turquoise, Dark Violet, Deep Pink, Deep Sky Blue, Dim Grey, Dodger "
+              "Blue, Fire Brick, Floral White, Forest Green, Gainsboro, Ghost White, Gold, Golden"
+              " Rod, Green, Green Yellow, Grey, Honeydew, Hot Pink, Indian Red, Indigo, Ivory, "
+              "Khaki, Lavender, Lavender Blush, Lemon Chiffon, Light Blue, Light Coral, Light "
+              "Cyan, Light Golden Rod Yellow, Light Green, Light Grey, Light Pink, Light Salmon, "
+              "Light Sea Green, Light Sky Blue, Light Slate Grey, Light Steel Blue, Light Yellow,"
+              " Lime, Lime Green, Linen, Magenta, Maroon, Medium Aqua Marine, Medium Blue, Medium"
+              " Orchid, Medium Purple, Medium Sea Green, Medium Slate Blue, Medium Spring Green, "
+              "Medium Turquoise, Medium Violet Red, Midnight Blue, Mint Cream, Misty Rose, Navajo"
+              " White, Navy, Old Lace, Olive, Olive Drab, Orange, Orange Red, Orchid, Pale Golden"
+              " Rod, Pale Green, Pale Turquoise, Pale Violet Red, Papaya Whip, Peach Puff, Peru, "
+              "Pink, Plum, Powder Blue, Purple, Red, Rosy Brown, Royal Blue, Saddle Brown, "
+              "Salmon, Sandy Brown, Sea Green, Sea Shell, Sienna, Silver, Sky Blue, Slate Blue, "
+              "Slate Grey, Snow, Spring Green, Steel Blue, Tan, Teal, Thistle, Tomato, Turquoise,"
+              " Violet, Wheat, White, White Smoke, Yellow, Yellow Green");
+}
+
 TEST_F(frmBrowseHTMLColorTest, SomeNamesHaveTheValuesOfPages) {
     for (const auto& [name, key] :
          std::vector<std::pair<std::string, std::string>>{{"Aqua", "#00FFFF"},
@@ -152,6 +179,34 @@ TEST_F(frmBrowseHTMLColorTest, ATextThatIsNoColourIsNotAccepted) {
         EXPECT_EQ(Messages(), "Browse Color [warning] \"no color\" is no color. Choose one from "
                               "the list, or type one, such as #FAEBD7 or 250,235,215.");
         EXPECT_EQ(mForm.GetSelectedColor(), 0);
+        mForm.UserEscape();
+    });
+    EXPECT_TRUE(mForm.GetCancelled());
+}
+
+TEST_F(frmBrowseHTMLColorTest, NoOddTextIsAColour) {
+    mForm.Initialize(kWhite);
+    Show([this] {
+        for (const std::string& text :
+             {std::string(), std::string("   "), std::string("#"), std::string("#12"),
+              std::string("#12345"), std::string("#1234567"), std::string("#GGGGGG"),
+              std::string("##102030"), std::string("256,0,0"), std::string("-1,0,0"),
+              std::string("1,2"), std::string("1,2,3,4"), std::string("1;2;3"),
+              std::string("1,2,3x"), std::string("#10\x01"), std::string("javascript:x"),
+              std::string(100'000, 'f'), std::string(100'000, ',')}) {
+            mForm.cboColor->UserType(text);
+            mForm.cmdOK->UserClick();
+            EXPECT_TRUE(mForm.GetVisible());
+            EXPECT_TRUE(mForm.GetCancelled());
+            EXPECT_EQ(mForm.cboColor->GetText(), text);
+            EXPECT_EQ(mForm.chxBase->GetColor(), kWhite) << "the preview stays";
+            const std::string told = Messages();
+            const bool blank = TrimBlanks(text).empty();
+            EXPECT_TRUE(told.starts_with("Browse Color [warning] ")) << told;
+            EXPECT_NE(told.find(blank ? "No color is chosen." : " is no color."), std::string::npos)
+                << told;
+            EXPECT_LT(told.size(), 300u);
+        }
         mForm.UserEscape();
     });
     EXPECT_TRUE(mForm.GetCancelled());
