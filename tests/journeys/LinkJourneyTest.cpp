@@ -166,6 +166,7 @@ TEST_F(LinkJourneyTest, FromALinkToTheLayoutOfThePageThatItLeadsTo) {
     ASSERT_TRUE(WaitUntil([&] { return edit.dedDocument->IsCommandEnabled("bold"); }));
     QTest::keyClicks(view->GetSurface()->InputWidget(), "Seen here: ");
     ExpectSteps([](QDialog& dialog) { ChooseElement(dialog, "qualifiedname"); });
+    ASSERT_TRUE(layouts.GetAction("AddElement")->isEnabled());
     layouts.GetAction("AddElement")->trigger();
     ASSERT_TRUE(WaitUntil([&] {
         return edit.GetDocumentHTML().find("Seen here: <!--KITEMETADATA start") !=
@@ -176,7 +177,7 @@ TEST_F(LinkJourneyTest, FromALinkToTheLayoutOfThePageThatItLeadsTo) {
     layouts.GetAction("ViewPreview")->trigger();
     EXPECT_NE(Preview(layouts).find("Seen here: " + std::string(kPurr)), std::string::npos)
         << Preview(layouts);
-    mDialogs.ExpectBox("Don't Save");
+    mDialogs.ExpectBox("Discard");
     layouts.close();
     EXPECT_FALSE(layouts.isVisible());
 }

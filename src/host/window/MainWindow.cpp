@@ -11,6 +11,7 @@
 #include "foundation/Settings.h"
 #include "foundation/Text.h"
 #include "foundation/Version.h"
+#include "platform/qt/FormView.h"
 
 #include <QAction>
 #include <QApplication>
@@ -64,6 +65,7 @@ MainWindow::MainWindow(Theme& theme) : mTheme(theme) {
     resize(kFirstWidth, kFirstHeight);
     SourcePane::RegisterView(mFactory);
     ItemFinder::RegisterView(mFactory);
+    FormView::InstallRunner(mFactory);
     mPages = new QStackedWidget(this);
     mPages->addWidget(MakeStartPage());
     setCentralWidget(mPages);
@@ -93,6 +95,7 @@ MainWindow::MainWindow(Theme& theme) : mTheme(theme) {
 MainWindow::~MainWindow() {
     KeepAppearance();
     HideProject();
+    Form::SetDefaultRunner({});
 }
 
 QWidget* MainWindow::MakeStartPage() {
