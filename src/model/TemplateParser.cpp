@@ -112,6 +112,10 @@ void TemplateParser::CheckEncoding(std::string_view text) {
     if (bad != std::string_view::npos)
         AddMistake(bad, "The byte " + HexadecimalOf(text[bad]) +
                             " is not UTF-8. Save the text as UTF-8, or mend that character.");
+    // HTML has no such character, and whoever reads it puts another one in its place.
+    const std::size_t zero = text.find('\0');
+    if (zero != std::string_view::npos)
+        AddMistake(zero, "The byte 00 is no character of a text. Take it away.");
 }
 
 void TemplateParser::FindTags(std::string_view text) {

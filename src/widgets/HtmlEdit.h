@@ -146,6 +146,12 @@ public:
     const std::vector<std::string>& GetReadableFolders() const { return mReadableFolders; }
     void SetReadableFolders(std::vector<std::string> value);
 
+    /// Style sheets that a document which is written on as a whole is shown with, besides its own:
+    /// addresses, relative ones from the base address. They are no part of it.
+    const std::vector<std::string>& GetStyleSheets() const { return mStyleSheets; }
+    /// Counts from the next document on.
+    void SetStyleSheets(std::vector<std::string> value) { mStyleSheets = std::move(value); }
+
     /// Whether the document counts as changed.
     bool GetDirty() const { return mDirty; }
     void SetDirty(bool value) { mDirty = value; }
@@ -345,6 +351,7 @@ private:
     Ref<HTMLDocument> mDocument;
     std::string mBaseURL;
     std::vector<std::string> mReadableFolders;
+    std::vector<std::string> mStyleSheets;
     std::string mApplicationName;
     std::string mForeColorName;
     std::string mFillColorName;

@@ -211,6 +211,12 @@ TEST(TemplateParserTest, ATextInUtf16IsNamedAsSuch) {
               "Line 1, column 1: This text is UTF-16. Save it as UTF-8.");
 }
 
+TEST(TemplateParserTest, AZeroByteIsToldWithItsPlace) {
+    const auto parser = Loaded("ab\n" + std::string("c\0d", 3));
+    EXPECT_EQ(parser->GetParseErrors(),
+              "Line 2, column 2: The byte 00 is no character of a text. Take it away.");
+}
+
 TEST(TemplateParserTest, OnlyAPublishedTextIsJudgedInsideItsElements) {
     const std::string text = Start("type=a") + Start("type=\"b") + kEnd + kEnd;
     EXPECT_NE(Loaded(text)->GetParseErrors(), "");

@@ -188,6 +188,10 @@ bool LayoutWindow::Open(const Place& place) {
     mEdit->SetTemplate(mFile->GetTemplate());
     mEdit->SetLayout(mFile->GetLayout());
     mEdit->SetBaseURL(AddressOf(mFile->GetTemplate()->Folder));
+    std::vector<std::string> sheets;
+    for (const std::string& name : mFile->GetTemplate()->Files)
+        if (name.ends_with(".css")) sheets.push_back(name);
+    mEdit->dedDocument->SetStyleSheets(sheets);
     mEdit->SetDocumentHTML(mFile->GetText());
     mEdit->SetDirty(false);
     if (!IsServed(mPreviewItem)) mPreviewItem = FindItem();

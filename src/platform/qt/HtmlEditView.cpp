@@ -185,7 +185,20 @@ QString HtmlEditView::PageText() const {
         from = inside + inner.size();
     }
     result.append(text, from);
-    return ToQString(result);
+    return IsWhole() ? WithLooks(ToQString(result)) : ToQString(result);
+}
+
+// As pages are shown: by the rules of the standard, and with the styles that their makers give
+// them.
+QString HtmlEditView::WithLooks(const QString& html) const {
+    QString sheets;
+    for (const std::string& sheet : mEdit->GetStyleSheets())
+        sheets += "<link rel=\"stylesheet\" href=\"" + ToQString(sheet).toHtmlEscaped() + "\">";
+    const qsizetype head = html.indexOf(QLatin1String("<head"), 0, Qt::CaseInsensitive);
+    const qsizetype end = head < 0 ? -1 : html.indexOf('>', head);
+    const QString page = end < 0 ? html : html.left(end + 1) + sheets + html.mid(end + 1);
+    const bool hasType = page.trimmed().startsWith(QLatin1String("<!doctype"), Qt::CaseInsensitive);
+    return hasType ? page : "<!DOCTYPE html>" + page;
 }
 
 void HtmlEditView::showEvent(QShowEvent* event) {

@@ -85,6 +85,7 @@ private:
     QString BaseAddress() const;
     WebPage MakePage() const;
     QString PageText() const;
+    QString WithLooks(const QString& html) const;
     void UpdatePlaces();
     void ApplyLook();
     void Notice(const QString& text);
