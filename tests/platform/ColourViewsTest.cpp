@@ -31,7 +31,7 @@ protected:
 TEST_F(ColourViewsTest, AllButTwoNamesMeanWhatTheyMeanElsewhere) {
     std::string others;
     for (const auto& named : WebColours::NamedColours()) {
-        const QColor known(ToQString(named.Text).remove(' ').toLower());
+        const QColor known(QString::fromStdString(named.Text).remove(' ').toLower());
         if (!known.isValid() || known != ToQColor(named.Color)) others += named.Text + ";";
     }
     EXPECT_EQ(others, "Alice Blue;Blanche Diamond;");
