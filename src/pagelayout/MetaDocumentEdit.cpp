@@ -116,19 +116,28 @@ void MetaDocumentEdit::zArrange() {
 }
 
 void MetaDocumentEdit::SetTemplate(const Ref<PageTemplate>& value) {
-    pTemplate.SetObject(value);
-    Events.PropertyChanged.Raise("Template");
+    Procedure(*this, "Template", [&](Frame& frame) {
+        Watch watchValue(frame, "value", value);
+        pTemplate.SetObject(value);
+        Events.PropertyChanged.Raise("Template");
+    });
 }
 
 void MetaDocumentEdit::SetLayout(const Ref<PageLayout>& value) {
-    pLayout.SetObject(value);
-    Events.PropertyChanged.Raise("Layout");
+    Procedure(*this, "Layout", [&](Frame& frame) {
+        Watch watchValue(frame, "value", value);
+        pLayout.SetObject(value);
+        Events.PropertyChanged.Raise("Layout");
+    });
 }
 
 void MetaDocumentEdit::SetBaseURL(const std::string& value) {
-    if (dedDocument->GetBaseURL() == value) return;
-    dedDocument->SetBaseURL(value);
-    Events.PropertyChanged.Raise(kBaseURL);
+    Procedure(*this, "BaseURL", [&](Frame& frame) {
+        Watch watchValue(frame, "value", value);
+        if (dedDocument->GetBaseURL() == value) return;
+        dedDocument->SetBaseURL(value);
+        Events.PropertyChanged.Raise(kBaseURL);
+    });
 }
 
 void MetaDocumentEdit::UserControl_ReadProperties(const PropertyBag& PropBag) {
@@ -169,15 +178,34 @@ std::string MetaDocumentEdit::GetDocumentHTML() {
     });
 }
 
-void MetaDocumentEdit::SetDocumentHTML(const std::string& value) {
-    Procedure(*this, "DocumentHTML", [&](Frame& frame) {
+bool MetaDocumentEdit::SetDocumentHTML(const std::string& value) {
+    return Procedure<bool>(*this, "DocumentHTML", [&](bool& result, Frame& frame) {
         Watch watchValue(frame, "value", value);
-        const std::string spans = ConvertMetaDocumentToSpanDocument(value);
-        // The source view holds layouts only.
-        dedDocument->SetDocumentHTML(iView == kSourceView ? value : spans);
+        result = zShow(value);
         mFirstLoad = false;
         zSetView();
     });
+}
+
+bool MetaDocumentEdit::zShow(const std::string& html) {
+    const SpanDocument made = MakeSpanDocument(html);
+    if (!made.Parser) return false;
+    const SpanDocument old{{}, mParserTemplate, mSpanProvider};
+    const Ref<HTMLDocument> document = dedDocument->GetDocument();
+    const bool isSource = dedDocument->GetView() == HtmlView::Source;
+    mParserTemplate = made.Parser;
+    mSpanProvider = made.Provider;
+    // The spans of a document mean nothing without those that made them.
+    const ScopeExit settle([&] {
+        if (isSource || dedDocument->GetDocument() != document) {
+            if (old.Provider) old.Provider->Terminate();
+        } else {
+            mParserTemplate = old.Parser;
+            mSpanProvider = old.Provider;
+        }
+    });
+    dedDocument->SetDocumentHTML(isSource ? html : made.Text);
+    return true;
 }
 
 int MetaDocumentEdit::zActiveView() const {
@@ -202,18 +230,18 @@ void MetaDocumentEdit::zSetView() {
             if (mRememberedView == NewView) return;
             fstView->SetSelectedTab(fstView->Item(static_cast<std::size_t>(mRememberedView + 1)));
             dedDocument->SetVisible(true);
+            dedDocument->SetView(iView == kSourceView ? HtmlView::Source : HtmlView::Normal);
         });
         std::string html;
+        if (!zReadForView(html)) return;
         if (NewView == kSourceView) {
-            if (!zReadForView(html)) return;
             dedDocument->SetVisible(false);
             dedDocument->SetView(HtmlView::Source);
             dedDocument->SetDocumentHTML(html);
             dedDocument->SetVisible(true);
         } else {
-            if (!zReadForView(html)) return;
             dedDocument->SetView(HtmlView::Normal);
-            dedDocument->SetDocumentHTML(ConvertMetaDocumentToSpanDocument(html));
+            if (!zShow(html)) return;
         }
         hdrElements->SetVisible(NewView == kNormalView && iWarningVisible);
         iView = NewView;

@@ -71,7 +71,9 @@ public:
     /// The layout as it is to be stored. Empty after a failure, which was shown then: a host keeps
     /// what it has.
     std::string GetDocumentHTML();
-    void SetDocumentHTML(const std::string& value);
+    /// A text that cannot be shown, which was told then, leaves the old one with all that the
+    /// author did; true when it is shown.
+    bool SetDocumentHTML(const std::string& value);
     const std::string& GetBaseURL() const { return dedDocument->GetBaseURL(); }
     void SetBaseURL(const std::string& value);
     /// Whether the author changed something since this was last set to false.
@@ -154,6 +156,9 @@ private:
     void zShowPreview();
     void zUpdateCommands();
     void zSetView();
+    /// Puts a layout into the editor: as it stands into the source view, with spans otherwise.
+    /// False where it was told that this cannot be; what is shown is as it was then.
+    bool zShow(const std::string& html);
     int zActiveView() const;
     /// The text of the editor as a layout, for another view; false where it cannot be converted.
     bool zReadForView(std::string& html);
@@ -166,8 +171,15 @@ private:
     void zContextMenu(const HtmlElementEvent& info, bool& CancelDefault);
 
     // Conversion
+    struct SpanDocument {
+        std::string Text;
+        Ref<ParserTemplate> Parser;
+        Ref<SpanProvider> Provider;
+    };
+    /// One without a parser after a failure.
+    SpanDocument MakeSpanDocument(const std::string& HTML);
     Ref<ParserTemplate> CreateParserTemplate(const std::string& HTML);
-    void FindExcludedElements();
+    static void FindExcludedElements(ParserTemplate& layout, SpanProvider& provider);
     std::string KeepUntouchedSpans(const std::string& html, KeptElements& kept) const;
     void ReplaceSpans(HTMLDocument& document, KeptElements& kept);
     void ReplaceSpan(HTMLDocument& document, HTMLElement& span, KeptElements& kept);
