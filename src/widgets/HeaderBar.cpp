@@ -72,9 +72,12 @@ void HeaderBar::SetPicture(const Picture& value) {
 }
 
 void HeaderBar::SetText(const std::string& value) {
-    lblText->SetCaption(value);
-    zDraw();
-    Events.PropertyChanged.Raise("Text");
+    Procedure(*this, "Text", [&](Frame& frame) {
+        Watch watchValue(frame, "value", value);
+        lblText->SetCaption(value);
+        zDraw();
+        Events.PropertyChanged.Raise("Text");
+    });
 }
 
 void HeaderBar::zTrack() {
