@@ -101,6 +101,8 @@ void MetaDocumentEdit::zConnect() {
     keep(dksUI->Events.CommandClick.Connect(
         [this](const auto& command) { dksUI_CommandClick(command); }));
     keep(dedDocument->Events.Change.Connect([this] { dedDocument_Change(); }));
+    keep(dedDocument->Events.CommandClick.Connect(
+        [this](const auto& name, bool& ignore) { dedDocument_CommandClick(name, ignore); }));
     keep(dedDocument->Events.ToolsRefreshed.Connect([this] { zUpdateCommands(); }));
     keep(dedDocument->Events.ElementEvent.Connect(
         [this](int id, const auto& info, bool& cancelDefault) {
@@ -121,19 +123,28 @@ void MetaDocumentEdit::zArrange() {
 }
 
 void MetaDocumentEdit::SetTemplate(const Ref<PageTemplate>& value) {
-    pTemplate.SetObject(value);
-    Events.PropertyChanged.Raise("Template");
+    Procedure(*this, "Template", [&](Frame& frame) {
+        Watch watchValue(frame, "value", value);
+        pTemplate.SetObject(value);
+        Events.PropertyChanged.Raise("Template");
+    });
 }
 
 void MetaDocumentEdit::SetLayout(const Ref<PageLayout>& value) {
-    pLayout.SetObject(value);
-    Events.PropertyChanged.Raise("Layout");
+    Procedure(*this, "Layout", [&](Frame& frame) {
+        Watch watchValue(frame, "value", value);
+        pLayout.SetObject(value);
+        Events.PropertyChanged.Raise("Layout");
+    });
 }
 
 void MetaDocumentEdit::SetBaseURL(const std::string& value) {
-    if (dedDocument->GetBaseURL() == value) return;
-    dedDocument->SetBaseURL(value);
-    Events.PropertyChanged.Raise(kBaseURL);
+    Procedure(*this, "BaseURL", [&](Frame& frame) {
+        Watch watchValue(frame, "value", value);
+        if (dedDocument->GetBaseURL() == value) return;
+        dedDocument->SetBaseURL(value);
+        Events.PropertyChanged.Raise(kBaseURL);
+    });
 }
 
 void MetaDocumentEdit::UserControl_ReadProperties(const PropertyBag& PropBag) {
@@ -175,12 +186,10 @@ std::string MetaDocumentEdit::GetDocumentHTML() {
     });
 }
 
-void MetaDocumentEdit::SetDocumentHTML(const std::string& value) {
-    Procedure(*this, "DocumentHTML", [&](Frame& frame) {
+bool MetaDocumentEdit::SetDocumentHTML(const std::string& value) {
+    return Procedure<bool>(*this, "DocumentHTML", [&](bool& result, Frame& frame) {
         Watch watchValue(frame, "value", value);
-        const std::string spans = ConvertMetaDocumentToSpanDocument(value);
-        // The source view holds layouts only.
-        dedDocument->SetDocumentHTML(iView == kSourceView ? value : zHideExcluded(spans));
+        result = zShow(value);
         mFirstLoad = false;
         zSetView();
     });
@@ -231,6 +240,27 @@ std::string MetaDocumentEdit::zShowExcluded(const std::string& text) const {
     return shown.append(html, from);
 }
 
+bool MetaDocumentEdit::zShow(const std::string& html) {
+    const SpanDocument made = MakeSpanDocument(html);
+    if (!made.Parser) return false;
+    const SpanDocument old{{}, mParserTemplate, mSpanProvider};
+    const Ref<HTMLDocument> document = dedDocument->GetDocument();
+    const bool isSource = dedDocument->GetView() == HtmlView::Source;
+    mParserTemplate = made.Parser;
+    mSpanProvider = made.Provider;
+    // The spans of a document mean nothing without those that made them.
+    const ScopeExit settle([&] {
+        if (isSource || dedDocument->GetDocument() != document) {
+            if (old.Provider) old.Provider->Terminate();
+        } else {
+            mParserTemplate = old.Parser;
+            mSpanProvider = old.Provider;
+        }
+    });
+    dedDocument->SetDocumentHTML(isSource ? html : zHideExcluded(made.Text));
+    return true;
+}
+
 int MetaDocumentEdit::zActiveView() const {
     for (std::size_t tab = 1; tab <= fstView->Count(); ++tab)
         if (fstView->Item(tab) == fstView->GetSelectedTab()) return static_cast<int>(tab) - 1;
@@ -253,18 +283,18 @@ void MetaDocumentEdit::zSetView() {
             if (mRememberedView == NewView) return;
             fstView->SetSelectedTab(fstView->Item(static_cast<std::size_t>(mRememberedView + 1)));
             dedDocument->SetVisible(true);
+            dedDocument->SetView(iView == kSourceView ? HtmlView::Source : HtmlView::Normal);
         });
         std::string html;
+        if (!zReadForView(html)) return;
         if (NewView == kSourceView) {
-            if (!zReadForView(html)) return;
             dedDocument->SetVisible(false);
             dedDocument->SetView(HtmlView::Source);
             dedDocument->SetDocumentHTML(html);
             dedDocument->SetVisible(true);
         } else {
-            if (!zReadForView(html)) return;
             dedDocument->SetView(HtmlView::Normal);
-            dedDocument->SetDocumentHTML(zHideExcluded(ConvertMetaDocumentToSpanDocument(html)));
+            if (!zShow(html)) return;
         }
         hdrElements->SetVisible(NewView == kNormalView && iWarningVisible);
         iView = NewView;
@@ -326,10 +356,18 @@ void MetaDocumentEdit::dksUI_CommandClick(const Ref<DockCommand>& Command) {
 
 void MetaDocumentEdit::dedDocument_Change() {
     Procedure(*this, "dedDocument_Change", [&](Frame&) {
+        mElementSteps.clear();
         if (dedDocument->GetLoading() || !dedDocument->GetDocument()) return;
         if (!dedDocument->IsCommandEnabled("EditUndo")) return;
         if (iView == kSourceView) iRawChanged = true;
         Changed();
+    });
+}
+
+void MetaDocumentEdit::dedDocument_CommandClick(const std::string& CommandName, bool& Ignore) {
+    Procedure(*this, "dedDocument_CommandClick", [&](Frame& frame) {
+        Watch watchName(frame, "CommandName", CommandName);
+        if (EqualIgnoringCase(CommandName, "undo") && UndoElementEdit()) Ignore = true;
     });
 }
 

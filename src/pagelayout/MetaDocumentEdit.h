@@ -17,6 +17,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace paperkite {
@@ -71,7 +72,9 @@ public:
     /// The layout as it is to be stored. Empty after a failure, which was shown then: a host keeps
     /// what it has.
     std::string GetDocumentHTML();
-    void SetDocumentHTML(const std::string& value);
+    /// A text that cannot be shown, which was told then, leaves the old one with all that the
+    /// author did; true when it is shown.
+    bool SetDocumentHTML(const std::string& value);
     const std::string& GetBaseURL() const { return dedDocument->GetBaseURL(); }
     void SetBaseURL(const std::string& value);
     /// Whether the author changed something since this was last set to false.
@@ -91,6 +94,10 @@ public:
     bool InsertMetaData();
     /// Lets the author change the element whose span is the editor's current element.
     bool EditMetaData();
+    /// Takes the last change of an element back; false, and nothing happens, where something else
+    /// was changed since. The editor's own undo asks here first.
+    bool UndoElementEdit();
+    bool CanUndoElementEdit() const { return !mElementSteps.empty(); }
     /// Takes the editor's current element away, whatever it is; false.
     bool DeleteMetaData();
 
@@ -154,6 +161,9 @@ private:
     void zShowPreview();
     void zUpdateCommands();
     void zSetView();
+    /// Puts a layout into the editor: as it stands into the source view, with spans otherwise.
+    /// False where it was told that this cannot be; what is shown is as it was then.
+    bool zShow(const std::string& html);
     int zActiveView() const;
     /// A span document for the editor, and back: no document would leave the elements that stay as
     /// they are where they stand, so that bare comments stand for them meanwhile.
@@ -169,9 +179,26 @@ private:
     void zDoubleClick(const Ref<HTMLElement>& source, bool& CancelDefault);
     void zContextMenu(const HtmlElementEvent& info, bool& CancelDefault);
 
+    void dedDocument_CommandClick(const std::string& CommandName, bool& Ignore);
+    /// An element as it was before it was edited.
+    struct ElementStep {
+        std::size_t Index = 0;
+        std::string Text;
+        std::vector<std::pair<std::string, std::string>> Attributes;
+        Ref<HTMLElement> Span;
+    };
+    ElementStep zStepOf(std::size_t index, const Ref<HTMLElement>& span) const;
+
     // Conversion
+    struct SpanDocument {
+        std::string Text;
+        Ref<ParserTemplate> Parser;
+        Ref<SpanProvider> Provider;
+    };
+    /// One without a parser after a failure.
+    SpanDocument MakeSpanDocument(const std::string& HTML);
     Ref<ParserTemplate> CreateParserTemplate(const std::string& HTML);
-    void FindExcludedElements();
+    static void FindExcludedElements(ParserTemplate& layout, SpanProvider& provider);
     std::string KeepUntouchedSpans(const std::string& html, KeptElements& kept) const;
     void ReplaceSpans(HTMLDocument& document, KeptElements& kept);
     void ReplaceSpan(HTMLDocument& document, HTMLElement& span, KeptElements& kept);
@@ -193,6 +220,8 @@ private:
     int mRememberedView = 0;
     Ref<Container> conClient = MakeRef<Container>("conClient");
     Ref<Control> mPreview;
+    /// Edits of elements that nothing was changed behind.
+    std::vector<ElementStep> mElementSteps;
     std::vector<Connection> mConnections;
 };
 

@@ -68,30 +68,40 @@ Ref<ParserTemplate> MetaDocumentEdit::CreateParserTemplate(const std::string& HT
 }
 
 std::string MetaDocumentEdit::ConvertMetaDocumentToSpanDocument(const std::string& HTML) {
-    return Procedure<std::string>(*this, "ConvertMetaDocumentToSpanDocument",
-                                  [&](std::string& result, Frame& frame) {
-                                      Watch watchHTML(frame, "HTML", HTML);
-                                      mParserTemplate = CreateParserTemplate(HTML);
-                                      if (mSpanProvider) mSpanProvider->Terminate();
-                                      mSpanProvider = MakeRef<SpanProvider>();
-                                      FindExcludedElements();
-                                      mSpanProvider->OutputSpans = true;
-                                      mParserTemplate->SetDataProvider(mSpanProvider);
-                                      mParserTemplate->SetUseProvidedText(true);
-                                      result = mParserTemplate->Parse();
-                                  });
+    const SpanDocument made = MakeSpanDocument(HTML);
+    if (!made.Parser) return {};
+    if (mSpanProvider) mSpanProvider->Terminate();
+    mParserTemplate = made.Parser;
+    mSpanProvider = made.Provider;
+    return made.Text;
+}
+
+MetaDocumentEdit::SpanDocument MetaDocumentEdit::MakeSpanDocument(const std::string& HTML) {
+    return Procedure<SpanDocument>(
+        *this, "ConvertMetaDocumentToSpanDocument", [&](SpanDocument& result, Frame& frame) {
+            Watch watchHTML(frame, "HTML", HTML);
+            const Ref<ParserTemplate> layout = CreateParserTemplate(HTML);
+            if (!layout) return;
+            const auto provider = MakeRef<SpanProvider>();
+            FindExcludedElements(*layout, *provider);
+            provider->OutputSpans = true;
+            layout->SetDataProvider(provider);
+            layout->SetUseProvidedText(true);
+            const std::string spans = layout->Parse();
+            result = {spans, layout, provider};
+        });
 }
 
 /// A span would not be shown, or would be pushed elsewhere, in front of the body and between the
 /// cells of a table.
-void MetaDocumentEdit::FindExcludedElements() {
+void MetaDocumentEdit::FindExcludedElements(ParserTemplate& layout, SpanProvider& provider) {
     std::int32_t Index = 0;
     bool FoundBody = false;
     bool ExcludeNext = false;
-    for (const auto& element : mParserTemplate->GetSections()->Item(std::size_t{1})->Elements) {
+    for (const auto& element : layout.GetSections()->Item(std::size_t{1})->Elements) {
         if (element->ElementType == kParserTagElement) {
             ++Index;
-            if (ExcludeNext) mSpanProvider->ExcludedElements.Add(1, std::to_string(Index));
+            if (ExcludeNext) provider.ExcludedElements.Add(1, std::to_string(Index));
         }
         if (element->ElementType != kParserLiteralText) continue;
         if (!FoundBody) FoundBody = BeginsBody(element->Text);

@@ -44,6 +44,7 @@ bool MetaDocumentEdit::InsertMetaData() {
             form->ctlBuilder->Save(element);
             element->Text = form->GetText();
             mSpanProvider->Elements.Add(element);
+            mElementSteps.clear();
             dedDocument->SetSelectedHTML(ElementToSpan(*element, mSpanProvider->Elements.Count()));
             Changed();
             result = true;
@@ -69,6 +70,7 @@ bool MetaDocumentEdit::EditMetaData() {
         form->SetText(TrimBlanks(element->Text));
         form->Show(FormMode::Modal);
         if (form->GetSuccess()) {
+            mElementSteps.push_back(zStepOf(position, span));
             element->Text = form->GetText();
             form->ctlBuilder->Save(element);
             span->SetOuterHTML(ElementToSpan(*element, position));
@@ -80,8 +82,38 @@ bool MetaDocumentEdit::EditMetaData() {
     });
 }
 
+MetaDocumentEdit::ElementStep MetaDocumentEdit::zStepOf(std::size_t index,
+                                                        const Ref<HTMLElement>& span) const {
+    const ParserElement& element = *mSpanProvider->Elements.Item(index);
+    ElementStep step{index, element.Text, {}, span};
+    for (const auto& attribute : element.Attributes)
+        step.Attributes.emplace_back(attribute->Name, attribute->Value);
+    return step;
+}
+
+bool MetaDocumentEdit::UndoElementEdit() {
+    return Procedure<bool>(*this, "UndoElementEdit", [&](bool& result, Frame&) {
+        if (mElementSteps.empty()) return;
+        const ElementStep step = std::move(mElementSteps.back());
+        mElementSteps.pop_back();
+        ParserElement& element = *mSpanProvider->Elements.Item(step.Index);
+        element.Text = step.Text;
+        element.Attributes.Clear();
+        for (const auto& [name, value] : step.Attributes) {
+            const auto attribute = MakeRef<ElementAttribute>();
+            attribute->Name = name;
+            attribute->Value = value;
+            element.Attributes.Add(attribute, name);
+        }
+        result = true;
+        step.Span->SetOuterHTML(ElementToSpan(element, step.Index));
+        Changed();
+    });
+}
+
 bool MetaDocumentEdit::DeleteMetaData() {
     return Procedure<bool>(*this, "DeleteMetaData", [&](bool&, Frame&) {
+        mElementSteps.clear();
         dedDocument->GetCurrentElement()->SetOuterHTML("");
         Changed();
     });

@@ -126,6 +126,7 @@ void CheckFailure(const WalkedOperation& operation, const Reference& reference, 
     EXPECT_GE(CountLines(reports), expected.Least) << reports;
     EXPECT_LE(CountLines(reports), expected.Most) << reports;
     EXPECT_EQ(Losses(reference.Before, reference.Comments, scene.Scanned.Comments()), "");
+    operation.Check(scene);
     if (use == 1) {
         const auto problem = scene.Scanned.Project->Save();
         EXPECT_FALSE(problem) << problem->Message();
@@ -140,6 +141,7 @@ void CheckFailure(const WalkedOperation& operation, const Reference& reference, 
     EXPECT_EQ(scene.Services.TakeReports(), "") << "on the way after the failure";
     EXPECT_NO_THROW(operation.Run(scene));
     EXPECT_EQ(scene.Services.TakeReports(), "") << "after the failure";
+    operation.Check(scene);
     EXPECT_EQ(scene.State(), reference.State);
 }
 

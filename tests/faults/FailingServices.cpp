@@ -101,6 +101,13 @@ Ref<HTMLDocument> FailingDOMFactory::CreateFromFile(const std::string& path,
     return mInner->CreateFromFile(path, reserved);
 }
 
+FailingTidy::FailingTidy(FailureSwitch& failure) : mFailure(failure), mInner(MakeHTMLTidy()) {}
+
+std::string FailingTidy::TidyHTML(const std::string& html, bool bodyOnly) {
+    mFailure.Use("Tidy");
+    return mInner->TidyHTML(html, bodyOnly);
+}
+
 FailingControlHelper::FailingControlHelper(FailureSwitch& failure) : mFailure(failure) {
     SetSystemClipboard = [this](const std::string&) { mFailure.Use("SystemClipboard"); };
 }
@@ -214,6 +221,7 @@ FailingServices::FailingServices(FailureSwitch& failure)
     services.Screen = std::make_shared<FailingScreen>(failure);
     services.FileSystem = Files;
     services.HTMLDOMFactory = std::make_shared<FailingDOMFactory>(failure);
+    services.HTMLTidy = std::make_shared<FailingTidy>(failure);
     services.CreateParserTemplate = [&failure] {
         failure.Use("CreateParserTemplate");
         return MakeRef<TemplateParser>();

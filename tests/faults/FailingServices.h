@@ -84,6 +84,17 @@ private:
     std::shared_ptr<HTMLDOMFactory> mInner;
 };
 
+/// Tidies for real.
+class FailingTidy : public HTMLTidy {
+public:
+    explicit FailingTidy(FailureSwitch& failure);
+    std::string TidyHTML(const std::string& html, bool bodyOnly) override;
+
+private:
+    FailureSwitch& mFailure;
+    std::shared_ptr<HTMLTidy> mInner;
+};
+
 class FailingControlHelper : public ModelControlHelper {
 public:
     explicit FailingControlHelper(FailureSwitch& failure);

@@ -189,7 +189,7 @@ std::vector<WalkedOperation> AllOperations() {
     std::vector<WalkedOperation> all;
     for (const auto& part :
          {ProjectViewOperations(), CommentEditorOperations(), ProjectEditorOperations(), Gestures(),
-          PageOperations(), ElementOperations(), LinkOperations()})
+          PageOperations(), ElementOperations(), LayoutOperations(), LinkOperations()})
         all.insert(all.end(), part.begin(), part.end());
     return all;
 }

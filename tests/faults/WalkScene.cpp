@@ -52,6 +52,7 @@ WalkScene::WalkScene(ScannedProject& scanned)
 WalkScene::~WalkScene() {
     Failure.Disarm();
     mConnections.clear();
+    Layout.reset();
     Editor.reset();
 }
 
@@ -205,6 +206,7 @@ void WalkScene::ConnectHandlers() {
 }
 
 void WalkScene::Begin() {
+    Layout.reset();
     Scanned.Reset();
     Configure();
     BeginDialogs();

@@ -13,6 +13,8 @@
 
 namespace paperkite::test {
 
+struct LayoutScene;
+
 /// A whole authoring screen over the scanned project, in a world that may fail at any use. Handlers
 /// of the host stand on every public event and may fail too.
 class WalkScene {
@@ -65,6 +67,8 @@ public:
     Ref<frmEditMetaSpan> ElementDialog;
     Ref<frmBrowseHTMLColor> ColourDialog;
     std::unique_ptr<ProjectEditor> Editor;
+    /// Made by the operations on layouts.
+    std::shared_ptr<LayoutScene> Layout;
 
 private:
     TaggedCommentDef& Define(const std::string& tag);

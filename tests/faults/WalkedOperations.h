@@ -16,6 +16,8 @@ struct WalkedOperation {
     std::function<void(WalkScene&)> Run;
     /// What comes before it, on the tree with A open.
     std::function<void(WalkScene&)> Prepare = [](WalkScene&) {};
+    /// What must hold behind it, whatever failed.
+    std::function<void(WalkScene&)> Check = [](WalkScene&) {};
     /// The component is of no more use behind it.
     bool IsLast = false;
 
@@ -28,6 +30,8 @@ std::vector<WalkedOperation> CommentEditorOperations();
 std::vector<WalkedOperation> ProjectEditorOperations();
 std::vector<WalkedOperation> PageOperations();
 std::vector<WalkedOperation> ElementOperations();
+/// Of page layouts that are edited.
+std::vector<WalkedOperation> LayoutOperations();
 /// Of the panels that compose links.
 std::vector<WalkedOperation> LinkOperations();
 /// The author's gestures on their controls.

@@ -1,4 +1,5 @@
 #include "foundation/GlobalConfig.h"
+#include "host/window/LayoutWindow.h"
 #include "host/window/LinkForm.h"
 #include "host/window/SpellDialog.h"
 #include "host/window/SpellOptionsDialog.h"
@@ -212,6 +213,30 @@ TEST_P(ShownWindowsTest, TheTopicDialog) {
     view.resize(520, 480);
     Settle();
     Keep(view, "topic");
+}
+
+TEST_P(ShownWindowsTest, TheLayoutWindowInItsThreeViews) {
+    mWindow->GetAction("PageLayouts")->trigger();
+    auto* layouts = mWindow->GetLayoutWindow();
+    ASSERT_TRUE(layouts);
+    ASSERT_TRUE(WaitUntil([&] {
+        const auto pages = layouts->findChildren<QWidget*>();
+        return std::any_of(pages.begin(), pages.end(), [](QWidget* widget) {
+            auto* page = dynamic_cast<HtmlEditView*>(widget);
+            return page && page->isVisible() && page->IsReady();
+        });
+    }));
+    EXPECT_EQ(layouts->GetEdit().GetView(), 0);
+    Keep(*layouts, "layout");
+    layouts->GetAction("ViewSource")->trigger();
+    EXPECT_EQ(layouts->GetEdit().GetView(), 1);
+    Settle();
+    Keep(*layouts, "layout-html");
+    layouts->GetAction("ViewPreview")->trigger();
+    EXPECT_EQ(layouts->GetEdit().GetView(), 2);
+    EXPECT_EQ(layouts->GetPreviewItem(), kDog);
+    Settle();
+    Keep(*layouts, "layout-preview");
 }
 
 INSTANTIATE_TEST_SUITE_P(Schemes, ShownWindowsTest, testing::Values("light", "dark"));

@@ -208,6 +208,37 @@ TEST_F(MetaDocumentEditTest, ALayoutThatCannotBeConvertedBackStaysInItsView) {
     EXPECT_EQ(Body(), "<p id=\"p\">written " + kNameTag + "</p>");
 }
 
+TEST_F(MetaDocumentEditTest, ALayoutThatCannotBeShownLeavesTheOldOneAndItsElements) {
+    Open("<p>written " + kNameTag + "</p>");
+    const std::string shown = Shown();
+    std::string deep = kKindTag;
+    for (int level = 0; level < 100000; ++level)
+        deep += "<div>";
+    EXPECT_FALSE(mEdit.SetDocumentHTML(Page(deep)));
+    EXPECT_EQ(Reports(), "MetaDocumentEdit.DocumentHTML (5)\n");
+    EXPECT_EQ(Shown(), shown);
+    EXPECT_EQ(Body(), "<p>written " + kNameTag + "</p>");
+    Choose(2);
+    EXPECT_TRUE(mEdit.SetDocumentHTML(Page(deep))) << "as a text it can be";
+    Choose(1);
+    EXPECT_EQ(Reports(), "MetaDocumentEdit.zSetView (5)\n");
+    EXPECT_EQ(mEdit.GetView(), 1);
+    EXPECT_EQ(Tab(), "htmlsource");
+    EXPECT_EQ(mEdit.dedDocument->GetView(), HtmlView::Source);
+    EXPECT_EQ(mEdit.GetDocumentHTML(), Page(deep));
+}
+
+TEST_F(MetaDocumentEditTest, AFailingConversionLeavesTheOldLayoutAndItsElements) {
+    Open("<p>written " + kNameTag + "</p>");
+    const auto create = std::exchange(CurrentServices().CreateParserTemplate, {});
+    EXPECT_FALSE(mEdit.SetDocumentHTML(Page("<p>other</p>")));
+    EXPECT_EQ(Reports(), "MetaDocumentEdit.CreateParserTemplate (429)\n");
+    EXPECT_EQ(mEdit.ConvertMetaDocumentToSpanDocument(Page("<p>other</p>")), "");
+    Reports();
+    CurrentServices().CreateParserTemplate = create;
+    EXPECT_EQ(Body(), "<p>written " + kNameTag + "</p>");
+}
+
 TEST_F(MetaDocumentEditTest, AnEmptyLayoutIsShownInEveryView) {
     mEdit.SetDocumentHTML("");
     for (const int tab : {2, 3, 1}) {

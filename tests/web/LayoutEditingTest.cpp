@@ -134,6 +134,10 @@ TEST_F(LayoutEditingTest, ADoubleClickOnASpanEditsItsElement) {
     ASSERT_TRUE(WaitUntil([&] { return mDialogs > 0; }));
     EXPECT_TRUE(WaitUntil([&] { return Body() == "<p>" + kKind + "</p>"; })) << Body();
     EXPECT_TRUE(mEdit.GetDirty());
+    // The key of the page takes back what the dialog did.
+    QTest::keyClick(Input(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_TRUE(WaitUntil([&] { return Body() == "<p>" + kName + "</p>"; })) << Body();
+    EXPECT_FALSE(mEdit.CanUndoElementEdit());
 }
 
 TEST_F(LayoutEditingTest, AnInsertedElementReplacesTheSelection) {

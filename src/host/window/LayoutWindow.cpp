@@ -179,27 +179,39 @@ bool LayoutWindow::Open(const Place& place) {
         TellProblem(*problem);
         return false;
     }
+    if (!Show(*file)) return false;
     mFile = std::move(file);
     ShowNotice(mFile->IsWritable()
                    ? QString()
                    : tr("This layout cannot be written here. Save a copy of it elsewhere, or make "
                         "%1 writable.")
                          .arg(QString::fromStdString(mFile->GetPath())));
-    mEdit->SetTemplate(mFile->GetTemplate());
-    mEdit->SetLayout(mFile->GetLayout());
-    mEdit->SetBaseURL(AddressOf(mFile->GetTemplate()->Folder));
-    std::vector<std::string> sheets;
-    for (const std::string& name : mFile->GetTemplate()->Files)
-        if (name.ends_with(".css")) sheets.push_back(name);
-    mEdit->dedDocument->SetStyleSheets(sheets);
-    mEdit->SetDocumentHTML(mFile->GetText());
-    mEdit->SetDirty(false);
     if (!IsServed(mPreviewItem)) mPreviewItem = FindItem();
     CheckTags();
     ShowPreview();
     ShowTitle();
     UpdateActions();
     return true;
+}
+
+// What cannot be shown leaves the layout that is open with its own template.
+bool LayoutWindow::Show(const LayoutFile& file) {
+    const auto put = [this](const LayoutFile& shown) {
+        mEdit->SetTemplate(shown.GetTemplate());
+        mEdit->SetLayout(shown.GetLayout());
+        mEdit->SetBaseURL(AddressOf(shown.GetTemplate()->Folder));
+        std::vector<std::string> sheets;
+        for (const std::string& name : shown.GetTemplate()->Files)
+            if (name.ends_with(".css")) sheets.push_back(name);
+        mEdit->dedDocument->SetStyleSheets(sheets);
+    };
+    put(file);
+    const bool isShown = mEdit->SetDocumentHTML(file.GetText());
+    if (isShown)
+        mEdit->SetDirty(false);
+    else if (mFile)
+        put(*mFile);
+    return isShown;
 }
 
 void LayoutWindow::ShowNotice(const QString& text) {

@@ -77,6 +77,8 @@ private:
     void FillList();
     void ChooseNode(const Ref<TreeNode>& node);
     bool Open(const Place& place);
+    /// Puts a layout into the editor; false where it was told that this cannot be.
+    bool Show(const LayoutFile& file);
     void ShowNotice(const QString& text);
     void ShowTitle();
     bool Store(LayoutFile::Others others);

@@ -122,6 +122,7 @@ void LayoutWindow::UpdateActions() {
         mActions[name]->setEnabled(isOpen && view == 0 && editor.IsCommandEnabled(name));
     for (const char* name : {"undo", "redo", "cut", "copy", "paste"})
         mActions[name]->setEnabled(isOpen && (view == 1 || editor.IsCommandEnabled(name)));
+    if (isOpen && mEdit->CanUndoElementEdit()) mActions["undo"]->setEnabled(true);
     const auto& commands = mEdit->dksUI->Commands;
     const std::pair<const char*, const char*> elements[] = {{"AddElement", "btnMetaAdd"},
                                                             {"EditElement", "btnMetaEdit"},

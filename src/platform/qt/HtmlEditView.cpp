@@ -15,6 +15,7 @@
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -352,8 +353,9 @@ void HtmlEditView::SourceMarkChanged() {
 }
 
 Ref<HTMLElement> HtmlEditView::Current(const WebPath& path) {
-    return PagePoint::Of(path, [this](const std::string& html) {
-        if (mSurface) mSurface->Run(QStringLiteral("replaceelement"), {ToQString(html)});
+    return PagePoint::Of(path, [view = QPointer(this)](const std::string& html) {
+        if (view && view->mSurface)
+            view->mSurface->Run(QStringLiteral("replaceelement"), {ToQString(html)});
     });
 }
 

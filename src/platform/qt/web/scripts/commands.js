@@ -107,7 +107,8 @@ kite.run = function (name, args) {
     if (!kite.selectedPlace()) kite.focusText();
     const place = kite.selectedPlace();
     if (!place || !kite.actions[name]) return;
-    kite.actions[name](...args);
+    // What the program did itself it need not be told of.
+    if (kite.actions[name](...args) === kite.untold) return kite.dirty.add(kite.indexOf(place));
     // A long page is not searched through for what only stands where the author is.
     const paragraph = kite.whole ? kite.within('p') : place;
     if (paragraph) kite.freeLists(kite.whole ? paragraph.parentElement : place);

@@ -19,6 +19,8 @@ const kite = {
     last: null,
 };
 
+kite.untold = 'untold';
+
 kite.placeOf = function (node) {
     const element = node && (node.nodeType === Node.ELEMENT_NODE ? node : node.parentElement);
     return element ? element.closest('[data-kite-place]') : null;

@@ -149,7 +149,7 @@ kite.shortcut = function (event) {
     const name = event.shiftKey ? 'redo' : kite.keys[key];
     // The program may know of an older change, one of several places.
     const isHistory = name === 'undo' || name === 'redo';
-    if (isHistory && !document.queryCommandEnabled(name))
+    if (isHistory && (kite.whole || !document.queryCommandEnabled(name)))
         kite.bridge.command(kite.generation, name);
     else
         kite.run(name, []);

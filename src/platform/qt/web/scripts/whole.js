@@ -137,7 +137,7 @@ kite.refreshSpans = function (html) {
 
 // Writes the element that the author stands in.
 kite.actions.replaceelement = function (html) {
-    if (html && kite.refreshSpans(html)) return;
+    if (html && kite.refreshSpans(html)) return kite.untold;
     const element = kite.target && kite.target.isConnected ? kite.target : kite.currentElement();
     if (!element || element === document.body) return;
     const range = document.createRange();
