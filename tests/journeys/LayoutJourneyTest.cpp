@@ -116,7 +116,8 @@ TEST_F(LayoutJourneyTest, AMalformedTagIsPointedAtWhereItStands) {
     EXPECT_EQ(Edit().dedDocument->GetMarkedLine(), 3);
     EXPECT_EQ(Edit().dedDocument->GetMarkedColumn(), 4);
     const QString text = area->toPlainText();
-    area->setPlainText(QString(text).replace("x</p>", "x<!--KITEMETADATA end--></p>"));
+    area->selectAll();
+    area->insertPlainText(QString(text).replace("x</p>", "x<!--KITEMETADATA end--></p>"));
     EXPECT_TRUE(WaitUntil([&] { return Notice().empty(); })) << Notice();
     EXPECT_EQ(Edit().dedDocument->GetMarkedLine(), 0);
 }
