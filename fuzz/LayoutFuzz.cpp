@@ -11,6 +11,9 @@ const FuzzTarget target("layout", [](std::string_view input) {
         Require(!once.Messages().empty(), "a layout is lost without a word");
         return;
     }
+    // What is no text cannot be kept as one, and whoever made it is told.
+    if (html.find('\0') != std::string::npos)
+        return Require(!once.Messages().empty(), "a zero byte passes without a word");
     for (const std::string& source : LayoutTrip::Sources(html))
         Require(once.Saved().find(source) != std::string::npos,
                 "an element is lost: " + source + "\n---\n" + once.Saved());

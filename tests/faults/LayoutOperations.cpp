@@ -186,6 +186,11 @@ void AddConversions(LayoutList& list) {
 void AddEditing(LayoutList& list) {
     list.Add("InsertMetaData", [](auto& edit, auto&) { edit.InsertMetaData(); });
     list.Add("EditMetaData", [](auto& edit, auto&) { edit.EditMetaData(); });
+    list.Add("UndoElementEdit", [](auto& edit, auto&) {
+        edit.EditMetaData();
+        edit.UndoElementEdit();
+    });
+    list.Add("CanUndoElementEdit", [](auto& edit, auto&) { edit.CanUndoElementEdit(); });
     list.Add("DeleteMetaData", [](auto& edit, auto&) { edit.DeleteMetaData(); });
     for (const char* command : {"btnMetaAdd", "btnMetaEdit", "btnMetaDelete", "btnMetaHelp"})
         list.Add("UserClickCommand",
