@@ -27,6 +27,7 @@ public:
         space->Moniker = "kite.source";
         const auto owner = MakeRef<PageTemplate>();
         owner->Namespaces = {space};
+        mEdited = prologue.GetRest();
         MetaDocumentEdit edit;
         edit.SetTemplate(owner);
         mSpans = edit.ConvertMetaDocumentToSpanDocument(prologue.GetRest());
@@ -34,6 +35,8 @@ public:
         CurrentServices() = mBefore;
     }
 
+    /// What stands behind the prologue.
+    const std::string& Edited() const { return mEdited; }
     const std::string& Spans() const { return mSpans; }
     const std::string& Saved() const { return mSaved; }
     const std::string& Messages() const { return mMessages->Text; }
@@ -71,6 +74,7 @@ private:
 
     Services mBefore = CurrentServices();
     std::shared_ptr<KeptMessages> mMessages = std::make_shared<KeptMessages>();
+    std::string mEdited;
     std::string mSpans;
     std::string mSaved;
 };
