@@ -87,7 +87,8 @@ std::string LayoutTest::ChosenLayout() const {
 void LayoutTest::Do(const char* action) {
     QAction* entry = Window().GetAction(action);
     ASSERT_TRUE(entry) << action;
-    EXPECT_TRUE(entry->isEnabled()) << action;
+    // What the page can do now it says a little later.
+    EXPECT_TRUE(WaitUntil([&] { return entry->isEnabled(); })) << action;
     entry->trigger();
     Settle();
 }

@@ -227,6 +227,12 @@ TEST_P(ShownWindowsTest, TheLayoutWindowInItsThreeViews) {
         });
     }));
     EXPECT_EQ(layouts->GetEdit().GetView(), 0);
+    // Styles of the template follow the scheme of the program.
+    EXPECT_TRUE(WaitUntil([&] {
+        const QImage image = layouts->grab().toImage();
+        const int page = image.pixelColor(image.width() - 40, image.height() / 2).lightness();
+        return (page < 128) == IsDark();
+    }));
     Keep(*layouts, "layout");
     layouts->GetAction("ViewSource")->trigger();
     EXPECT_EQ(layouts->GetEdit().GetView(), 1);

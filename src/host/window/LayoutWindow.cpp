@@ -26,7 +26,7 @@ namespace {
 
 constexpr int kFirstWidth = 1200;
 constexpr int kFirstHeight = 800;
-constexpr int kListWidth = 220;
+constexpr int kListWidth = 260;
 /// Milliseconds without a key before the tags of the source are looked at.
 constexpr int kTagCheckDelay = 300;
 

@@ -12,10 +12,12 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QFile>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
+#include <QUrl>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -23,6 +25,21 @@
 namespace paperkite {
 
 namespace {
+
+/// A style sheet for the head of a page. The light or dark scheme reaches only sheets that stand in
+/// the page itself; one of another folder would look for its pictures in the wrong place there.
+QString SheetOf(const QString& base, const QString& name) {
+    constexpr qint64 kMostBytes = 1'000'000;
+    QUrl address;
+    address.setPath(name);
+    QFile file(QUrl(base).resolved(address).toLocalFile());
+    QString text;
+    if (!name.contains('/') && file.size() <= kMostBytes && file.open(QIODevice::ReadOnly))
+        text = QString::fromUtf8(file.readAll());
+    if (text.isEmpty() || text.contains(QLatin1String("</style"), Qt::CaseInsensitive))
+        return "<link rel=\"stylesheet\" href=\"" + name.toHtmlEscaped() + "\">";
+    return "<style>" + text + "</style>";
+}
 
 constexpr int kMostLosses = 3;
 
@@ -194,7 +211,7 @@ QString HtmlEditView::PageText() const {
 QString HtmlEditView::WithLooks(const QString& html) const {
     QString sheets;
     for (const std::string& sheet : mEdit->GetStyleSheets())
-        sheets += "<link rel=\"stylesheet\" href=\"" + ToQString(sheet).toHtmlEscaped() + "\">";
+        sheets += SheetOf(ToQString(mEdit->GetBaseURL()), ToQString(sheet));
     const qsizetype head = html.indexOf(QLatin1String("<head"), 0, Qt::CaseInsensitive);
     const qsizetype end = head < 0 ? -1 : html.indexOf('>', head);
     const QString page = end < 0 ? html : html.left(end + 1) + sheets + html.mid(end + 1);
