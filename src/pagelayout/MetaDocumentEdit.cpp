@@ -13,8 +13,7 @@ constexpr int kNormalView = 0;
 constexpr int kSourceView = 1;
 constexpr int kPreviewView = 2;
 /// What stands in the editor for an element that is not shown as a span, with its number between.
-constexpr const char* kExcluded = "<!--kiteelement";
-constexpr const char* kExcludedEnd = "-->";
+constexpr const char* kExcluded = "!--kiteelement";
 constexpr std::size_t kMostElements = 100'000'000;
 constexpr const char* kBaseURL = "BaseURL";
 constexpr const char* kContextMenu = "mnuContext";
@@ -208,7 +207,7 @@ std::string MetaDocumentEdit::zHideExcluded(const std::string& spans) const {
         if (piece->ElementType != kParserTagElement)
             text += piece->Text;
         else if (next < numbers.size())
-            text += std::string(kExcluded) + std::to_string(numbers[next++]) + kExcludedEnd;
+            text += "<" + std::string(kExcluded) + std::to_string(numbers[next++]) + "-->";
         else
             return spans;
     }
@@ -216,28 +215,26 @@ std::string MetaDocumentEdit::zHideExcluded(const std::string& spans) const {
 }
 
 std::string MetaDocumentEdit::zShowExcluded(const std::string& text) const {
-    // In a title a comment is text.
-    const std::string html =
-        ReplaceAll(text, "&lt;!--kiteelement", kExcluded); // its end is looked at below
     std::string shown;
     std::size_t from = 0;
-    for (std::size_t at = html.find(kExcluded); at != std::string::npos;
-         at = html.find(kExcluded, at + 1)) {
+    for (std::size_t at = text.find(kExcluded); at != std::string::npos;
+         at = text.find(kExcluded, at + 1)) {
+        // In a title a comment is text.
+        const bool isText = text.compare(at < 4 ? 0 : at - 4, 4, "&lt;") == 0;
+        const std::string_view close = isText ? "--&gt;" : "-->";
+        if (at == 0 || (!isText && text[at - 1] != '<')) continue;
         std::size_t end = at + std::string_view(kExcluded).size();
         std::size_t number = 0;
-        while (end < html.size() && html[end] >= '0' && html[end] <= '9' && number < kMostElements)
-            number = number * 10 + static_cast<std::size_t>(html[end++] - '0');
-        for (const std::string_view close : {kExcludedEnd, "--&gt;"}) {
-            if (html.compare(end, close.size(), close) != 0 || number < 1 ||
-                number > mSpanProvider->Elements.Count())
-                continue;
-            shown.append(html, from, at - from)
-                .append(mSpanProvider->Elements.Item(number)->GetSourceText());
-            from = end + close.size();
-            break;
-        }
+        while (end < text.size() && text[end] >= '0' && text[end] <= '9' && number < kMostElements)
+            number = number * 10 + static_cast<std::size_t>(text[end++] - '0');
+        if (text.compare(end, close.size(), close) != 0 || number < 1 ||
+            number > mSpanProvider->Elements.Count())
+            continue;
+        shown.append(text, from, at - (isText ? 4 : 1) - from)
+            .append(mSpanProvider->Elements.Item(number)->GetSourceText());
+        from = end + close.size();
     }
-    return shown.append(html, from);
+    return shown.append(text, from);
 }
 
 bool MetaDocumentEdit::zShow(const std::string& html) {
