@@ -47,6 +47,26 @@ std::int32_t StrictInteger(const std::string& text) {
 
 } // namespace
 
+namespace {
+
+bool HoldsSpanBehindBody(const std::string& html) {
+    const std::size_t end =
+        std::min(LastIgnoringCase(html, "</body", 0), LastIgnoringCase(html, "</html", 0));
+    return html.find("<span id=\"metaspanstart", end) != std::string::npos;
+}
+
+// Behind the body a text area or a script is no place where spans are found, and what stands for
+// an element there would be stored as a text.
+void RaiseIfSpanIsText(const std::string& html) {
+    for (const char* start : {"&lt;span id=\"metaspanstart", "&lt;span id=&quot;metaspanstart"})
+        if (html.find(start) != std::string::npos)
+            RaiseError(ErrorNumber::InvalidCall,
+                       "An element behind the end of the body would be lost where it stands. Put "
+                       "it into the body, and convert again.");
+}
+
+} // namespace
+
 Ref<ParserTemplate> MetaDocumentEdit::CreateParserTemplate(const std::string& HTML) {
     return Procedure<Ref<ParserTemplate>>(
         *this, "CreateParserTemplate", [&](Ref<ParserTemplate>& result, Frame& frame) {
@@ -127,7 +147,10 @@ std::string MetaDocumentEdit::ConvertSpanDocumentToMetaDocument(const std::strin
             const std::string text =
                 Required(CurrentServices().HTMLTidy)
                     .TidyHTML(document->GetDocumentElement()->GetOuterHTML(), false);
-            result = kept.Restore(WithTightHelpNamespace(WithoutAddedTitles(text)));
+            const std::string written =
+                kept.Restore(WithTightHelpNamespace(WithoutAddedTitles(text)));
+            if (HoldsSpanBehindBody(HTML)) RaiseIfSpanIsText(written);
+            result = written;
         });
 }
 

@@ -340,5 +340,12 @@ TEST_F(SpanIdTest, TheMembersOfTheTagTableDoNothing) {
     EXPECT_EQ(Numbers(ToSpan("<body>" + Meta("a"))), "1 ");
 }
 
+TEST_F(SpanToMetaTest, AnElementInATextAreaBehindTheBodyIsToldInsteadOfLost) {
+    const std::string spans =
+        ToSpan("<html><body><p>x</p></body></html>e<textarea>" + Meta("t") + "</textarea>");
+    EXPECT_EQ(ToMeta(spans), "");
+    EXPECT_FALSE(Messages().empty());
+}
+
 } // namespace
 } // namespace paperkite::test
