@@ -60,7 +60,9 @@ std::size_t KeptElements::LengthOf(std::string_view html, std::size_t at,
         std::size_t end = from;
         const std::size_t number = NumberAt(html, from, end);
         // Behind what only begins like a comment of ours.
-        const std::size_t next = number > 0 ? from : html.find(mPrefix, from + 1);
+        // Only as far as the text can reach, whatever the length of what follows.
+        const std::string_view near = html.substr(0, from + text.size() + mPrefix.size());
+        const std::size_t next = number > 0 ? from : near.find(mPrefix, from + 1);
         const std::string_view piece =
             number > 0
                 ? std::string_view(mSources[number - 1])
