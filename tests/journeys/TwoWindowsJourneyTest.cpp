@@ -256,6 +256,7 @@ TEST_F(FailedSaveJourneyTest, AFolderInThePlaceOfTheFileIsToldAndTheWorkIsKept) 
     fs::create_directory(mFolder / "zoo.ktc");
     mDialogs.ExpectBox("OK");
     PressKey(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_NE(mDialogs.GetText().find("zoo.ktc"), std::string::npos) << mDialogs.GetText();
     fs::remove(mFolder / "zoo.ktc");
     fs::rename(mFolder / "aside.ktc", mFolder / "zoo.ktc");
     ExpectNothingIsLost("A folder of that name is there");
