@@ -28,6 +28,13 @@ TEST(TidyFormatterTest, TidyingAgainChangesNothing) {
     EXPECT_EQ(Tidied(once), once);
 }
 
+TEST(TidyFormatterTest, TidyingAgainLeavesLinesBehindCommentsWhereTheyAre) {
+    const std::string once = Tidied("<ul><li>a<!-- b -->\nc</ul><pre><!-- d -->\n e</pre>");
+    EXPECT_NE(once.find("<li>a<!-- b -->\n  c"), std::string::npos) << once;
+    EXPECT_NE(once.find("<!-- d -->\n e</pre>"), std::string::npos) << once;
+    EXPECT_EQ(Tidied(once), once);
+}
+
 TEST(TidyFormatterTest, LongLinesAreNotBroken) {
     std::string words;
     for (int count = 0; count < 200; ++count)

@@ -174,6 +174,31 @@ std::string WithGuards(const std::string& html) {
     return guarded.append(html, from);
 }
 
+/// Lines behind a comment get one blank more the second time than the first, and no more after
+/// that. Without the odd blank tidying again changes nothing.
+std::string WithEvenLinesBehindComments(const std::string& text) {
+    std::string even;
+    std::size_t written = 0;
+    bool isPreformatted = false;
+    bool isBehindComment = false;
+    HtmlTokens tokens(text);
+    for (HtmlToken token; tokens.Next(token);) {
+        if (EqualIgnoringCase(token.Name, "pre") || EqualIgnoringCase(token.Name, "textarea"))
+            isPreformatted = token.What == HtmlToken::Kind::StartTag;
+        if (isBehindComment && !isPreformatted && token.What == HtmlToken::Kind::Text &&
+            text[token.From] == '\n') {
+            const std::size_t line = token.From + 1;
+            const std::size_t end = std::min(text.find_first_not_of(' ', line), token.To);
+            if ((end - line) % 2 == 1) {
+                even.append(text, written, end - 1 - written);
+                written = end;
+            }
+        }
+        isBehindComment = token.What == HtmlToken::Kind::Comment;
+    }
+    return even.append(text, written);
+}
+
 class TidyFormatter : public HTMLTidy {
 public:
     std::string TidyHTML(const std::string& html, bool bodyOnly) override {
@@ -191,6 +216,7 @@ public:
         if (!tidied) return html;
         if (guarded.size() > html.size()) *tidied = ReplaceAll(*tidied, kGuard, "");
         if (before.CountOf("title") == 0) RemoveOwnTitle(*tidied);
+        *tidied = WithEvenLinesBehindComments(*tidied);
         if (!before.IsKeptBy(HtmlContent(*tidied))) return html;
         return bodyOnly ? *tidied : DocumentTypeOf(html) + *tidied;
     }
