@@ -2,7 +2,7 @@
 
 #include "foundation/Services.h"
 #include "model/TemplateParser.h"
-#include "pagelayout/LayoutPrologue.h"
+#include "pagelayout/LayoutEnvelope.h"
 #include "pagelayout/MetaDocumentEdit.h"
 #include "platform/html/HtmlServices.h"
 
@@ -22,20 +22,20 @@ class LayoutTrip {
 public:
     explicit LayoutTrip(const std::string& html) {
         UseServices();
-        const LayoutPrologue prologue(html);
+        const LayoutEnvelope envelope(html);
         auto space = MakeRef<TemplateNamespace>();
         space->Moniker = "kite.source";
         const auto owner = MakeRef<PageTemplate>();
         owner->Namespaces = {space};
-        mEdited = prologue.GetRest();
+        mEdited = envelope.GetRoot();
         MetaDocumentEdit edit;
         edit.SetTemplate(owner);
-        mSpans = edit.ConvertMetaDocumentToSpanDocument(prologue.GetRest());
-        mSaved = prologue.Before(edit.ConvertSpanDocumentToMetaDocument(mSpans));
+        mSpans = edit.ConvertMetaDocumentToSpanDocument(envelope.GetRoot());
+        mSaved = envelope.Around(edit.ConvertSpanDocumentToMetaDocument(mSpans));
         CurrentServices() = mBefore;
     }
 
-    /// What stands behind the prologue.
+    /// The root, without what stands around it.
     const std::string& Edited() const { return mEdited; }
     const std::string& Spans() const { return mSpans; }
     const std::string& Saved() const { return mSaved; }

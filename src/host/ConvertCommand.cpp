@@ -6,7 +6,7 @@
 #include "host/CommandLine.h"
 #include "model/PageTemplateDocument.h"
 #include "model/SafeFile.h"
-#include "pagelayout/LayoutPrologue.h"
+#include "pagelayout/LayoutEnvelope.h"
 #include "pagelayout/MetaDocumentEdit.h"
 
 #include <filesystem>
@@ -65,14 +65,14 @@ int ConvertCommand::Run(Output& output) const {
     const auto owner = TemplateOf(layoutFile);
     MetaDocumentEdit edit;
     edit.SetTemplate(owner);
-    const LayoutPrologue prologue(html);
+    const LayoutEnvelope envelope(html);
     const std::string spans = edit.ConvertMetaDocumentToSpanDocument(
-        Layout.empty() ? prologue.GetRest() : LayoutPrologue(layout).GetRest());
+        Layout.empty() ? envelope.GetRoot() : LayoutEnvelope(layout).GetRoot());
     if (!isBack) {
-        output.Out << prologue.GetPrologue() << spans;
+        output.Out << envelope.Around(spans);
         return kExitDone;
     }
-    const std::string& source = Layout.empty() ? spans : prologue.GetRest();
+    const std::string& source = Layout.empty() ? spans : envelope.GetRoot();
     const std::string unknown = UnknownSpan(source, edit.GetSpanProvider()->Elements.Count());
     if (!unknown.empty())
         return output.Fail(File + ": the span \"" + unknown + "\" means an element that " +
@@ -83,7 +83,7 @@ int ConvertCommand::Run(Output& output) const {
     const std::string meta = edit.ConvertSpanDocumentToMetaDocument(source);
     if (meta.empty())
         return output.Fail(File + " was not converted; what went wrong stands above.");
-    output.Out << prologue.Before(meta);
+    output.Out << envelope.Around(meta);
     return kExitDone;
 }
 

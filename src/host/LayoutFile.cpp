@@ -18,9 +18,10 @@ bool LayoutFile::IsWritable() const {
 
 void LayoutFile::Take(const std::string& bytes) {
     mBytes = bytes;
-    const LayoutPrologue prologue(bytes);
-    mPrologue = prologue.GetPrologue();
-    mRest = prologue.GetRest();
+    const LayoutEnvelope envelope(bytes);
+    mPrologue = envelope.GetPrologue();
+    mRoot = envelope.GetRoot();
+    mEpilogue = envelope.GetEpilogue();
 }
 
 std::optional<FileProblem> LayoutFile::Read() {
@@ -31,7 +32,7 @@ std::optional<FileProblem> LayoutFile::Read() {
 }
 
 std::string LayoutFile::With(const std::string& text) const {
-    return mPrologue + text;
+    return mPrologue + text + mEpilogue;
 }
 
 std::optional<FileProblem> LayoutFile::Write(const std::string& text, Others others) {
@@ -47,7 +48,7 @@ std::optional<FileProblem> LayoutFile::Write(const std::string& text, Others oth
     const std::string bytes = With(text);
     if (auto problem = mTemplate->WriteLayout(*mLayout, bytes)) return problem;
     mBytes = bytes;
-    mRest = text;
+    mRoot = text;
     return {};
 }
 

@@ -1,15 +1,15 @@
 #pragma once
 
 #include "model/PageTemplateDocument.h"
-#include "pagelayout/LayoutPrologue.h"
+#include "pagelayout/LayoutEnvelope.h"
 
 #include <optional>
 #include <string>
 
 namespace paperkite {
 
-/// The file of a layout that is being edited. What stands in front of the root element is kept
-/// apart and written back byte for byte.
+/// The file of a layout that is being edited. What stands in front of the root element and
+/// behind it is kept apart and written back byte for byte.
 class LayoutFile {
 public:
     LayoutFile(Ref<PageTemplateDocument> owner, Ref<PageLayout> layout);
@@ -22,8 +22,8 @@ public:
 
     /// Reads the file; the text that was read before stays where that fails.
     std::optional<FileProblem> Read();
-    /// What is edited: the root element and what follows.
-    const std::string& GetText() const { return mRest; }
+    /// What is edited: the root element.
+    const std::string& GetText() const { return mRoot; }
     /// The whole file with that text.
     std::string With(const std::string& text) const;
 
@@ -41,7 +41,8 @@ private:
     Ref<PageLayout> mLayout;
     std::string mBytes;
     std::string mPrologue;
-    std::string mRest;
+    std::string mRoot;
+    std::string mEpilogue;
 };
 
 } // namespace paperkite

@@ -13,6 +13,12 @@ namespace {
 constexpr std::string_view kClose = "-->";
 constexpr std::string_view kEscapedClose = "--&gt;";
 
+/// Whether a position is inside an end tag, which repeats what its start tag is called.
+bool IsInEndTag(std::string_view html, std::size_t at) {
+    const std::string_view before = html.substr(0, at);
+    return before.substr(before.rfind('>') + 1).find("</") != std::string_view::npos;
+}
+
 std::string StartTagOf(const std::string& source) {
     return source.substr(0, source.find(kClose) + kClose.size());
 }
@@ -135,20 +141,20 @@ std::string KeptElements::Restore(const std::string& rewritten) const {
         restored.append(html, from, at - from);
         if (!isPreformatted) DropOddBlank(restored);
         restored += mSources[number - 1];
+        if (found[number] && IsInEndTag(html, at)) RaiseLost(number);
         found[number] = true;
         from = end;
     }
-    RaiseLost(found);
+    for (std::size_t lost = 1; lost < mIsExpected.size(); ++lost)
+        if (mIsExpected[lost] && !found[lost]) RaiseLost(lost);
     return restored.append(html, from);
 }
 
-void KeptElements::RaiseLost(const std::vector<bool>& found) const {
-    for (std::size_t number = 1; number < mIsExpected.size(); ++number)
-        if (mIsExpected[number] && !found[number])
-            RaiseError(ErrorNumber::InvalidCall,
-                       "The element " + StartTagOf(mSources[number - 1]) +
-                           " would be lost where it stands. Put it into the head or the body, "
-                           "between tags or as an attribute's value in quotation marks");
+void KeptElements::RaiseLost(std::size_t number) const {
+    RaiseError(ErrorNumber::InvalidCall,
+               "The element " + StartTagOf(mSources[number - 1]) +
+                   " would be lost where it stands. Put it into the head or the body, "
+                   "between tags or as an attribute's value in quotation marks");
 }
 
 } // namespace paperkite

@@ -32,14 +32,15 @@ public:
     void Forget(std::string_view html);
     /// Puts the source texts back, also where a comment was taken for text, as in a title. A blank
     /// that the rewriting left in front of one at the begin of a line, behind the indentation,
-    /// goes. Error 5 for an expected one that is lost and was not forgotten.
+    /// goes. Error 5 for an expected one that is lost and was not forgotten, and for one in the
+    /// name of a tag.
     std::string Restore(const std::string& html) const;
 
 private:
     /// The number of the comment at a position and where it ends; 0 for anything else.
     std::size_t NumberAt(std::string_view html, std::size_t at, std::size_t& end) const;
     std::string WithBareComments(const std::string& html) const;
-    void RaiseLost(const std::vector<bool>& found) const;
+    [[noreturn]] void RaiseLost(std::size_t number) const;
 
     /// Begins the comments; nothing in the text does.
     std::string mPrefix = "<!--kitekept";

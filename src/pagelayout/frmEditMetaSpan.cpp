@@ -1,6 +1,7 @@
 #include "pagelayout/frmEditMetaSpan.h"
 
 #include "foundation/Services.h"
+#include "widgets/DialogButtons.h"
 
 namespace paperkite {
 
@@ -45,12 +46,9 @@ void frmEditMetaSpan::MakeControls() {
     txtField->SetMultiLine(true);
     tipHelp = Controls.Make<Label>("tipHelp");
     tipHelp->SetWordWrap(true);
-    cmdOK = Controls.Make<Button>("cmdOK");
-    cmdOK->SetCaption("OK");
-    cmdOK->SetDefault(true);
-    cmdCancel = Controls.Make<Button>("cmdCancel");
-    cmdCancel->SetCaption("Cancel");
-    cmdCancel->SetCancel(true);
+    const DialogButtons buttons = MakeDialogButtons(Controls);
+    cmdOK = buttons.OK;
+    cmdCancel = buttons.Cancel;
 }
 
 void frmEditMetaSpan::LayOut() {

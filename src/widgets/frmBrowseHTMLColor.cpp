@@ -3,6 +3,7 @@
 #include "foundation/ScopeExit.h"
 #include "foundation/Services.h"
 #include "foundation/Text.h"
+#include "widgets/DialogButtons.h"
 #include "widgets/PropertyValues.h"
 #include "widgets/WebColours.h"
 
@@ -52,12 +53,9 @@ void frmBrowseHTMLColor::MakeControls() {
     cmdCustom = Controls.Make<Button>("cmdCustom");
     cmdCustom->SetCaption("&Custom...");
     cpkWork = Controls.Make<ColourPicker>("cpkWork");
-    cmdOK = Controls.Make<Button>("cmdOK");
-    cmdOK->SetCaption("OK");
-    cmdOK->SetDefault(true);
-    cmdCancel = Controls.Make<Button>("cmdCancel");
-    cmdCancel->SetCaption("Cancel");
-    cmdCancel->SetCancel(true);
+    const DialogButtons buttons = MakeDialogButtons(Controls);
+    cmdOK = buttons.OK;
+    cmdCancel = buttons.Cancel;
 }
 
 void frmBrowseHTMLColor::MakeList() {

@@ -1,5 +1,7 @@
 #include "widgets/frmFilterProperties.h"
 
+#include "widgets/DialogButtons.h"
+
 namespace paperkite {
 
 frmFilterProperties::frmFilterProperties() : Form("frmFilterProperties") {
@@ -31,12 +33,9 @@ void frmFilterProperties::MakeControls() {
     lblWildcardNote->SetWordWrap(true);
     lblCaseNote = Controls.Make<Label>("lblCaseNote");
     lblCaseNote->SetCaption("Matching is case sensitive");
-    cmdOK = Controls.Make<Button>("cmdOK");
-    cmdOK->SetCaption("OK");
-    cmdOK->SetDefault(true);
-    cmdCancel = Controls.Make<Button>("cmdCancel");
-    cmdCancel->SetCaption("Cancel");
-    cmdCancel->SetCancel(true);
+    const DialogButtons buttons = MakeDialogButtons(Controls);
+    cmdOK = buttons.OK;
+    cmdCancel = buttons.Cancel;
 }
 
 void frmFilterProperties::LayOut() {

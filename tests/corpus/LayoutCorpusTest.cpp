@@ -191,18 +191,42 @@ TEST(LayoutCorpusTest, WhatStandsInFrontOfTheRootIsPutBackByteForByte) {
           "\r\n<!-- a -->" + meta + "\n<!DOCTYPE  html >" + meta + meta + "  \n",
           std::string("<?xml version=\"1.0\"?>\n<!-- --- -->\n"),
           std::string("<!--KITEMETADATA start type=\"open\"-->\n")}) {
-        const LayoutPrologue prologue(front + root);
-        EXPECT_EQ(prologue.GetPrologue(), front);
-        EXPECT_EQ(prologue.GetRest(), root);
-        EXPECT_EQ(prologue.Before(prologue.GetRest()), front + root);
-        EXPECT_EQ(prologue.Before(""), "") << "a failed conversion is no layout";
+        const LayoutEnvelope envelope(front + root);
+        EXPECT_EQ(envelope.GetPrologue(), front);
+        EXPECT_EQ(envelope.GetRoot(), root);
+        EXPECT_EQ(envelope.Around(envelope.GetRoot()), front + root);
+        EXPECT_EQ(envelope.Around(""), "") << "a failed conversion is no layout";
     }
     const std::string around =
         "<!--KITEMETADATA start type=\"x\"--><html>a</html><!--KITEMETADATA end-->";
-    EXPECT_EQ(LayoutPrologue(around).GetPrologue(), around);
-    EXPECT_EQ(LayoutPrologue("text <html>").GetPrologue(), "");
-    EXPECT_EQ(LayoutPrologue("<!-- a --><!-- open> <html>").GetPrologue(), "<!-- a -->");
+    EXPECT_EQ(LayoutEnvelope(around).GetPrologue(), around);
+    EXPECT_EQ(LayoutEnvelope("text <html>").GetPrologue(), "");
+    EXPECT_EQ(LayoutEnvelope("<!-- a --><!-- open> <html>").GetPrologue(), "<!-- a -->");
     CurrentServices() = before;
+}
+
+TEST(LayoutCorpusTest, WhatStandsBehindTheRootIsPutBackByteForByte) {
+    const Services before = CurrentServices();
+    CurrentServices().CreateParserTemplate = [] { return MakeRef<TemplateParser>(); };
+    const std::string meta = "<!--KITEMETADATA start type=\"x\"-->X<!--KITEMETADATA end-->";
+    const std::string root = "<html>\n<head>\n</head>\n<body>\n  <p>a</p>\n</body>\n</html>\n";
+    for (const std::string& behind :
+         {std::string("<!-- built by hand -->"), std::string("\n\n<!-- a -->\r\n<!-- b -->\n"),
+          meta + "\n", "<!-- a -->" + meta + " "}) {
+        const LayoutEnvelope envelope("<!DOCTYPE html>\n" + root + behind);
+        EXPECT_EQ(envelope.GetRoot(), root);
+        EXPECT_EQ(envelope.GetEpilogue(), behind);
+        EXPECT_EQ(envelope.Around(root), "<!DOCTYPE html>\n" + root + behind);
+    }
+    for (const std::string& text :
+         {root + "words", root + "\n \n", root + "<!-- open", std::string("<p>a</p><!-- a -->"),
+          root + "<!-- a --></p>", std::string("<script>\"</html>\"</script><!-- a -->")})
+        EXPECT_EQ(LayoutEnvelope(text).GetEpilogue(), "") << text;
+    CurrentServices() = before;
+    const LayoutTrip once("<html><body>a</body></html><!-- a -->" + meta);
+    EXPECT_EQ(once.Messages(), "");
+    EXPECT_TRUE(once.Saved().ends_with("</html>\n<!-- a -->" + meta)) << once.Saved();
+    EXPECT_EQ(LayoutTrip(once.Saved()).Saved(), once.Saved());
 }
 
 TEST(LayoutCorpusTest, EmptyAndBareTextsBecomePages) {

@@ -93,6 +93,15 @@ TEST(KeptElementsTest, AHiddenElementThatIsLostIsAnErrorThatNamesIt) {
         << "the rest of such a comment is none of it";
 }
 
+TEST(KeptElementsTest, AnElementInTheNameOfATagIsAnError) {
+    KeptElements kept;
+    Hidden(kept, Element("a"));
+    EXPECT_NE(ErrorOfRestoring(kept, "<p<!--kitekept1-->>x</p<!--kitekept1-->>"), "none");
+    EXPECT_EQ(ErrorOfRestoring(kept, "<b id=\"<!--kitekept1-->\"></b><b id=\"<!--kitekept1-->\">"),
+              "none")
+        << "a rewritten document may write an attribute once for each block";
+}
+
 TEST(KeptElementsTest, AnElementInAPartThatIsTakenAwayIsNotMissed) {
     KeptElements kept;
     Hidden(kept, Element("a") + Element("b"));

@@ -1,5 +1,6 @@
 #include "host/window/FindDialog.h"
 
+#include "host/window/DialogParts.h"
 #include "host/window/HitDelegate.h"
 
 #include <QCheckBox>
@@ -19,9 +20,7 @@ namespace paperkite {
 
 namespace {
 
-constexpr int kFirstWidth = 820;
-constexpr int kFirstHeight = 520;
-constexpr int kRowPadding = 8;
+constexpr QSize kFirstSize(820, 520);
 constexpr int kItemWidth = 260;
 constexpr int kTagWidth = 130;
 constexpr int kTextColumn = 2;
@@ -41,11 +40,7 @@ std::size_t HitOf(const QTreeWidgetItem& row) {
 
 FindDialog::FindDialog(Workspace& workspace, QWidget* parent)
     : QDialog(parent), mWorkspace(workspace) {
-    setObjectName("FindDialog");
-    setWindowTitle(tr("Find and Replace in Comments"));
-    QSize size(kFirstWidth, kFirstHeight);
-    if (parent) size = size.boundedTo(parent->window()->size());
-    resize(size);
+    dialogs::Begin(*this, "FindDialog", tr("Find and Replace in Comments"), kFirstSize);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(12, 12, 12, 12);
     column->setSpacing(8);
@@ -115,15 +110,10 @@ QWidget* FindDialog::MakeOptions() {
 }
 
 void FindDialog::MakeList() {
-    mList = new QTreeWidget(this);
+    mList = dialogs::MakeRowList({tr("Item"), tr("Comment"), tr("Text")}, this);
     mList->setObjectName("Hits");
     mList->setAccessibleName(tr("What was found"));
-    mList->setRootIsDecorated(false);
-    mList->setUniformRowHeights(true);
-    mList->setAllColumnsShowFocus(true);
-    mList->setTabKeyNavigation(false);
     mList->setTextElideMode(Qt::ElideLeft);
-    mList->setHeaderLabels({tr("Item"), tr("Comment"), tr("Text")});
     mList->setColumnWidth(0, kItemWidth);
     mList->setColumnWidth(1, kTagWidth);
     auto* delegate = new HitDelegate(mList);
@@ -143,11 +133,8 @@ QWidget* FindDialog::MakeButtons() {
     auto* line = new QHBoxLayout(buttons);
     line->setContentsMargins(0, 0, 0, 0);
     const auto add = [&](const char* name, const QString& text, auto slot) {
-        auto* button = new QPushButton(text, buttons);
-        button->setObjectName(name);
-        button->setAutoDefault(false);
+        auto* button = dialogs::AddButton(buttons, name, text);
         connect(button, &QPushButton::clicked, this, slot);
-        line->addWidget(button);
         return button;
     };
     mReplace = add("Replace", tr("&Replace What Is Ticked"), [this] { Replace(); });
@@ -237,7 +224,7 @@ void FindDialog::FillList() {
         row->setData(0, kHitRole, static_cast<qulonglong>(index));
         row->setCheckState(0, Qt::Checked);
         row->setToolTip(0, item);
-        row->setSizeHint(0, {0, mList->fontMetrics().height() + kRowPadding});
+        row->setSizeHint(0, dialogs::RowSize(*mList));
         rows.append(row);
     }
     mList->addTopLevelItems(rows);

@@ -1,5 +1,6 @@
 #include "host/window/HomelessDialog.h"
 
+#include "host/window/DialogParts.h"
 #include "host/window/HomelessTexts.h"
 
 #include <QCoreApplication>
@@ -23,9 +24,7 @@ namespace paperkite {
 
 namespace {
 
-constexpr int kFirstWidth = 900;
-constexpr int kFirstHeight = 600;
-constexpr int kRowPadding = 8;
+constexpr QSize kFirstSize(900, 600);
 constexpr int kNameRole = Qt::UserRole + 1;
 constexpr int kReasonRole = Qt::UserRole + 2;
 constexpr int kAboveTag = 6;
@@ -36,18 +35,12 @@ std::string NameOf(const QTreeWidgetItem* row) {
 }
 
 QTreeWidget* MakeList(const QStringList& headers, QWidget* parent) {
-    auto* list = new QTreeWidget(parent);
-    list->setRootIsDecorated(false);
-    list->setUniformRowHeights(true);
-    list->setAllColumnsShowFocus(true);
+    auto* list = dialogs::MakeRowList(headers, parent);
     // The last steps of a name tell more than the first ones.
     list->setTextElideMode(Qt::ElideLeft);
-    list->setHeaderLabels(headers);
     list->header()->setStretchLastSection(false);
     list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
-    // Tab goes on to the next control, the arrows walk the rows.
-    list->setTabKeyNavigation(false);
     return list;
 }
 
@@ -57,7 +50,7 @@ QTreeWidgetItem* AddRow(QTreeWidget& list, const std::string& name, QStringList 
     row->setData(0, kNameRole, QString::fromStdString(name));
     for (int column = 0; column < texts.size(); ++column)
         row->setToolTip(column, texts[column]);
-    row->setSizeHint(0, {0, list.fontMetrics().height() + kRowPadding});
+    row->setSizeHint(0, dialogs::RowSize(list));
     return row;
 }
 
@@ -71,11 +64,7 @@ QLabel* MakeLabel(const QString& text, QWidget* parent) {
 } // namespace
 
 HomelessDialog::HomelessDialog(HomelessWork& work, QWidget* parent) : QDialog(parent), mWork(work) {
-    setObjectName("HomelessDialog");
-    setWindowTitle(tr("Homeless Comments"));
-    QSize size(kFirstWidth, kFirstHeight);
-    if (parent) size = size.boundedTo(parent->window()->size());
-    resize(size);
+    dialogs::Begin(*this, "HomelessDialog", tr("Homeless Comments"), kFirstSize);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(12, 12, 12, 12);
     column->setSpacing(8);

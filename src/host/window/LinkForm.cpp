@@ -3,6 +3,7 @@
 #include "foundation/Services.h"
 #include "foundation/Text.h"
 #include "host/LinkHazard.h"
+#include "widgets/DialogButtons.h"
 
 namespace paperkite {
 
@@ -40,12 +41,9 @@ LinkForm::LinkForm(ProjectSession& session, const LinkRequest& request, const st
     Links = Controls.Make<LinkBuilder>("Links");
     Members = MakeRef<MemberChooser>("Members", session);
     Links->MemberExplorerPlace->Controls.Add(Members);
-    cmdOK = Controls.Make<Button>("cmdOK");
-    cmdOK->SetCaption("OK");
-    cmdOK->SetDefault(true);
-    cmdCancel = Controls.Make<Button>("cmdCancel");
-    cmdCancel->SetCaption("Cancel");
-    cmdCancel->SetCancel(true);
+    const DialogButtons buttons = MakeDialogButtons(Controls);
+    cmdOK = buttons.OK;
+    cmdCancel = buttons.Cancel;
     LayOut();
     ConnectPanel();
     Links->SetNamespaceProfile(session.GetDefinitions()->GetName());

@@ -1,5 +1,6 @@
 #include "host/window/LinksDialog.h"
 
+#include "host/window/DialogParts.h"
 #include "platform/qt/Icons.h"
 
 #include <QComboBox>
@@ -18,9 +19,7 @@ namespace paperkite {
 
 namespace {
 
-constexpr int kFirstWidth = 860;
-constexpr int kFirstHeight = 520;
-constexpr int kRowPadding = 8;
+constexpr QSize kFirstSize(860, 520);
 constexpr int kItemWidth = 230;
 constexpr int kTagWidth = 130;
 constexpr int kCaptionWidth = 160;
@@ -60,11 +59,7 @@ QString GoalOf(const LinkCheck::Link& link) {
 
 LinksDialog::LinksDialog(Workspace& workspace, QWidget* parent)
     : QDialog(parent), mWorkspace(workspace) {
-    setObjectName("LinksDialog");
-    setWindowTitle(tr("Links in Comments"));
-    QSize size(kFirstWidth, kFirstHeight);
-    if (parent) size = size.boundedTo(parent->window()->size());
-    resize(size);
+    dialogs::Begin(*this, "LinksDialog", tr("Links in Comments"), kFirstSize);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(12, 12, 12, 12);
     column->setSpacing(8);
@@ -107,15 +102,10 @@ QWidget* LinksDialog::MakeChoice() {
 void LinksDialog::MakeList() {
     mPages = new QStackedWidget(this);
     mPages->setObjectName("Pages");
-    mList = new QTreeWidget(mPages);
+    mList = dialogs::MakeRowList({tr("Item"), tr("Comment"), tr("Link"), tr("Address")}, mPages);
     mList->setObjectName("Links");
     mList->setAccessibleName(tr("Links"));
-    mList->setRootIsDecorated(false);
-    mList->setUniformRowHeights(true);
-    mList->setAllColumnsShowFocus(true);
-    mList->setTabKeyNavigation(false);
     mList->setTextElideMode(Qt::ElideMiddle);
-    mList->setHeaderLabels({tr("Item"), tr("Comment"), tr("Link"), tr("Address")});
     mList->setColumnWidth(0, kItemWidth);
     mList->setColumnWidth(1, kTagWidth);
     mList->setColumnWidth(2, kCaptionWidth);
@@ -135,11 +125,8 @@ QWidget* LinksDialog::MakeButtons() {
     auto* line = new QHBoxLayout(buttons);
     line->setContentsMargins(0, 0, 0, 0);
     const auto add = [&](const char* name, const QString& text, auto slot) {
-        auto* button = new QPushButton(text, buttons);
-        button->setObjectName(name);
-        button->setAutoDefault(false);
+        auto* button = dialogs::AddButton(buttons, name, text);
         connect(button, &QPushButton::clicked, this, slot);
-        line->addWidget(button);
         return button;
     };
     add("Again", tr("Check &Again"), [this] { Check(); })
@@ -196,7 +183,7 @@ QTreeWidgetItem* LinksDialog::MakeRow(std::size_t index) const {
     row->setToolTip(3, GoalOf(link));
     row->setData(3, Qt::AccessibleDescriptionRole, GoalOf(link));
     if (link.LeadsNowhere()) row->setIcon(3, Icons::ByName("dialog-warning"));
-    row->setSizeHint(0, {0, mList->fontMetrics().height() + kRowPadding});
+    row->setSizeHint(0, dialogs::RowSize(*mList));
     return row;
 }
 

@@ -1,5 +1,7 @@
 #include "host/window/SpellDialog.h"
 
+#include "host/window/DialogParts.h"
+
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -13,19 +15,14 @@ namespace paperkite {
 
 namespace {
 
-constexpr int kWidth = 560;
-constexpr int kHeight = 380;
+constexpr QSize kFirstSize(560, 380);
 constexpr int kSentenceLines = 4;
 
 } // namespace
 
 SpellDialog::SpellDialog(const SpellQuestion& question, QWidget* parent)
     : QDialog(parent), mQuestion(question) {
-    setObjectName("SpellDialog");
-    setWindowTitle(tr("Spelling"));
-    QSize size(kWidth, kHeight);
-    if (parent) size = size.boundedTo(parent->window()->size());
-    resize(size);
+    dialogs::Begin(*this, "SpellDialog", tr("Spelling"), kFirstSize);
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(12, 12, 12, 12);
     grid->setHorizontalSpacing(12);

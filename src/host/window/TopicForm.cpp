@@ -2,6 +2,7 @@
 
 #include "host/window/LinkForm.h"
 #include "links/MemberLinkDesigner.h"
+#include "widgets/DialogButtons.h"
 
 namespace paperkite {
 
@@ -23,12 +24,9 @@ TopicForm::TopicForm(ProjectSession& session, const ModelControlHelper::TopicReq
     Members = MakeRef<MemberChooser>("Members", session, HasItemsOf(session, request.ItemType));
     Controls.Add(Members);
     Members->SetTipPrefix(request.TipPrefix);
-    cmdOK = Controls.Make<Button>("cmdOK");
-    cmdOK->SetCaption("OK");
-    cmdOK->SetDefault(true);
-    cmdCancel = Controls.Make<Button>("cmdCancel");
-    cmdCancel->SetCaption("Cancel");
-    cmdCancel->SetCancel(true);
+    const DialogButtons buttons = MakeDialogButtons(Controls);
+    cmdOK = buttons.OK;
+    cmdCancel = buttons.Cancel;
     SetLayout(FormLayout::Column({FormLayout::Item(lblTopic), FormLayout::Item(Members, 1),
                                   FormLayout::Buttons({cmdOK, cmdCancel})}));
     const auto enable = [this] { cmdOK->SetEnabled(!Members->GetChosen().empty()); };

@@ -1,5 +1,7 @@
 #include "host/window/VersionsDialog.h"
 
+#include "host/window/DialogParts.h"
+
 #include <QButtonGroup>
 #include <QDialogButtonBox>
 #include <QHeaderView>
@@ -20,7 +22,6 @@ namespace {
 constexpr int kItemColumn = 0;
 constexpr int kChoiceColumn = 3;
 constexpr int kNarrowestColumn = 96;
-constexpr int kRowPadding = 10;
 
 /// A text that can be read and not changed, under its name.
 QWidget* MakePane(const QString& name, QPlainTextEdit*& text, QWidget* parent) {
@@ -125,7 +126,7 @@ void VersionsDialog::FillList() {
         auto* line = new QTreeWidgetItem(
             mList, {item.replace("~", " ~ "), row.Tag, row.State, ChoiceText(row)});
         line->setToolTip(kItemColumn, item);
-        line->setSizeHint(kItemColumn, {0, fontMetrics().height() + kRowPadding});
+        line->setSizeHint(kItemColumn, dialogs::RowSize(*mList));
     }
     connect(mList, &QTreeWidget::currentItemChanged, this,
             [this] { ShowRow(mList->indexOfTopLevelItem(mList->currentItem())); });
