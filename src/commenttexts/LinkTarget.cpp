@@ -14,8 +14,10 @@ using Kind = LinkTarget::Kind;
 constexpr std::string_view kHelp1 = "ms-its:";
 constexpr std::string_view kHelp2 = "ms-help://";
 /// Those that are addresses whatever stands behind them.
-constexpr std::array<std::string_view, 9> kSchemes = {
-    "file", "ftp", "http", "https", "javascript", "mailto", "ms-help", "ms-its", "vbscript"};
+constexpr std::array<std::string_view, 7> kSchemes = {"file",   "ftp",     "http",  "https",
+                                                      "mailto", "ms-help", "ms-its"};
+constexpr std::array<std::string_view, 3> kScriptSchemes = {"javascript:", "vbscript:", "data:"};
+constexpr std::size_t kLongestScriptScheme = 11;
 constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyz";
 
 bool IsControl(char byte) {
@@ -157,10 +159,10 @@ LinkTarget LinkTarget::Of(std::string_view given) {
     if (HoldsControls(target.Address))
         return Malformed(std::move(target), "The address holds a line break, a tab or another "
                                             "control character. Write it anew in one line.");
+    if (!ScriptSchemeOf(target.Address).empty())
+        return Malformed(std::move(target), "The address is a script or a text of its own, which "
+                                            "no page runs or shows. Link to a page instead.");
     const std::string scheme = SchemeOf(target.Address);
-    if (scheme == "javascript" || scheme == "vbscript")
-        return Malformed(std::move(target),
-                         "The address is a script, which no page runs. Link to a page instead.");
     if (scheme == "ms-its") return HelpTopic1(std::move(target));
     if (scheme == "ms-help") return HelpTopic2(std::move(target));
     const std::string address = target.Address;
@@ -175,6 +177,18 @@ LinkTarget LinkTarget::Of(std::string_view given) {
     }
     return FileOf(std::move(target), address.front() == '/' ? Kind::LocalFile : Kind::File,
                   address);
+}
+
+std::string ScriptSchemeOf(std::string_view address) {
+    std::string visible;
+    for (const char byte : address) {
+        if (visible.size() > kLongestScriptScheme) break;
+        if (!IsControl(byte) && (byte != ' ' || !visible.empty())) visible += byte;
+    }
+    for (const std::string_view scheme : kScriptSchemes)
+        if (EqualIgnoringCase(std::string_view(visible).substr(0, scheme.size()), scheme))
+            return std::string(scheme);
+    return {};
 }
 
 std::string PercentDecoded(std::string_view text) {

@@ -31,6 +31,11 @@ struct LinkTarget {
     static LinkTarget Of(std::string_view address);
 };
 
+/// The scheme of an address that is a script or a text of its own and leads to no page, with its
+/// colon, as browsers read it: what cannot be seen and the case count for nothing. Empty for
+/// others.
+std::string ScriptSchemeOf(std::string_view address);
+
 /// A text with each "%" and two hexadecimal digits replaced by the byte that they mean.
 std::string PercentDecoded(std::string_view text);
 

@@ -26,10 +26,6 @@ bool IsInline(std::string_view name) {
                        [name](std::string_view known) { return EqualIgnoringCase(known, name); });
 }
 
-bool IsContinuation(char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
-}
-
 std::size_t Utf16Units(char32_t character) {
     return character > 0xFFFF ? 2 : 1;
 }

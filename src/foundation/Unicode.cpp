@@ -37,10 +37,6 @@ bool Holds(const Range (&ranges)[Count], char32_t character) {
     return after != std::begin(ranges) && character <= std::prev(after)->Last;
 }
 
-bool IsContinuation(char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
-}
-
 /// Blocks in which an even number is the capital of the next one.
 constexpr Range kEvenCapitals[] = {{0x0100, 0x0137}, {0x014A, 0x0177}, {0x01DE, 0x01EF},
                                    {0x01F8, 0x021F}, {0x0222, 0x0233}, {0x03D8, 0x03EF},
@@ -116,6 +112,13 @@ char32_t PreviousCharacter(std::string_view text, std::size_t& at) {
     }
     --at;
     return kReplacementCharacter;
+}
+
+std::string Shortened(std::string_view text, std::size_t most) {
+    if (text.size() <= most) return std::string(text);
+    while (most > 0 && IsContinuation(text[most]))
+        --most;
+    return std::string(text.substr(0, most)) + "…";
 }
 
 void AppendCharacter(std::string& text, char32_t character) {

@@ -17,6 +17,14 @@ char32_t NextCharacter(std::string_view text, std::size_t& at);
 /// The character that ends before `at`, which then stands in front of it; `at` must not be 0.
 char32_t PreviousCharacter(std::string_view text, std::size_t& at);
 
+/// Whether a byte is not the first one of its character.
+inline bool IsContinuation(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+}
+
+/// A text that is longer than `most` bytes, cut where a character begins and with "…" behind it.
+std::string Shortened(std::string_view text, std::size_t most);
+
 /// Characters that have no UTF-8 form (surrogates, above U+10FFFF) become U+FFFD.
 void AppendCharacter(std::string& text, char32_t character);
 

@@ -2,6 +2,7 @@
 
 #include "model/SafeFile.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -13,7 +14,10 @@ LayoutFile::LayoutFile(Ref<PageTemplateDocument> owner, Ref<PageLayout> layout)
 
 bool LayoutFile::IsWritable() const {
     const std::string folder = std::filesystem::path(GetPath()).parent_path().string();
-    return access(GetPath().c_str(), W_OK) == 0 && access(folder.c_str(), W_OK) == 0;
+    const auto may = [](const std::string& path) {
+        return faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
+    };
+    return may(GetPath()) && may(folder);
 }
 
 void LayoutFile::Take(const std::string& bytes) {

@@ -4,6 +4,7 @@
 #include "commenttexts/CommentLinks.h"
 #include "commenttexts/CommentProse.h"
 #include "foundation/Text.h"
+#include "foundation/Unicode.h"
 #include "host/TagName.h"
 
 #include <algorithm>
@@ -16,7 +17,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::string_view kPageEnding = ".html";
-constexpr std::size_t kProgressStep = 1024;
 /// Longer ones are cut in sentences.
 constexpr std::size_t kLongestShown = 120;
 
@@ -37,11 +37,7 @@ std::string AsPageName(std::string_view address) {
 }
 
 std::string Shown(const std::string& text) {
-    if (text.size() <= kLongestShown) return text;
-    std::size_t end = kLongestShown;
-    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80)
-        --end;
-    return text.substr(0, end) + "…";
+    return Shortened(text, kLongestShown);
 }
 
 std::string LastPart(const std::string& path) {
@@ -63,15 +59,10 @@ std::string NoItem(const std::string& name) {
 
 } // namespace
 
-std::vector<LinkCheck::Link> LinkCheck::Check(const CommentStore& store,
-                                              const Progress& progress) const {
+std::vector<LinkCheck::Link> LinkCheck::Check(const CommentStore& store) const {
     std::vector<Link> links;
-    std::size_t done = 0;
-    bool goesOn = true;
-    const std::size_t total = progress ? store.Count() : 0;
     store.ForEach([&](const std::string& item, const TaggedComment& comment) {
-        if (progress && goesOn && done++ % kProgressStep == 0) goesOn = progress(done, total);
-        if (goesOn) AddLinks(item, comment, store.GetFolder(), links);
+        AddLinks(item, comment, store.GetFolder(), links);
     });
     std::stable_sort(links.begin(), links.end(),
                      [](const Link& left, const Link& right) { return left.Item < right.Item; });
@@ -162,6 +153,7 @@ bool LinkCheck::Lead(Link& link, std::string item) const {
 }
 
 std::string LinkCheck::ItemOf(const std::string& address) const {
+    if (address.empty()) return {};
     for (const std::string& written : {AsPageName(address), PercentDecoded(address)}) {
         // A link to be converted when the pages are made names its item without an ending.
         if (std::string name = written.substr(written.rfind('/') + 1); mItems.Exists(name))
@@ -172,6 +164,10 @@ std::string LinkCheck::ItemOf(const std::string& address) const {
         if (!PageName::CutLayoutSuffix(page).empty() && mItems.Exists(page)) return page;
     }
     return {};
+}
+
+std::string LinkCheck::ItemOfLink(const std::string& link) const {
+    return ItemOf(LinkTarget::Of(link).File);
 }
 
 std::size_t CountNowhere(const std::vector<LinkCheck::Link>& links) {

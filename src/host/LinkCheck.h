@@ -5,7 +5,6 @@
 #include "model/CoverageSource.h"
 
 #include <cstddef>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -39,19 +38,18 @@ public:
         bool LeadsNowhere() const { return LeadsTo == Goal::Nowhere; }
     };
 
-    /// Says how far it is; false ends the check.
-    using Progress = std::function<bool(std::size_t done, std::size_t total)>;
-
     /// The items outlive it.
     explicit LinkCheck(const CoverageSource& items) : mItems(items) {}
 
     /// Sorted by item, in an item in the order of its comments; links in comments whose item is
-    /// gone too. A check that was ended gives what it had.
-    std::vector<Link> Check(const CommentStore& store, const Progress& progress = {}) const;
+    /// gone too.
+    std::vector<Link> Check(const CommentStore& store) const;
 
-    /// The qualified name of the item to whose page an address leads, as a click goes there, or of
-    /// the item that it names outright; empty for none.
+    /// The qualified name of the item to whose page an address leads once pages are made, or of the
+    /// item that it names outright; empty for none. What stands behind "?" or "#" must be cut off.
     std::string ItemOf(const std::string& address) const;
+    /// The same of a link as it is written in a comment or typed by an author.
+    std::string ItemOfLink(const std::string& link) const;
 
 private:
     void AddLinks(const std::string& item, const TaggedComment& comment, const std::string& folder,

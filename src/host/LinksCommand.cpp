@@ -36,7 +36,7 @@ const char* WordFor(LinkCheck::Goal goal) {
 /// One line, whatever an address holds.
 std::string Printable(std::string text) {
     for (char& byte : text)
-        if (static_cast<unsigned char>(byte) < ' ') byte = ' ';
+        if (static_cast<unsigned char>(byte) < ' ' || byte == '\x7f') byte = ' ';
     return text;
 }
 
@@ -63,7 +63,7 @@ void Print(const std::vector<Link>& links, std::ostream& out) {
         out << link.Item << ": " << link.Name << ": ";
         if (!link.Caption.empty()) out << '"' << Printable(link.Caption) << "\" -> ";
         out << Printable(link.Target) << '\n';
-        if (link.LeadsNowhere()) out << "    leads nowhere: " << link.Problem << '\n';
+        if (link.LeadsNowhere()) out << "    leads nowhere: " << Printable(link.Problem) << '\n';
     }
     out << LinkSummary(links) << '\n';
 }

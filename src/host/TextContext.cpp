@@ -1,5 +1,7 @@
 #include "host/TextContext.h"
 
+#include "foundation/Unicode.h"
+
 namespace paperkite {
 
 namespace {
@@ -7,10 +9,6 @@ namespace {
 /// Bytes that are shown before and behind.
 constexpr std::size_t kAround = 60;
 constexpr std::string_view kCut = "…";
-
-bool IsInside(char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
-}
 
 std::string OneLine(std::string_view text) {
     std::string line(text);
@@ -26,13 +24,13 @@ TextContext TextContext::Of(std::string_view text, std::size_t from, std::size_t
     while (begin > 0 && text[begin - 1] != '\n' && from - begin < kAround)
         --begin;
     const bool isCutBefore = begin > 0 && text[begin - 1] != '\n';
-    while (begin < from && (IsInside(text[begin]) || text[begin] == ' '))
+    while (begin < from && (IsContinuation(text[begin]) || text[begin] == ' '))
         ++begin;
     std::size_t end = to;
     while (end < text.size() && text[end] != '\n' && end - to < kAround)
         ++end;
     const bool isCutBehind = end < text.size() && text[end] != '\n';
-    while (end > to && isCutBehind && IsInside(text[end]))
+    while (end > to && isCutBehind && IsContinuation(text[end]))
         --end;
     TextContext context;
     if (isCutBefore) context.Line = kCut;

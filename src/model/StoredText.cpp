@@ -1,6 +1,7 @@
 #include "model/StoredText.h"
 
 #include "foundation/Text.h"
+#include "foundation/Unicode.h"
 
 #include <algorithm>
 #include <array>
@@ -11,10 +12,6 @@ namespace paperkite::StoredText {
 namespace {
 
 constexpr std::size_t kLongLine = 90;
-
-bool IsContinuation(std::string_view text, std::size_t position) {
-    return position < text.size() && (static_cast<unsigned char>(text[position]) & 0xC0) == 0x80;
-}
 
 std::size_t SequenceLength(unsigned char lead) {
     if (lead < 0x80) return 1;
@@ -44,7 +41,7 @@ std::size_t XmlCharacterAt(std::string_view text, std::size_t position) {
     const std::size_t length = SequenceLength(static_cast<unsigned char>(text[position]));
     if (length == 0) return 0;
     for (std::size_t index = 1; index < length; ++index)
-        if (!IsContinuation(text, position + index)) return 0;
+        if (position + index >= text.size() || !IsContinuation(text[position + index])) return 0;
     return IsXmlCharacter(CodePoint(text.substr(position, length)), length) ? length : 0;
 }
 

@@ -1,6 +1,7 @@
 #include "model/XmlCheck.h"
 
 #include "foundation/Text.h"
+#include "foundation/Unicode.h"
 #include "model/XmlWords.h"
 
 #include <algorithm>
@@ -15,10 +16,6 @@ namespace {
 /// How deep values are looked at.
 constexpr int kDeepest = 500;
 constexpr std::array<std::string_view, 5> kEntities = {"&amp;", "&lt;", "&gt;", "&quot;", "&apos;"};
-
-bool IsContinuation(char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
-}
 
 MarkupProblem ProblemAt(std::string_view text, std::size_t offset, std::string what) {
     const std::string_view before = text.substr(0, std::min(offset, text.size()));

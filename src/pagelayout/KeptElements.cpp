@@ -33,6 +33,13 @@ void DropOddBlank(std::string& text) {
 
 } // namespace
 
+void RaiseElementLost(const std::string& source) {
+    RaiseError(ErrorNumber::InvalidCall,
+               "The element " + StartTagOf(source) +
+                   " would be lost where it stands. Put it into the head or the body, between "
+                   "tags or as an attribute's value in quotation marks");
+}
+
 std::string KeptElements::Hide(const Collection<Ref<ParserElement>>& pieces) {
     for (const auto& piece : pieces)
         if (piece->ElementType != kParserTagElement)
@@ -65,9 +72,9 @@ std::size_t KeptElements::LengthOf(std::string_view html, std::size_t at,
     while (!text.empty() && from < html.size()) {
         std::size_t end = from;
         const std::size_t number = NumberAt(html, from, end);
-        // Behind what only begins like a comment of ours.
         // Only as far as the text can reach, whatever the length of what follows.
         const std::string_view near = html.substr(0, from + text.size() + mPrefix.size());
+        // Behind what only begins like a comment of ours.
         const std::size_t next = number > 0 ? from : near.find(mPrefix, from + 1);
         const std::string_view piece =
             number > 0
@@ -141,20 +148,13 @@ std::string KeptElements::Restore(const std::string& rewritten) const {
         restored.append(html, from, at - from);
         if (!isPreformatted) DropOddBlank(restored);
         restored += mSources[number - 1];
-        if (found[number] && IsInEndTag(html, at)) RaiseLost(number);
+        if (found[number] && IsInEndTag(html, at)) RaiseElementLost(mSources[number - 1]);
         found[number] = true;
         from = end;
     }
     for (std::size_t lost = 1; lost < mIsExpected.size(); ++lost)
-        if (mIsExpected[lost] && !found[lost]) RaiseLost(lost);
+        if (mIsExpected[lost] && !found[lost]) RaiseElementLost(mSources[lost - 1]);
     return restored.append(html, from);
-}
-
-void KeptElements::RaiseLost(std::size_t number) const {
-    RaiseError(ErrorNumber::InvalidCall,
-               "The element " + StartTagOf(mSources[number - 1]) +
-                   " would be lost where it stands. Put it into the head or the body, "
-                   "between tags or as an attribute's value in quotation marks");
 }
 
 } // namespace paperkite

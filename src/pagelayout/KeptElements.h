@@ -10,6 +10,9 @@
 
 namespace paperkite {
 
+/// Says that an element, by its source text, would not come through, and how to mend that; error 5.
+[[noreturn]] void RaiseElementLost(const std::string& source);
+
 /// Keeps the source text of page-layout elements out of the way of whoever rewrites the HTML around
 /// them: a bare comment stands in for each, which is legal everywhere an element is.
 ///
@@ -40,7 +43,6 @@ private:
     /// The number of the comment at a position and where it ends; 0 for anything else.
     std::size_t NumberAt(std::string_view html, std::size_t at, std::size_t& end) const;
     std::string WithBareComments(const std::string& html) const;
-    [[noreturn]] void RaiseLost(std::size_t number) const;
 
     /// Begins the comments; nothing in the text does.
     std::string mPrefix = "<!--kitekept";

@@ -12,9 +12,10 @@ namespace {
 constexpr int kNormalView = 0;
 constexpr int kSourceView = 1;
 constexpr int kPreviewView = 2;
-/// What stands in the editor for an element that is not shown as a span, with its number between.
+/// Begins what stands in the editor for an element that is not shown as a span; its number follows.
 constexpr const char* kExcluded = "!--kiteelement";
-constexpr std::size_t kMostElements = 100'000'000;
+/// Of a number; a longer one is none of ours.
+constexpr std::size_t kMostDigits = 10;
 constexpr const char* kBaseURL = "BaseURL";
 constexpr const char* kContextMenu = "mnuContext";
 constexpr const char* kMetaContextMenu = "mnuMetaContext";
@@ -194,7 +195,11 @@ bool MetaDocumentEdit::SetDocumentHTML(const std::string& value) {
     });
 }
 
-std::string MetaDocumentEdit::zHideExcluded(const std::string& spans) const {
+std::string MetaDocumentEdit::zHideExcluded(const std::string& spans) {
+    mExcludedMark = kExcluded;
+    // A layout may hold such a comment of its own.
+    while (spans.find(mExcludedMark) != std::string::npos)
+        mExcludedMark += 'x';
     if (!mSpanProvider || mSpanProvider->ExcludedElements.Count() == 0) return spans;
     std::vector<std::size_t> numbers;
     for (std::size_t number = 1; number <= mSpanProvider->Elements.Count(); ++number)
@@ -207,7 +212,7 @@ std::string MetaDocumentEdit::zHideExcluded(const std::string& spans) const {
         if (piece->ElementType != kParserTagElement)
             text += piece->Text;
         else if (next < numbers.size())
-            text += "<" + std::string(kExcluded) + std::to_string(numbers[next++]) + "-->";
+            text += "<" + mExcludedMark + std::to_string(numbers[next++]) + "-->";
         else
             return spans;
     }
@@ -217,21 +222,20 @@ std::string MetaDocumentEdit::zHideExcluded(const std::string& spans) const {
 std::string MetaDocumentEdit::zShowExcluded(const std::string& text) const {
     std::string shown;
     std::size_t from = 0;
-    for (std::size_t at = text.find(kExcluded); at != std::string::npos;
-         at = text.find(kExcluded, at + 1)) {
+    if (!mSpanProvider || mSpanProvider->ExcludedElements.Count() == 0) return text;
+    for (std::size_t at = text.find(mExcludedMark); at != std::string::npos;
+         at = text.find(mExcludedMark, at + 1)) {
         // In a title a comment is text.
         const bool isText = text.compare(at < 4 ? 0 : at - 4, 4, "&lt;") == 0;
         const std::string_view close = isText ? "--&gt;" : "-->";
         if (at == 0 || (!isText && text[at - 1] != '<')) continue;
-        std::size_t end = at + std::string_view(kExcluded).size();
-        std::size_t number = 0;
-        while (end < text.size() && text[end] >= '0' && text[end] <= '9' && number < kMostElements)
-            number = number * 10 + static_cast<std::size_t>(text[end++] - '0');
-        if (text.compare(end, close.size(), close) != 0 || number < 1 ||
-            number > mSpanProvider->Elements.Count())
-            continue;
+        const std::size_t digits = at + mExcludedMark.size();
+        const std::size_t end = text.find(close, digits);
+        if (end == std::string::npos) break;
+        const std::string number = text.substr(digits, std::min(end - digits, kMostDigits));
+        if (!mSpanProvider->ExcludedElements.Contains(number)) continue;
         shown.append(text, from, at - (isText ? 4 : 1) - from)
-            .append(mSpanProvider->Elements.Item(number)->GetSourceText());
+            .append(mSpanProvider->Elements.Item(std::stoul(number))->GetSourceText());
         from = end + close.size();
     }
     return shown.append(text, from);
@@ -243,15 +247,18 @@ bool MetaDocumentEdit::zShow(const std::string& html) {
     const SpanDocument old{{}, mParserTemplate, mSpanProvider};
     const Ref<HTMLDocument> document = dedDocument->GetDocument();
     const bool isSource = dedDocument->GetView() == HtmlView::Source;
+    const std::string oldMark = mExcludedMark;
     mParserTemplate = made.Parser;
     mSpanProvider = made.Provider;
     // The spans of a document mean nothing without those that made them.
     const ScopeExit settle([&] {
         if (isSource || dedDocument->GetDocument() != document) {
             if (old.Provider) old.Provider->Terminate();
+            zForgetElementEdits();
         } else {
             mParserTemplate = old.Parser;
             mSpanProvider = old.Provider;
+            mExcludedMark = oldMark;
         }
     });
     dedDocument->SetDocumentHTML(isSource ? html : zHideExcluded(made.Text));
@@ -353,7 +360,7 @@ void MetaDocumentEdit::dksUI_CommandClick(const Ref<DockCommand>& Command) {
 
 void MetaDocumentEdit::dedDocument_Change() {
     Procedure(*this, "dedDocument_Change", [&](Frame&) {
-        mElementSteps.clear();
+        zForgetElementEdits();
         if (dedDocument->GetLoading() || !dedDocument->GetDocument()) return;
         if (!dedDocument->IsCommandEnabled("EditUndo")) return;
         if (iView == kSourceView) iRawChanged = true;
@@ -365,6 +372,7 @@ void MetaDocumentEdit::dedDocument_CommandClick(const std::string& CommandName, 
     Procedure(*this, "dedDocument_CommandClick", [&](Frame& frame) {
         Watch watchName(frame, "CommandName", CommandName);
         if (EqualIgnoringCase(CommandName, "undo") && UndoElementEdit()) Ignore = true;
+        if (EqualIgnoringCase(CommandName, "redo") && RedoElementEdit()) Ignore = true;
     });
 }
 

@@ -16,6 +16,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -95,9 +96,12 @@ public:
     /// Lets the author change the element whose span is the editor's current element.
     bool EditMetaData();
     /// Takes the last change of an element back; false, and nothing happens, where something else
-    /// was changed since. The editor's own undo asks here first.
+    /// was changed since. The editor's own undo asks here first, its redo RedoElementEdit.
     bool UndoElementEdit();
     bool CanUndoElementEdit() const { return !mElementSteps.empty(); }
+    /// Does again what UndoElementEdit took back last; false without such an edit.
+    bool RedoElementEdit();
+    bool CanRedoElementEdit() const { return !mUndoneElementSteps.empty(); }
     /// Takes the editor's current element away, whatever it is; false.
     bool DeleteMetaData();
 
@@ -167,7 +171,7 @@ private:
     int zActiveView() const;
     /// A span document for the editor, and back: no document would leave the elements that stay as
     /// they are where they stand, so that bare comments stand for them meanwhile.
-    std::string zHideExcluded(const std::string& spans) const;
+    std::string zHideExcluded(const std::string& spans);
     std::string zShowExcluded(const std::string& text) const;
     /// The text of the editor as a layout, for another view; false where it cannot be converted.
     bool zReadForView(std::string& html);
@@ -188,6 +192,11 @@ private:
         Ref<HTMLElement> Span;
     };
     ElementStep zStepOf(std::size_t index, const Ref<HTMLElement>& span) const;
+    /// Makes an element what it was, without a word to anybody.
+    void zPutBack(const ElementStep& step);
+    /// Takes the last step of a list back, if there is one, and puts its opposite on another list.
+    void zTakeBack(std::vector<ElementStep>& from, std::vector<ElementStep>& to);
+    void zForgetElementEdits();
 
     // Conversion
     struct SpanDocument {
@@ -200,7 +209,10 @@ private:
     Ref<ParserTemplate> CreateParserTemplate(const std::string& HTML);
     static void FindExcludedElements(ParserTemplate& layout, SpanProvider& provider);
     std::string KeepUntouchedSpans(const std::string& html, KeptElements& kept) const;
-    void ReplaceSpans(HTMLDocument& document, KeptElements& kept);
+    /// Error 5 for a span in the text whose number is not among those that were replaced.
+    void RaiseIfSpanIsMissed(const std::string& html, const std::set<std::size_t>& replaced) const;
+    /// Gives the numbers of all spans.
+    std::set<std::size_t> ReplaceSpans(HTMLDocument& document, KeptElements& kept);
     void ReplaceSpan(HTMLDocument& document, HTMLElement& span, KeptElements& kept);
     void NameGenerator(HTMLDocument& document);
 
@@ -220,8 +232,11 @@ private:
     int mRememberedView = 0;
     Ref<Container> conClient = MakeRef<Container>("conClient");
     Ref<Control> mPreview;
-    /// Edits of elements that nothing was changed behind.
+    /// Edits of elements that nothing was changed behind, and those of them that were taken back.
     std::vector<ElementStep> mElementSteps;
+    std::vector<ElementStep> mUndoneElementSteps;
+    /// What begins the comments that stand for elements in the editor.
+    std::string mExcludedMark;
     std::vector<Connection> mConnections;
 };
 

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <set>
 
 // From a layout to the document that an author edits, and back.
 
@@ -17,6 +18,7 @@ namespace {
 
 constexpr const char* kMakersAddress = "https://www.brindlewick.example/";
 constexpr std::string_view kSpanStart = "metaspanstart";
+constexpr std::string_view kSpanTag = "<span id=\"metaspanstart";
 constexpr std::string_view kSpanFamily = "metaspan";
 constexpr const char* kScratchId = "kitetempspan";
 
@@ -45,14 +47,22 @@ std::int32_t StrictInteger(const std::string& text) {
     return Value(LeadingNumber(number)).ToInteger();
 }
 
-} // namespace
-
-namespace {
+/// Of those that stand in a text, whether a document takes them for spans or not.
+std::set<std::size_t> NumbersOfSpans(const std::string& html) {
+    std::set<std::size_t> numbers;
+    for (std::size_t at = html.find(kSpanTag); at != std::string::npos;
+         at = html.find(kSpanTag, at + 1)) {
+        std::size_t number = 0;
+        std::from_chars(html.data() + at + kSpanTag.size(), html.data() + html.size(), number);
+        if (number >= 1) numbers.insert(number);
+    }
+    return numbers;
+}
 
 bool HoldsSpanBehindBody(const std::string& html) {
     const std::size_t end =
         std::min(LastIgnoringCase(html, "</body", 0), LastIgnoringCase(html, "</html", 0));
-    return html.find("<span id=\"metaspanstart", end) != std::string::npos;
+    return html.find(kSpanTag, end) != std::string::npos;
 }
 
 // Behind the body a text area or a script is no place where spans are found, and what stands for
@@ -139,10 +149,11 @@ std::string MetaDocumentEdit::ConvertSpanDocumentToMetaDocument(const std::strin
             KeptElements kept;
             const std::string hidden =
                 kept.Hide(ParsedLayout(HTML)->GetSections()->Item(std::size_t{1})->Elements);
-            const auto document = Required(CurrentServices().HTMLDOMFactory)
-                                      .CreateFromString(KeepUntouchedSpans(hidden, kept), {});
+            const std::string changed = KeepUntouchedSpans(hidden, kept);
+            const auto document =
+                Required(CurrentServices().HTMLDOMFactory).CreateFromString(changed, {});
             Local watchDocument(frame, "document", document);
-            ReplaceSpans(*document, kept);
+            RaiseIfSpanIsMissed(changed, ReplaceSpans(*document, kept));
             NameGenerator(*document);
             const std::string text =
                 Required(CurrentServices().HTMLTidy)
@@ -150,6 +161,8 @@ std::string MetaDocumentEdit::ConvertSpanDocumentToMetaDocument(const std::strin
             const std::string written =
                 kept.Restore(WithTightHelpNamespace(WithoutAddedTitles(text)));
             if (HoldsSpanBehindBody(HTML)) RaiseIfSpanIsText(written);
+            // Broken tags can hide a span from everybody who looks for one.
+            RaiseIfSpanIsMissed(written, {});
             result = written;
         });
 }
@@ -158,16 +171,15 @@ std::string MetaDocumentEdit::ConvertSpanDocumentToMetaDocument(const std::strin
 // is not moved where a span may not stand, as between the rows of a table.
 std::string MetaDocumentEdit::KeepUntouchedSpans(const std::string& html,
                                                  KeptElements& kept) const {
-    constexpr std::string_view kOpening = "<span id=\"metaspanstart";
     // Outside of the body a comment belongs to nothing that is written.
     const std::size_t body = FindIgnoringCase(html, "<body");
     const std::size_t end =
         std::min(LastIgnoringCase(html, "</body", body), LastIgnoringCase(html, "</html", body));
     std::string text;
     std::size_t from = 0;
-    for (std::size_t at = html.find(kOpening, body); at < end; at = html.find(kOpening, at + 1)) {
+    for (std::size_t at = html.find(kSpanTag, body); at < end; at = html.find(kSpanTag, at + 1)) {
         std::size_t number = 0;
-        std::from_chars(html.data() + at + kOpening.size(), html.data() + html.size(), number);
+        std::from_chars(html.data() + at + kSpanTag.size(), html.data() + html.size(), number);
         if (number < 1 || number > mSpanProvider->Elements.Count()) continue;
         const ParserElement& element = *mSpanProvider->Elements.Item(number);
         const std::string span = ElementToSpan(element, number);
@@ -181,9 +193,22 @@ std::string MetaDocumentEdit::KeepUntouchedSpans(const std::string& html,
     return text.append(html, from);
 }
 
-void MetaDocumentEdit::ReplaceSpans(HTMLDocument& document, KeptElements& kept) {
-    for (const auto& span : document.Tags("SPAN"))
-        if (span->GetId().starts_with(kSpanStart)) ReplaceSpan(document, *span, kept);
+std::set<std::size_t> MetaDocumentEdit::ReplaceSpans(HTMLDocument& document, KeptElements& kept) {
+    std::set<std::size_t> replaced;
+    for (const auto& span : document.Tags("SPAN")) {
+        if (!span->GetId().starts_with(kSpanStart)) continue;
+        replaced.insert(PositionOf(span->GetId().substr(kSpanStart.size())));
+        ReplaceSpan(document, *span, kept);
+    }
+    return replaced;
+}
+
+// In a script or inside a tag a span is none.
+void MetaDocumentEdit::RaiseIfSpanIsMissed(const std::string& html,
+                                           const std::set<std::size_t>& replaced) const {
+    for (const std::size_t number : NumbersOfSpans(html))
+        if (number <= mSpanProvider->Elements.Count() && !replaced.contains(number))
+            RaiseElementLost(mSpanProvider->Elements.Item(number)->GetSourceText());
 }
 
 void MetaDocumentEdit::ReplaceSpan(HTMLDocument& document, HTMLElement& span, KeptElements& kept) {

@@ -1,5 +1,6 @@
 #include "pagelayout/MetaDocumentEdit.h"
 
+#include "foundation/ScopeExit.h"
 #include "foundation/Text.h"
 #include "pagelayout/frmEditMetaSpan.h"
 
@@ -44,7 +45,7 @@ bool MetaDocumentEdit::InsertMetaData() {
             form->ctlBuilder->Save(element);
             element->Text = form->GetText();
             mSpanProvider->Elements.Add(element);
-            mElementSteps.clear();
+            zForgetElementEdits();
             dedDocument->SetSelectedHTML(ElementToSpan(*element, mSpanProvider->Elements.Count()));
             Changed();
             result = true;
@@ -68,17 +69,26 @@ bool MetaDocumentEdit::EditMetaData() {
             form->ctlBuilder->SetElement(definition);
         form->ctlBuilder->Load(element);
         form->SetText(TrimBlanks(element->Text));
+        const ScopeExit end([&] {
+            form->SetSafeToUnload(true);
+            form->ctlBuilder->Terminate();
+        });
         form->Show(FormMode::Modal);
-        if (form->GetSuccess()) {
-            mElementSteps.push_back(zStepOf(position, span));
-            element->Text = form->GetText();
-            form->ctlBuilder->Save(element);
-            span->SetOuterHTML(ElementToSpan(*element, position));
-            Changed();
-            result = true;
-        }
-        form->SetSafeToUnload(true);
-        form->ctlBuilder->Terminate();
+        if (!form->GetSuccess()) return;
+        const ElementStep before = zStepOf(position, span);
+        bool isShown = false;
+        // What the page does not show was not edited.
+        const ScopeExit settle([&] {
+            if (!isShown) zPutBack(before);
+        });
+        element->Text = form->GetText();
+        form->ctlBuilder->Save(element);
+        span->SetOuterHTML(ElementToSpan(*element, position));
+        isShown = true;
+        mUndoneElementSteps.clear();
+        mElementSteps.push_back(before);
+        Changed();
+        result = true;
     });
 }
 
@@ -91,29 +101,50 @@ MetaDocumentEdit::ElementStep MetaDocumentEdit::zStepOf(std::size_t index,
     return step;
 }
 
+void MetaDocumentEdit::zPutBack(const ElementStep& step) {
+    ParserElement& element = *mSpanProvider->Elements.Item(step.Index);
+    element.Text = step.Text;
+    element.Attributes.Clear();
+    for (const auto& [name, value] : step.Attributes) {
+        const auto attribute = MakeRef<ElementAttribute>();
+        attribute->Name = name;
+        attribute->Value = value;
+        element.Attributes.Add(attribute, name);
+    }
+}
+
+void MetaDocumentEdit::zTakeBack(std::vector<ElementStep>& from, std::vector<ElementStep>& to) {
+    if (from.empty()) return;
+    const ElementStep step = std::move(from.back());
+    from.pop_back();
+    to.push_back(zStepOf(step.Index, step.Span));
+    zPutBack(step);
+    step.Span->SetOuterHTML(ElementToSpan(*mSpanProvider->Elements.Item(step.Index), step.Index));
+    Changed();
+}
+
 bool MetaDocumentEdit::UndoElementEdit() {
     return Procedure<bool>(*this, "UndoElementEdit", [&](bool& result, Frame&) {
-        if (mElementSteps.empty()) return;
-        const ElementStep step = std::move(mElementSteps.back());
-        mElementSteps.pop_back();
-        ParserElement& element = *mSpanProvider->Elements.Item(step.Index);
-        element.Text = step.Text;
-        element.Attributes.Clear();
-        for (const auto& [name, value] : step.Attributes) {
-            const auto attribute = MakeRef<ElementAttribute>();
-            attribute->Name = name;
-            attribute->Value = value;
-            element.Attributes.Add(attribute, name);
-        }
-        result = true;
-        step.Span->SetOuterHTML(ElementToSpan(element, step.Index));
-        Changed();
+        result = !mElementSteps.empty();
+        zTakeBack(mElementSteps, mUndoneElementSteps);
     });
+}
+
+bool MetaDocumentEdit::RedoElementEdit() {
+    return Procedure<bool>(*this, "RedoElementEdit", [&](bool& result, Frame&) {
+        result = !mUndoneElementSteps.empty();
+        zTakeBack(mUndoneElementSteps, mElementSteps);
+    });
+}
+
+void MetaDocumentEdit::zForgetElementEdits() {
+    mElementSteps.clear();
+    mUndoneElementSteps.clear();
 }
 
 bool MetaDocumentEdit::DeleteMetaData() {
     return Procedure<bool>(*this, "DeleteMetaData", [&](bool&, Frame&) {
-        mElementSteps.clear();
+        zForgetElementEdits();
         dedDocument->GetCurrentElement()->SetOuterHTML("");
         Changed();
     });

@@ -1,6 +1,7 @@
 #include "widgets/PropertyValues.h"
 
 #include "foundation/Text.h"
+#include "foundation/Unicode.h"
 #include "widgets/WebColours.h"
 
 #include <array>
@@ -40,18 +41,10 @@ std::optional<double> ReadNumber(std::string_view text) {
 /// Longer texts are cut in sentences.
 constexpr std::size_t kMostShown = 80;
 
-bool IsInsideCharacter(char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
-}
-
 } // namespace
 
 std::string Quoted(const std::string& text) {
-    if (text.size() <= kMostShown) return "\"" + text + "\"";
-    std::size_t end = kMostShown;
-    while (end > 0 && IsInsideCharacter(text[end]))
-        --end;
-    return "\"" + text.substr(0, end) + "…\"";
+    return "\"" + Shortened(text, kMostShown) + "\"";
 }
 
 std::optional<Date> ReadDate(std::string_view text) {

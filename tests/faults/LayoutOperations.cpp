@@ -191,6 +191,12 @@ void AddEditing(LayoutList& list) {
         edit.UndoElementEdit();
     });
     list.Add("CanUndoElementEdit", [](auto& edit, auto&) { edit.CanUndoElementEdit(); });
+    list.Add("RedoElementEdit", [](auto& edit, auto&) {
+        edit.EditMetaData();
+        edit.UndoElementEdit();
+        edit.RedoElementEdit();
+    });
+    list.Add("CanRedoElementEdit", [](auto& edit, auto&) { edit.CanRedoElementEdit(); });
     list.Add("DeleteMetaData", [](auto& edit, auto&) { edit.DeleteMetaData(); });
     for (const char* command : {"btnMetaAdd", "btnMetaEdit", "btnMetaDelete", "btnMetaHelp"})
         list.Add("UserClickCommand",

@@ -142,11 +142,23 @@ TEST_F(LinkCheckTest, CommentsWhoseItemIsGoneAreCheckedAndDeletedOnesAreNot) {
     EXPECT_EQ(links[0].Item, "zoo~animals~Gone");
 }
 
-TEST_F(LinkCheckTest, TheAuthorCanEndIt) {
-    LoadLink("zoo~animals~Cat.html");
-    const auto links = Checking().Check(Store(), [](std::size_t, std::size_t) { return false; });
-    EXPECT_TRUE(links.empty());
-    EXPECT_EQ(LinkSummary(links), "The comments hold no links.");
+TEST_F(LinkCheckTest, TheItemOfALinkIsFoundHoweverTheLinkIsWritten) {
+    for (const char* link : {"zoo~animals~Dog", "zoo~animals~Dog.html", "zoo~animals~Dog.html#age",
+                             "pages/zoo~animals~Dog.html?a", "zoo~animals~Dog_allmembers.html"})
+        EXPECT_EQ(Checking().ItemOfLink(link), "zoo~animals~Dog") << link;
+    for (const char* link : {"", "#", "zoo~animals~Cow.html", "https://x.example/zoo~animals~Dog",
+                             "ms-its:zoo~animals~Dog::/zoo~animals~Dog.html"})
+        EXPECT_EQ(Checking().ItemOfLink(link), "") << link;
+}
+
+TEST_F(LinkCheckTest, TextsOfTheirOwnLeadNowhereLikeScripts) {
+    for (const char* link : {"data:text/html,x", "JavaScript:x()", "vbscript::x"}) {
+        const LinkTarget target = LinkTarget::Of(link);
+        EXPECT_EQ(target.What, LinkTarget::Kind::Malformed) << link;
+        EXPECT_EQ(target.Problem, "The address is a script or a text of its own, which no page "
+                                  "runs or shows. Link to a page instead.");
+    }
+    EXPECT_EQ(LinkTarget::Of("database.html").What, LinkTarget::Kind::File);
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "foundation/GlobalConfig.h"
 #include "foundation/Services.h"
+#include "foundation/Unicode.h"
 #include "host/HeadlessServices.h"
 #include "host/StateFolder.h"
 #include "host/window/SpellDialog.h"
@@ -52,17 +53,16 @@ public:
         static const QStringList schemes{"http", "https", "ftp", "mailto"};
         if (!schemes.contains(address.scheme().toLower()))
             Tell(file, "is not opened from here: only web pages (http, https, ftp) and mail "
-                       "addresses (mailto) are. It stays in the comment as it is.");
+                       "addresses (mailto) are.");
         else if (!QDesktopServices::openUrl(address))
             Tell(file, "cannot be opened: this system has no program for it.");
     }
 
 private:
-    static void Tell(std::string link, const char* what) {
-        if (link.size() > static_cast<std::size_t>(kMostShown))
-            link = QString::fromStdString(link).left(kMostShown).toStdString() + " …";
+    static void Tell(const std::string& link, const char* what) {
         Required(CurrentServices().MessageBox)
-            .Show("The link \"" + link + "\" " + what, "Paperkite", MessageIcon::Information);
+            .Show("The link \"" + Shortened(link, kMostShown) + "\" " + what, "Paperkite",
+                  MessageIcon::Information);
     }
 };
 

@@ -85,6 +85,7 @@ LayoutWindow::LayoutWindow(ViewFactory& factory, QWidget* parent)
     const auto keep = [this](Connection tie) { mConnections.push_back(std::move(tie)); };
     keep(mEdit->Events.Change.Connect([this] {
         ShowTitle();
+        UpdateActions();
         if (mEdit->GetView() == 1) mTagCheck->start();
     }));
     keep(mEdit->dedDocument->Events.ToolsRefreshed.Connect([this] { UpdateActions(); }));
@@ -173,7 +174,7 @@ void LayoutWindow::ShowLayout(const Ref<PageTemplate>& from, const std::string& 
 }
 
 bool LayoutWindow::Open(const Place& place) {
-    if (!GiveUp()) return false;
+    if (!MayGiveUp()) return false;
     auto file = std::make_unique<LayoutFile>(place.Template, place.Layout);
     if (const auto problem = file->Read()) {
         TellProblem(*problem);
@@ -181,11 +182,7 @@ bool LayoutWindow::Open(const Place& place) {
     }
     if (!Show(*file)) return false;
     mFile = std::move(file);
-    ShowNotice(mFile->IsWritable()
-                   ? QString()
-                   : tr("This layout cannot be written here. Save a copy of it elsewhere, or make "
-                        "%1 writable.")
-                         .arg(QString::fromStdString(mFile->GetPath())));
+    ShowNotice({});
     if (!IsServed(mPreviewItem)) mPreviewItem = FindItem();
     CheckTags();
     ShowPreview();
@@ -214,7 +211,11 @@ bool LayoutWindow::Show(const LayoutFile& file) {
     return isShown;
 }
 
-void LayoutWindow::ShowNotice(const QString& text) {
+void LayoutWindow::ShowNotice(QString text) {
+    if (text.isEmpty() && mFile && !mFile->IsWritable())
+        text = tr("This layout cannot be written here. Save a copy of it elsewhere, or make %1 "
+                  "writable.")
+                   .arg(QString::fromStdString(mFile->GetPath()));
     mNotice->setText(text);
     mNotice->setAccessibleName(text);
     mNotice->setVisible(!text.isEmpty());
@@ -288,7 +289,7 @@ bool LayoutWindow::Store(LayoutFile::Others others) {
     if (!problem) {
         mEdit->SetDirty(false);
         ShowTitle();
-        if (Saved) Saved(mFile->GetTemplate());
+        if (Saved) Saved();
         return true;
     }
     if (problem->Reason != FileProblem::ReasonCode::ChangedOnDisk) return TellProblem(*problem);
@@ -317,7 +318,7 @@ void LayoutWindow::SaveCopy() {
     if (const auto problem = mFile->WriteCopy(text, path.toStdString())) TellProblem(*problem);
 }
 
-bool LayoutWindow::GiveUp() {
+bool LayoutWindow::MayGiveUp() {
     if (!mFile || !mEdit->GetDirty()) return true;
     QMessageBox box(
         QMessageBox::Warning, tr("Page Layouts"),
@@ -326,13 +327,12 @@ bool LayoutWindow::GiveUp() {
     box.setInformativeText(tr("What you wrote is lost unless you save it."));
     box.setDefaultButton(QMessageBox::Save);
     const int answer = box.exec();
-    if (answer == QMessageBox::Save) return Save();
-    if (answer == QMessageBox::Discard) mEdit->SetDirty(false);
-    return answer == QMessageBox::Discard;
+    return answer == QMessageBox::Save ? Save() : answer == QMessageBox::Discard;
 }
 
 void LayoutWindow::closeEvent(QCloseEvent* event) {
-    if (!GiveUp()) return event->ignore();
+    if (!MayGiveUp()) return event->ignore();
+    GiveUp();
     // The next look at it begins with what is in the file.
     mFile.reset();
     mList->SetSelectedItem(nullptr);

@@ -37,8 +37,12 @@ public:
     /// Lists the templates anew, and opens a layout of one of them; without a layout the first one
     /// that serves the open item.
     void ShowLayout(const Ref<PageTemplate>& from, const std::string& layout = {});
-    /// Asks about unsaved work; false when the author wants to go on with it.
-    bool GiveUp();
+    /// Asks about unsaved work; false when the author wants to go on with it. Nothing is given up
+    /// yet.
+    bool MayGiveUp();
+    /// From now on nobody asks about the work that is not saved.
+    void GiveUp() { mEdit->SetDirty(false); }
+    bool HasLayout() const { return mFile != nullptr; }
 
     MetaDocumentEdit& GetEdit() const { return *mEdit; }
     /// The action of a menu entry by its name ("Save", "AddElement" …), or nullptr.
@@ -50,7 +54,7 @@ public:
     bool Save();
 
     /// Called when a layout was stored.
-    std::function<void(const Ref<PageTemplate>&)> Saved;
+    std::function<void()> Saved;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -79,7 +83,8 @@ private:
     bool Open(const Place& place);
     /// Puts a layout into the editor; false where it was told that this cannot be.
     bool Show(const LayoutFile& file);
-    void ShowNotice(const QString& text);
+    /// Without a text, that the layout cannot be written where that is so.
+    void ShowNotice(QString text);
     void ShowTitle();
     bool Store(LayoutFile::Others others);
     void SaveCopy();

@@ -121,8 +121,9 @@ void LayoutWindow::UpdateActions() {
     for (const char* name : {"bold", "italic", "inserttable", "createlink"})
         mActions[name]->setEnabled(isOpen && view == 0 && editor.IsCommandEnabled(name));
     for (const char* name : {"undo", "redo", "cut", "copy", "paste"})
-        mActions[name]->setEnabled(isOpen && (view == 1 || editor.IsCommandEnabled(name)));
+        mActions[name]->setEnabled(isOpen && editor.IsCommandEnabled(name));
     if (isOpen && mEdit->CanUndoElementEdit()) mActions["undo"]->setEnabled(true);
+    if (isOpen && mEdit->CanRedoElementEdit()) mActions["redo"]->setEnabled(true);
     const auto& commands = mEdit->dksUI->Commands;
     const std::pair<const char*, const char*> elements[] = {{"AddElement", "btnMetaAdd"},
                                                             {"EditElement", "btnMetaEdit"},

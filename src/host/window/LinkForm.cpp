@@ -1,7 +1,8 @@
 #include "host/window/LinkForm.h"
 
 #include "foundation/Services.h"
-#include "foundation/Text.h"
+#include "foundation/Unicode.h"
+#include "host/LinkCheck.h"
 #include "host/LinkHazard.h"
 #include "widgets/DialogButtons.h"
 
@@ -9,27 +10,11 @@ namespace paperkite {
 
 namespace {
 
-constexpr std::string_view kPageEnding = ".html";
 constexpr const char* kTitle = "Link";
+/// Long enough for any address that people read.
 constexpr std::size_t kMostShown = 200;
 
-// Long enough for any address that people read; cut where a character begins.
-std::string Shortened(const std::string& link) {
-    if (link.size() <= kMostShown) return link;
-    std::size_t end = kMostShown;
-    while (end > 0 && (static_cast<unsigned char>(link[end]) & 0xC0) == 0x80)
-        --end;
-    return link.substr(0, end) + " …";
-}
-
 } // namespace
-
-std::string PageOfLink(const std::string& link) {
-    std::string page = ReplaceAll(link, "%20", " ");
-    page.erase(0, page.find_last_of("/\\") + 1);
-    if (EndsWithIgnoringCase(page, kPageEnding)) page.resize(page.size() - kPageEnding.size());
-    return page;
-}
 
 LinkForm::LinkForm(ProjectSession& session, const LinkRequest& request, const std::string& item)
     : Form("LinkForm") {
@@ -37,7 +22,8 @@ LinkForm::LinkForm(ProjectSession& session, const LinkRequest& request, const st
     lblExisting = Controls.Make<Label>("lblExisting");
     lblExisting->SetWordWrap(true);
     lblExisting->SetVisible(!request.ExistingLink.empty());
-    lblExisting->SetCaption("The link leads to “" + Shortened(request.ExistingLink) + "” now.");
+    lblExisting->SetCaption("The link leads to “" + Shortened(request.ExistingLink, kMostShown) +
+                            "” now.");
     Links = Controls.Make<LinkBuilder>("Links");
     Members = MakeRef<MemberChooser>("Members", session);
     Links->MemberExplorerPlace->Controls.Add(Members);
@@ -48,11 +34,13 @@ LinkForm::LinkForm(ProjectSession& session, const LinkRequest& request, const st
     ConnectPanel();
     Links->SetNamespaceProfile(session.GetDefinitions()->GetName());
     Members->SetTipPrefix(request.TipPrefix);
-    // A link has no place for the mark of one that is converted later, so that none is offered; and
-    // what stands before a name in a tip reads well before the kinds too, a window's title not.
+    // Nobody tells whether a bare name would be converted when the pages are made, and a link to
+    // the page works either way. What stands before a name in a tip reads well before the kinds
+    // too, a window's title not.
     Links->Initialize(request.GetCaption, false, request.ShowExternalLinkTypes, request.TipPrefix,
                       request.TipPrefix, request.AddHTMLExtension, request.Caption);
-    if (!Members->Choose(PageOfLink(request.ExistingLink))) Members->Choose(item);
+    const std::string target = LinkCheck(*session.GetProvider()).ItemOfLink(request.ExistingLink);
+    Members->Choose(target.empty() ? item : target);
 }
 
 void LinkForm::LayOut() {

@@ -54,8 +54,4 @@ private:
     std::vector<Connection> mConnections;
 };
 
-/// The qualified name that a link to a page of this project may mean: the file's name without its
-/// folder and its ".html".
-std::string PageOfLink(const std::string& link);
-
 } // namespace paperkite

@@ -220,10 +220,9 @@ void MainWindow::KeepAppearance() {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-    if ((!mLayoutWindow || mLayoutWindow->GiveUp()) && SavedOrGivenUp())
-        event->accept();
-    else
-        event->ignore();
+    if ((mLayoutWindow && !mLayoutWindow->MayGiveUp()) || !SavedOrGivenUp()) return event->ignore();
+    if (mLayoutWindow) mLayoutWindow->GiveUp();
+    event->accept();
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {

@@ -9,12 +9,14 @@ namespace paperkite {
 void MainWindow::ShowLayouts() {
     if (!mLayoutWindow) {
         mLayoutWindow = new LayoutWindow(mFactory, this);
-        mLayoutWindow->Saved = [this](const auto&) { LayoutSaved(); };
+        mLayoutWindow->Saved = [this] { LayoutSaved(); };
     }
     mLayoutWindow->SetWorkspace(mWorkspace.get());
     mLayoutWindow->show();
     mLayoutWindow->raise();
     mLayoutWindow->activateWindow();
+    // Whoever comes back to the window comes back to his layout.
+    if (mLayoutWindow->HasLayout()) return;
     Ref<PageTemplate> present;
     if (mWorkspace) present = mWorkspace->GetEditor().cEditor.GetInPlaceTemplate();
     const auto& templates = GlobalConfig().Templates;

@@ -1,6 +1,6 @@
 #include "host/window/TopicForm.h"
 
-#include "host/window/LinkForm.h"
+#include "host/LinkCheck.h"
 #include "links/MemberLinkDesigner.h"
 #include "widgets/DialogButtons.h"
 
@@ -34,7 +34,7 @@ TopicForm::TopicForm(ProjectSession& session, const ModelControlHelper::TopicReq
     mConnections.push_back(cmdOK->Events.Click.Connect([this] { cmdOK_Click(); }));
     mConnections.push_back(cmdCancel->Events.Click.Connect([this] { Hide(); }));
     mConnections.push_back(Events.Shown.Connect([this] { mTopic.clear(); }));
-    Members->Choose(PageOfLink(request.Topic));
+    Members->Choose(LinkCheck(*session.GetProvider()).ItemOfLink(request.Topic));
     enable();
 }
 

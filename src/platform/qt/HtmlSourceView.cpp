@@ -7,6 +7,7 @@
 #include <QHash>
 #include <QScopedValueRollback>
 #include <QTextBlock>
+#include <QTextDocumentFragment>
 
 namespace paperkite {
 
@@ -27,6 +28,9 @@ HtmlSourceView::HtmlSourceView(const Ref<HtmlEdit>& edit, QWidget* parent)
     mArea->setTabChangesFocus(true);
     mArea->setAccessibleName(QObject::tr("HTML source"));
     QObject::connect(mArea, &QPlainTextEdit::textChanged, mArea, [this] { Report(); });
+    for (const auto signal : {&QPlainTextEdit::undoAvailable, &QPlainTextEdit::redoAvailable,
+                              &QPlainTextEdit::copyAvailable})
+        QObject::connect(mArea, signal, mArea, [this] { ReportCommands(); });
 }
 
 void HtmlSourceView::Load() {
@@ -34,6 +38,8 @@ void HtmlSourceView::Load() {
     mArea->setPlainText(ToQString(mEdit->GetDocumentHTML()));
     mShown = PlainTextOf(*mArea->document());
     ShowMark();
+    mLoading = false;
+    ReportCommands();
 }
 
 void HtmlSourceView::Report() {
@@ -43,6 +49,17 @@ void HtmlSourceView::Report() {
     if (text == mShown) return;
     mShown = text;
     mEdit->UserSourceChanged(FromQString(text), mArea->document()->isUndoAvailable());
+}
+
+void HtmlSourceView::ReportCommands() {
+    if (mLoading || mEdit->GetView() != HtmlView::Source) return;
+    const QTextCursor cursor = mArea->textCursor();
+    std::vector<std::string> enabled{"paste", "selectall"};
+    if (mArea->document()->isUndoAvailable()) enabled.emplace_back("undo");
+    if (mArea->document()->isRedoAvailable()) enabled.emplace_back("redo");
+    if (cursor.hasSelection()) enabled.insert(enabled.end(), {"cut", "copy"});
+    mEdit->UserSelection(FromQString(cursor.selection().toPlainText()), {}, std::move(enabled), {},
+                         {}, {});
 }
 
 void HtmlSourceView::ShowMark() {

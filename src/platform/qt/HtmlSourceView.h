@@ -28,6 +28,8 @@ public:
 
 private:
     void Report();
+    /// What undo, redo, cut and copy can do now.
+    void ReportCommands();
 
     Ref<HtmlEdit> mEdit;
     CodeArea* mArea;

@@ -54,11 +54,11 @@ kite.code = function () {
 };
 
 kite.caretInNewCode = function () {
-    kite.insert('<code>\u200b</code>');
+    kite.insert('<code>' + kite.holder + '</code>');
 };
 
 kite.leaveCode = function (code) {
-    const gap = document.createTextNode('\u200b');
+    const gap = document.createTextNode(kite.holder);
     code.after(gap);
     getSelection().collapse(gap, 1);
 };

@@ -21,6 +21,16 @@ const kite = {
 
 kite.untold = 'untold';
 
+// A character that no reader sees and that is in no text that is read.
+kite.holder = '\u200b';
+
+// A whole page may hold such characters of its own, so that another one is taken.
+kite.chooseHolder = function () {
+    const html = document.documentElement.innerHTML;
+    const isFree = character => !html.includes(character);
+    kite.holder = ['\u200b', '\u2060', '\u2063', '\u2064'].find(isFree) || '\u200b';
+};
+
 kite.placeOf = function (node) {
     const element = node && (node.nodeType === Node.ELEMENT_NODE ? node : node.parentElement);
     return element ? element.closest('[data-kite-place]') : null;
@@ -82,9 +92,9 @@ kite.loosely = html => html.replace(/(?:&nbsp;|\s|<br>)+(?=<\/|$)/g, '');
 // and the invisible characters that hold the caret.
 kite.withoutTraces = function (place) {
     const html = place.innerHTML;
-    if (!html.includes('\u200b') && !/ style=| data-kite/.test(html)) return html;
+    if (!html.includes(kite.holder) && !/ style=| data-kite/.test(html)) return html;
     const copy = document.implementation.createHTMLDocument('').createElement('div');
-    copy.innerHTML = html.replace(/\u200b/g, '');
+    copy.innerHTML = html.replaceAll(kite.holder, '');
     for (const element of copy.querySelectorAll('[style]')) {
         if (kite.keptStyles.has(element.getAttribute('style'))) continue;
         if (element.id.startsWith('metaspan')) continue;
@@ -92,8 +102,9 @@ kite.withoutTraces = function (place) {
         if (element.tagName === 'SPAN' && !element.attributes.length)
             element.replaceWith(...element.childNodes);
     }
-    for (const code of copy.querySelectorAll('code'))
-        if (!code.firstChild) code.remove();
+    if (!kite.whole)
+        for (const code of copy.querySelectorAll('code'))
+            if (!code.firstChild) code.remove();
     return copy.innerHTML;
 };
 
@@ -102,6 +113,8 @@ kite.textOf = function (index) {
     const loaded = kite.loaded[index];
     if (place.innerHTML === loaded.engine) return loaded.text;
     const html = kite.withoutTraces(place);
+    // A whole page is kept to the letter.
+    if (kite.whole) return html;
     if (kite.loosely(html) === kite.loosely(loaded.engine)) return loaded.text;
     return kite.isBlank(html) ? '' : html;
 };

@@ -77,6 +77,7 @@ kite.start = function (given) {
         if (kite.editable) kite.mark(place, index);
         kite.fill(index, given.places[index] || '');
     });
+    if (kite.whole) kite.chooseHolder();
     if (!kite.editable) kite.freeze();
     const style = document.createElement('style');
     style.textContent = kite.whole ? kite.wholeStyle : kite.style;

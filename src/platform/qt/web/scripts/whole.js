@@ -75,7 +75,6 @@ kite.doubleClicked = function (event) {
 // that no reader sees, in no text that is read, stands for them in the engine's history: when it
 // goes by an undo they go, and when it comes back they come back.
 kite.insertions = { done: [], undone: [] };
-kite.holder = '\u200b';
 
 kite.insertSpan = function (html) {
     if (!getSelection().isCollapsed) kite.command('delete');
@@ -160,9 +159,9 @@ kite.copied = function (event) {
     if (span) range.selectNode(span);
     const holder = document.createElement('div');
     holder.append(range.cloneContents());
-    event.clipboardData.setData(kite.ownFormat, holder.innerHTML);
-    event.clipboardData.setData('text/html', holder.innerHTML);
-    event.clipboardData.setData('text/plain', selection.toString());
+    event.clipboardData.setData(kite.ownFormat, holder.innerHTML.replaceAll(kite.holder, ''));
+    event.clipboardData.setData('text/html', holder.innerHTML.replaceAll(kite.holder, ''));
+    event.clipboardData.setData('text/plain', selection.toString().replaceAll(kite.holder, ''));
     event.preventDefault();
     if (event.type !== 'cut') return;
     selection.removeAllRanges();
