@@ -12,6 +12,8 @@ namespace {
 constexpr std::string_view kPageEnding = ".html";
 constexpr const char* kTitle = "Link";
 constexpr std::size_t kMostShown = 200;
+constexpr int kWidth = 760;
+constexpr int kHeight = 540;
 
 // Long enough for any address that people read; cut where a character begins.
 std::string Shortened(const std::string& link) {
@@ -34,6 +36,7 @@ std::string PageOfLink(const std::string& link) {
 LinkForm::LinkForm(ProjectSession& session, const LinkRequest& request, const std::string& item)
     : Form("LinkForm") {
     SetCaption(request.DialogCaption.empty() ? kTitle : request.DialogCaption);
+    Move(0, 0, kWidth, kHeight);
     lblExisting = Controls.Make<Label>("lblExisting");
     lblExisting->SetWordWrap(true);
     lblExisting->SetVisible(!request.ExistingLink.empty());
