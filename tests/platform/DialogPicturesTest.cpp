@@ -102,7 +102,7 @@ TEST_P(DialogPicturesTest, TheBrowserOfColours) {
     ASSERT_TRUE(box);
     box->showPopup();
     EXPECT_GE(box->view()->visualRect(box->model()->index(0, 0)).height(),
-              box->fontMetrics().height());
+              box->fontMetrics().height() + 6);
     EXPECT_EQ(Keep("colour-list", *box->view()->window()).width(), box->view()->window()->width());
     box->hidePopup();
     form.Hide();
