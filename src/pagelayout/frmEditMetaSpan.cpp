@@ -68,7 +68,6 @@ void frmEditMetaSpan::Form_Load() {
         iDefaultCaption = IsAdd ? "Add Element" : "Edit Element";
         ctlBuilder->SetShowTree(IsAdd);
         ctlBuilder_SelectionChanged(ctlBuilder->GetElement());
-        zSelectFirstRow();
         (IsAdd ? Ref<Control>(ctlBuilder->tvwElements) : Ref<Control>(ctlBuilder->prpProperties))
             ->SetFocus();
     });
@@ -92,6 +91,7 @@ void frmEditMetaSpan::ctlBuilder_SelectionChanged(const Ref<ElementDef>& Definit
         Header->SetCaption(GetCaption());
         tipHelp->SetCaption(Definition ? Definition->Description
                                        : std::string("No element selected for editing."));
+        zSelectFirstRow();
     });
 }
 

@@ -30,6 +30,7 @@ class ShownWindowsTest : public PageTest, public testing::WithParamInterface<con
 protected:
     ShownWindowsTest() {
         mTheme->SetScheme(IsDark() ? ColourScheme::Dark : ColourScheme::Light);
+        mTheme->SetTextScale(TextScale());
         mWindow->resize(1200, 800);
         OpenProject();
         ClickExpander("zoo~animals");
@@ -38,7 +39,10 @@ protected:
         EXPECT_TRUE(
             WaitUntil([&] { return TextOf(kDog, "##") == "Guards the huose and barks.;"; }));
     }
-    ~ShownWindowsTest() override { mTheme->SetScheme(ColourScheme::Light); }
+    ~ShownWindowsTest() override {
+        mTheme->SetTextScale(100);
+        mTheme->SetScheme(ColourScheme::Light);
+    }
 
     /// Of the letters, in per cent; PAPERKITE_TEXT_SIZE names another one for pictures.
     static int TextScale() {
@@ -56,7 +60,8 @@ protected:
         EXPECT_EQ(ground < 128, IsDark()) << name;
         const char* folder = std::getenv("PAPERKITE_PICTURES");
         if (!folder) return;
-        const QString file = QString("%1/%2-%3.png").arg(folder, name, GetParam());
+        const QString size = TextScale() == 100 ? "" : QString("-text-%1").arg(TextScale());
+        const QString file = QString("%1/%2%3-%4.png").arg(folder, name, size, GetParam());
         EXPECT_TRUE(image.save(file)) << file.toStdString();
     }
 };
@@ -172,7 +177,6 @@ TEST_P(ShownWindowsTest, TheSpellingDialogs) {
 }
 
 TEST_P(ShownWindowsTest, TheLinkDialogInItsFourKinds) {
-    mTheme->SetTextScale(TextScale());
     LinkForm form(mWindow->GetWorkspace()->GetSession(),
                   {.ExistingLink = "zoo~animals~Dog~Bark.html",
                    .GetCaption = true,
@@ -190,15 +194,14 @@ TEST_P(ShownWindowsTest, TheLinkDialogInItsFourKinds) {
     FormView view(factory, form, mWindow.get());
     form.SetRunner([&](Form&, FormMode) { view.show(); });
     form.Show();
-    view.resize(view.size().expandedTo({760, 540}));
     for (const auto& group : form.Links->eb->GetGroups())
         for (const auto& kind : *group) {
             if (!kind->GetVisible()) continue;
             form.Links->eb->UserClick(kind);
             Settle();
+            EXPECT_EQ(form.Links->eb->GetSelectedItem(), kind);
             Keep(view, ("link-" + kind->GetKey()).c_str());
         }
-    mTheme->SetTextScale(100);
 }
 
 TEST_P(ShownWindowsTest, TheTopicDialog) {
@@ -210,7 +213,6 @@ TEST_P(ShownWindowsTest, TheTopicDialog) {
     FormView view(factory, form, mWindow.get());
     form.SetRunner([&](Form&, FormMode) { view.show(); });
     form.Show();
-    view.resize(520, 480);
     Settle();
     Keep(view, "topic");
 }
@@ -243,6 +245,11 @@ TEST_P(ShownWindowsTest, TheLayoutWindowInItsThreeViews) {
     EXPECT_EQ(layouts->GetPreviewItem(), kDog);
     Settle();
     Keep(*layouts, "layout-preview");
+    layouts->resize(800, 560);
+    layouts->GetAction("ViewNormal")->trigger();
+    Settle();
+    EXPECT_EQ(layouts->size(), QSize(800, 560)) << "something needs more room";
+    Keep(*layouts, "layout-800x560");
 }
 
 INSTANTIATE_TEST_SUITE_P(Schemes, ShownWindowsTest, testing::Values("light", "dark"));

@@ -66,6 +66,18 @@ TEST_F(frmEditMetaSpanTest, AddingShowsTheTreeAndNothingChosen) {
     });
 }
 
+TEST_F(frmEditMetaSpanTest, TheFirstAttributeOfAChosenElementIsDescribedAtOnce) {
+    AddAttribute(Definition("note"), "first", "text");
+    Add([&] {
+        EXPECT_FALSE(mBuilder->prpProperties->GetSelectedItem());
+        mBuilder->tvwElements->UserClick(Node("E:note"));
+        ASSERT_TRUE(mBuilder->prpProperties->GetSelectedItem());
+        EXPECT_EQ(mBuilder->prpProperties->GetSelectedItem(), *mBuilder->prpProperties->begin());
+        mBuilder->tvwElements->UserClick(Node("C:Page"));
+        EXPECT_FALSE(mBuilder->prpProperties->GetSelectedItem());
+    });
+}
+
 TEST_F(frmEditMetaSpanTest, AddingNothingKeepsTheDialogOpen) {
     Add([&] {
         mForm->UserEnter();

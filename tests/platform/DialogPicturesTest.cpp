@@ -8,6 +8,8 @@
 #include "widgets/frmBrowseHTMLColor.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QComboBox>
 #include <QLabel>
 #include <QTextEdit>
 
@@ -45,7 +47,12 @@ protected:
         QTest::qWait(0);
     }
 
-    QImage Keep(const char* name) { return Picture(QStringLiteral("%1-%2").arg(name, GetParam())); }
+    QImage Keep(const char* name) { return Keep(name, *mWindow); }
+    QImage Keep(const char* name, QWidget& shown) {
+        const std::string look = GetParam();
+        return Picture(QString("%1-%2").arg(name, look == "large" ? "text-150-light" : GetParam()),
+                       shown);
+    }
 
     void ExpectNoClippedWord() {
         for (auto* button : mWindow->findChildren<QAbstractButton*>()) {
@@ -91,6 +98,13 @@ TEST_P(DialogPicturesTest, TheBrowserOfColours) {
     ExpectNoClippedWord();
     form.chxBase->UserClick(44);
     EXPECT_NE(Keep("colour-cell"), first);
+    auto* box = mWindow->findChild<QComboBox*>();
+    ASSERT_TRUE(box);
+    box->showPopup();
+    EXPECT_GE(box->view()->visualRect(box->model()->index(0, 0)).height(),
+              box->fontMetrics().height() + 6);
+    EXPECT_EQ(Keep("colour-list", *box->view()->window()).width(), box->view()->window()->width());
+    box->hidePopup();
     form.Hide();
 }
 

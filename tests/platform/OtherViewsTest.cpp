@@ -70,6 +70,46 @@ TEST_F(OtherViewsTest, TheExplorerBarFollowsItsModelAndHostsCheckBoxes) {
     EXPECT_TRUE(view->LineOf("description", "##"));
 }
 
+TEST_F(OtherViewsTest, ALineOfSeveralRowsTakesTheRoomThatItsWordsNeed) {
+    mTheme.SetTextScale(200);
+    auto bar = MakeRef<ExplorerBar>("eb");
+    const auto group = bar->AddGroup("kinds", "Kinds");
+    group->Add("long", "A sentence that takes many more than the two rows it was given")
+        ->SetHeight(2);
+    group->Add("short", "Two words")->SetHeight(2);
+    auto* view = Show<ExplorerBarView>(bar, QSize(240, 600));
+    const auto* line = qobject_cast<QAbstractButton*>(view->LineOf("kinds", "long"));
+    ASSERT_TRUE(line);
+    const QRect room(0, 0, line->width() - 18, QWIDGETSIZE_MAX);
+    const int words =
+        line->fontMetrics().boundingRect(room, Qt::TextWordWrap, line->text()).height();
+    EXPECT_GT(words, 2 * line->fontMetrics().height());
+    EXPECT_GE(line->height(), words);
+    EXPECT_LT(view->LineOf("kinds", "short")->height(), line->height());
+}
+
+TEST_F(OtherViewsTest, ADialogIsAsLargeAsItsLettersWantAndItsWindowAllows) {
+    mTheme.SetTextScale(150);
+    Form form;
+    form.Move(0, 0, 400, 300);
+    FormView alone(mFactory, form, nullptr);
+    EXPECT_EQ(alone.size(), QSize(600, 450));
+    QWidget window;
+    window.resize(500, 400);
+    FormView above(mFactory, form, &window);
+    EXPECT_EQ(above.size(), QSize(500, 400));
+    // What stands in a dialog begins where its text begins.
+    const auto bar = form.Controls.Make<ExplorerBar>("eb");
+    bar->AddGroup("group", "Group")->Add("line", "A line");
+    form.SetLayout(FormLayout::Column({FormLayout::Item(bar, 1)}));
+    FormView with(mFactory, form, nullptr);
+    with.show();
+    QTest::qWait(0);
+    const auto* line = with.findChild<QAbstractButton*>();
+    ASSERT_TRUE(line);
+    EXPECT_LT(line->mapTo(&with, QPoint(0, 0)).x(), 20);
+}
+
 TEST_F(OtherViewsTest, LettingGoOfTheSplitterIsADrag) {
     auto panel = MakeRef<SplitPanel>("split");
     panel->SetFirstPane(MakeRef<TextBox>("a"));

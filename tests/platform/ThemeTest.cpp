@@ -1,8 +1,12 @@
 #include "platform/qt/Theme.h"
+#include "platform/qt/ColourViews.h"
 #include "platform/qt/Icons.h"
+#include "widgets/WebColours.h"
 
 #include <QApplication>
 #include <QPalette>
+#include <QPushButton>
+#include <QToolBar>
 
 #include <gtest/gtest.h>
 
@@ -66,6 +70,38 @@ TEST(ThemeTest, TextGrowsToTwiceItsSizeAndNoFurther) {
     EXPECT_NEAR(QApplication::font().pointSizeF(), size * 2, 0.01);
     theme.SetTextScale(100);
     EXPECT_NEAR(QApplication::font().pointSizeF(), size, 0.01);
+}
+
+TEST(ThemeTest, WhatStandsAroundTextGrowsWithIt) {
+    Theme theme(*qApp);
+    theme.SetTextScale(200);
+    QPushButton button("Go to the Comment");
+    button.ensurePolished();
+    const QFontMetrics letters = button.fontMetrics();
+    EXPECT_GE(button.sizeHint().width(),
+              letters.horizontalAdvance(button.text()) + letters.height());
+    EXPECT_EQ(Theme::Scaled(130), 260);
+    theme.SetTextScale(100);
+    EXPECT_EQ(Theme::Scaled(130), 130);
+}
+
+TEST(ThemeTest, IconsOfABarFollowItsLetters) {
+    QToolBar bar;
+    QFont letters = bar.font();
+    letters.setPixelSize(14);
+    bar.setFont(letters);
+    Icons::SizeWithText(bar);
+    EXPECT_EQ(bar.iconSize(), QSize(16, 16));
+    letters.setPixelSize(21);
+    bar.setFont(letters);
+    EXPECT_EQ(bar.iconSize(), QSize(24, 24));
+}
+
+TEST(ThemeTest, TextOnANamedColourCanBeRead) {
+    for (const auto& named : WebColours::NamedColours()) {
+        const QColor ground = ToQColor(named.Color);
+        EXPECT_GE(Contrast(ground, TextColourOn(ground)), 4.5) << named.Text;
+    }
 }
 
 TEST(IconsTest, CommandsAndKindsHaveIconsOfTheTheme) {

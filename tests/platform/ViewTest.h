@@ -36,9 +36,10 @@ protected:
     }
 
     /// A picture of the window, kept for looking at where PAPERKITE_PICTURES names a folder.
-    QImage Picture(const QString& name) {
+    QImage Picture(const QString& name) { return Picture(name, *mWindow); }
+    QImage Picture(const QString& name, QWidget& shown) {
         QApplication::processEvents();
-        const QImage image = mWindow->grab().toImage();
+        const QImage image = shown.grab().toImage();
         const QString folder = qEnvironmentVariable("PAPERKITE_PICTURES");
         if (!folder.isEmpty()) image.save(QDir(folder).filePath(name + ".png"));
         return image;

@@ -130,7 +130,7 @@ TEST_F(LayoutEditingTest, ADoubleClickOnASpanEditsItsElement) {
         form.SetText("kind");
         Confirm(form);
     };
-    DoubleClick(QPoint(138, 17));
+    DoubleClick(QPoint(138, 26));
     ASSERT_TRUE(WaitUntil([&] { return mDialogs > 0; }));
     EXPECT_TRUE(WaitUntil([&] { return Body() == "<p>" + kKind + "</p>"; })) << Body();
     EXPECT_TRUE(mEdit.GetDirty());

@@ -7,6 +7,7 @@
 
 #include <QAbstractItemView>
 #include <QCompleter>
+#include <QDialog>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QStandardItemModel>
@@ -24,7 +25,9 @@ public:
     ItemFinderView(const Ref<ItemFinder>& finder, QWidget* parent)
         : ControlView(finder, new QWidget(parent)), mFinder(finder) {
         auto* column = new QVBoxLayout(GetWidget());
-        column->setContentsMargins(4, 4, 4, 4);
+        // A dialog has room around all that stands in it.
+        const int margin = qobject_cast<QDialog*>(GetWidget()->window()) ? 0 : 4;
+        column->setContentsMargins(margin, margin, margin, margin);
         mField = new QLineEdit(GetWidget());
         mField->setPlaceholderText(QObject::tr("Find an item"));
         mField->setClearButtonEnabled(true);

@@ -5,6 +5,7 @@
 #include "foundation/Text.h"
 #include "host/ItemPage.h"
 #include "pagelayout/ParsedLayout.h"
+#include "platform/qt/Theme.h"
 #include "widgets/Label.h"
 
 #include <QAction>
@@ -65,7 +66,8 @@ LayoutWindow::LayoutWindow(ViewFactory& factory, QWidget* parent)
     split->addWidget(mFactory.MakeView(mList, split));
     split->addWidget(right);
     split->setStretchFactor(1, 1);
-    split->setSizes({kListWidth, kFirstWidth - kListWidth});
+    const int list = Theme::Scaled(kListWidth);
+    split->setSizes({list, kFirstWidth - list});
     split->setChildrenCollapsible(false);
     setCentralWidget(split);
 
@@ -131,7 +133,8 @@ void LayoutWindow::FillList() {
                                           known->Name, "folder");
         for (const auto& layout : *document->PageLayouts) {
             const std::string key = "L:" + known->Name + "/" + layout->Name;
-            mList->Nodes.Add(top, TreeRelationship::Child, key, layout->Name, "text-html");
+            mList->Nodes.Add(top, TreeRelationship::Child, key, layout->Name,
+                             "document-properties");
             mPlaces[key] = {document, layout};
         }
         top->SetExpanded(true);

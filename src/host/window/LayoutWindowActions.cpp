@@ -94,8 +94,7 @@ void LayoutWindow::MakeToolbar() {
     auto* bar = addToolBar(tr("Layout"));
     bar->setObjectName("layoutBar");
     bar->setMovable(false);
-    const int size = Icons::SizeBeside(fontMetrics().height());
-    bar->setIconSize(QSize(size, size));
+    Icons::SizeWithText(*bar);
     const auto add = [&](std::initializer_list<const char*> names, Qt::ToolButtonStyle style) {
         if (!bar->actions().isEmpty()) bar->addSeparator();
         for (const char* name : names) {

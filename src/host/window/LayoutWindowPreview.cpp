@@ -2,6 +2,7 @@
 #include "host/window/LayoutWindow.h"
 
 #include "foundation/Services.h"
+#include "foundation/Text.h"
 #include "widgets/Label.h"
 
 #include <QAction>
@@ -91,7 +92,7 @@ void LayoutWindow::ShowPreview() {
     const std::string text = mEdit->GetDocumentHTML();
     const ItemPage page =
         MakeItemPage(mWorkspace->GetSession(), item, mFile->GetTemplate(), mFile->With(text), {});
-    std::string note = "The page of " + mPreviewItem;
+    std::string note = "The page of " + ReplaceAll(mPreviewItem, "~", " ~ ");
     if (!IsServed(mPreviewItem)) note += ", which this layout is not meant for";
     for (const std::string& missing : page.Missing)
         note += "\n" + missing;

@@ -14,10 +14,6 @@ namespace {
 // As the surfaces ask where there is no selection.
 constexpr const char* kDialogCaption = "Get URL";
 constexpr const char* kTipPrefix = "Link to";
-constexpr int kLinkWidth = 760;
-constexpr int kLinkHeight = 540;
-constexpr int kTopicWidth = 520;
-constexpr int kTopicHeight = 480;
 
 } // namespace
 
@@ -74,26 +70,22 @@ std::string LinkDialogs::Compose(LinkRequest& request) {
     mComposing = true;
     const ScopeExit composed([this] { mComposing = false; });
     LinkForm form(mWorkspace.GetSession(), request, OpenItem());
-    Run(form, *form.Members->finder, kLinkWidth, kLinkHeight);
+    Run(form, *form.Members->finder);
     if (!form.GetLink().empty() && request.GetCaption) request.Caption = form.GetLinkCaption();
     return form.GetLink();
 }
 
 std::string LinkDialogs::ChooseTopic(const ModelControlHelper::TopicRequest& request) {
     TopicForm form(mWorkspace.GetSession(), request);
-    Run(form, *form.Members->finder, kTopicWidth, kTopicHeight);
+    Run(form, *form.Members->finder);
     return form.GetTopic();
 }
 
-void LinkDialogs::Run(Form& form, Control& first, int width, int height) {
+void LinkDialogs::Run(Form& form, Control& first) {
     form.SetRunner([&](Form& shown, FormMode) {
         QWidget* above = QApplication::activeModalWidget();
         FormView view(mFactory, shown, above ? above : &mWindow);
         view.setObjectName(QString::fromStdString(shown.GetName()));
-        // Larger letters need more room.
-        const double scale = view.fontMetrics().height() / 17.0;
-        const QSize wanted(QSizeF(width * scale, height * scale).toSize());
-        view.resize(wanted.expandedTo(view.minimumSizeHint()).boundedTo(mWindow.size()));
         first.SetFocus();
         view.exec();
     });

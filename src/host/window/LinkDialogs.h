@@ -31,7 +31,7 @@ private:
     std::string Compose(LinkRequest& request);
     std::string ChooseTopic(const ModelControlHelper::TopicRequest& request);
     /// Shows a form until it is left; `first` has the focus when it opens.
-    void Run(Form& form, Control& first, int width, int height);
+    void Run(Form& form, Control& first);
     std::string OpenItem() const;
 
     Workspace& mWorkspace;

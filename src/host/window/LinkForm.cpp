@@ -13,12 +13,15 @@ namespace {
 constexpr const char* kTitle = "Link";
 /// Long enough for any address that people read.
 constexpr std::size_t kMostShown = 200;
+constexpr int kWidth = 760;
+constexpr int kHeight = 540;
 
 } // namespace
 
 LinkForm::LinkForm(ProjectSession& session, const LinkRequest& request, const std::string& item)
     : Form("LinkForm") {
     SetCaption(request.DialogCaption.empty() ? kTitle : request.DialogCaption);
+    Move(0, 0, kWidth, kHeight);
     lblExisting = Controls.Make<Label>("lblExisting");
     lblExisting->SetWordWrap(true);
     lblExisting->SetVisible(!request.ExistingLink.empty());

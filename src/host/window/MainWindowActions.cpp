@@ -188,7 +188,7 @@ void MainWindow::MakeToolbar() {
     auto* bar = addToolBar(tr("Project"));
     bar->setObjectName("ProjectToolbar");
     bar->setMovable(false);
-    bar->setIconSize({16, 16});
+    Icons::SizeWithText(*bar);
     for (const char* name : {"New", "Open", "Save"})
         bar->addAction(GetAction(name));
     bar->addSeparator();

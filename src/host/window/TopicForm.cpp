@@ -8,6 +8,9 @@ namespace paperkite {
 
 namespace {
 
+constexpr int kWidth = 520;
+constexpr int kHeight = 480;
+
 bool HasItemsOf(const ProjectSession& session, const std::string& itemType) {
     const int type = MemberLinkDesigner::ItemTypeOf(session.GetDefinitions()->GetName());
     return itemType.empty() || itemType == std::to_string(type);
@@ -18,6 +21,7 @@ bool HasItemsOf(const ProjectSession& session, const std::string& itemType) {
 TopicForm::TopicForm(ProjectSession& session, const ModelControlHelper::TopicRequest& request)
     : Form("TopicForm") {
     SetCaption("Choose a Topic");
+    Move(0, 0, kWidth, kHeight);
     lblTopic = Controls.Make<Label>("lblTopic");
     lblTopic->SetWordWrap(true);
     lblTopic->SetCaption("Each item of the project has a topic of its name.");

@@ -36,7 +36,8 @@ protected:
         painter.setRenderHint(QPainter::Antialiasing);
         const auto& cells = mHexagon->GetCells();
         for (const auto& cell : cells) {
-            painter.setPen(QPen(palette().color(QPalette::Window), 1));
+            // A line that shows the cells of the ground's own colour too.
+            painter.setPen(QPen(palette().color(QPalette::Mid), 1));
             painter.setBrush(ToQColor(cell.Color));
             painter.drawPolygon(PolygonOf(cell));
         }
@@ -158,8 +159,7 @@ protected:
         painter.setPen(palette().color(QPalette::Mid));
         painter.setBrush(ground);
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
-        // The one of black and white that stands out more.
-        painter.setPen(qGray(ground.rgb()) > 140 ? Qt::black : Qt::white);
+        painter.setPen(TextColourOn(ground));
         painter.drawText(rect(), Qt::AlignCenter, ToQString(mSwatch->GetCaption()));
     }
 
@@ -190,6 +190,17 @@ private:
 QColor ToQColor(std::int32_t colour) {
     const auto parts = WebColours::ToComponents(colour);
     return QColor(parts.Red, parts.Green, parts.Blue);
+}
+
+QColor TextColourOn(const QColor& ground) {
+    const auto linear = [](double part) {
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    const double luminance = 0.2126 * linear(ground.redF()) + 0.7152 * linear(ground.greenF()) +
+                             0.0722 * linear(ground.blueF());
+    // Here the contrasts with black and with white are the same.
+    constexpr double kMiddle = 0.179;
+    return luminance > kMiddle ? Qt::black : Qt::white;
 }
 
 QIcon SwatchIcon(const QColor& colour, const QPalette& palette, int size) {

@@ -112,8 +112,7 @@ void DockView::Rebuild() {
 QToolBar* DockView::MakeToolbar(const DockToolbar& toolbar) {
     auto* bar = new QToolBar(ToQString(toolbar.GetName()), mBars);
     bar->setMovable(false);
-    const int size = Icons::SizeBeside(fontMetrics().height());
-    bar->setIconSize(QSize(size, size));
+    Icons::SizeWithText(*bar);
     bar->setToolButtonStyle(ButtonStyle(mDock->GetToolbarStyle()));
     bar->setAccessibleName(ToQString(toolbar.GetName()));
     for (const auto& control : toolbar)

@@ -4,6 +4,7 @@
 #include "platform/qt/Conversions.h"
 #include "platform/qt/Icons.h"
 
+#include <QDialog>
 #include <QLabel>
 #include <QPainter>
 #include <QPainterPath>
@@ -54,6 +55,7 @@ public:
         const int rows = std::max(1, static_cast<int>(item.GetHeight()));
         setMinimumHeight(std::max(height, fontMetrics().height() * rows + 8));
         mWraps = rows > 1;
+        if (mWraps) setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Minimum);
         setMinimumWidth(64);
         setMouseTracking(true);
         QFont bold = font();
@@ -213,7 +215,9 @@ void ExplorerBarView::Rebuild() {
     if (QWidget* before = takeWidget()) before->deleteLater();
     mContent = new QWidget;
     auto* column = new QVBoxLayout(mContent);
-    column->setContentsMargins(8, 8, 8, 8);
+    // A dialog has room around all that stands in it.
+    const int margin = qobject_cast<QDialog*>(window()) ? 0 : 8;
+    column->setContentsMargins(margin, margin, margin, margin);
     column->setSpacing(8);
     // A narrow bar shortens its lines instead of hiding their ends.
     column->setSizeConstraint(QLayout::SetNoConstraint);

@@ -30,12 +30,16 @@ FormView::FormView(ViewFactory& factory, Form& form, QWidget* parent)
     FitWanted();
 }
 
-// A form that says its size gets it, larger for larger text, and never less than it needs.
+// A form that says its size gets it, larger for larger text, but no larger than the window that it
+// belongs to, and never less than it needs.
 void FormView::FitWanted() {
-    const QVariant scale = qApp->property(Theme::kTextScaleProperty);
-    const int percent = scale.isValid() ? scale.toInt() : 100;
-    const QSize wanted = QSize(mForm->GetWidth(), mForm->GetHeight()) * percent / 100;
-    if (!wanted.isEmpty()) resize(wanted.expandedTo(minimumSizeHint()));
+    QSize wanted(Theme::Scaled(mForm->GetWidth()), Theme::Scaled(mForm->GetHeight()));
+    if (wanted.isEmpty()) return;
+    const QWidget* lowest = this;
+    while (lowest->parentWidget())
+        lowest = lowest->parentWidget();
+    if (lowest != this) wanted = wanted.boundedTo(lowest->size());
+    resize(wanted.expandedTo(minimumSizeHint()));
 }
 
 void FormView::InstallRunner(ViewFactory& factory) {

@@ -4,7 +4,9 @@
 #include "platform/qt/Conversions.h"
 #include "platform/qt/ThemedIconEngine.h"
 
+#include <QEvent>
 #include <QHash>
+#include <QToolBar>
 
 namespace paperkite {
 
@@ -87,7 +89,30 @@ QIcon Icons::ByName(const std::string& name) {
 }
 
 int Icons::SizeBeside(int textHeight) {
-    return textHeight < 22 ? 16 : textHeight < 30 ? 24 : 32;
+    return textHeight < 20 ? 16 : textHeight < 30 ? 24 : 32;
+}
+
+void Icons::SizeWithText(QToolBar& bar) {
+    class Sizer : public QObject {
+    public:
+        explicit Sizer(QToolBar& sized) : QObject(&sized), mBar(sized) {}
+        void Fit() {
+            const int size = SizeBeside(mBar.fontMetrics().height());
+            mBar.setIconSize(QSize(size, size));
+        }
+
+    protected:
+        bool eventFilter(QObject* watched, QEvent* event) override {
+            if (event->type() == QEvent::FontChange) Fit();
+            return QObject::eventFilter(watched, event);
+        }
+
+    private:
+        QToolBar& mBar;
+    };
+    auto* sizer = new Sizer(bar);
+    bar.installEventFilter(sizer);
+    sizer->Fit();
 }
 
 QIcon Icons::Of(const Picture& picture) {

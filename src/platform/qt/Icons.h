@@ -7,6 +7,8 @@
 
 #include <string>
 
+class QToolBar;
+
 namespace paperkite {
 
 /// Icons of the Breeze theme, by the names of commands, image keys and pictures.
@@ -26,6 +28,8 @@ public:
     static QIcon Of(const Picture& picture);
     /// The size, in pixels, at which pictures in files are sharp, for text of that height.
     static int SizeBeside(int textHeight);
+    /// Gives a bar icons of that size, now and whenever its letters change.
+    static void SizeWithText(QToolBar& bar);
 
     /// The picture that the list has under the key; without one, the icon by the key's name.
     static QIcon InList(const Ref<ImageList>& list, const std::string& key);

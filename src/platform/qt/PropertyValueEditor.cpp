@@ -56,6 +56,8 @@ PropertyValueEditor::PropertyValueEditor(const PropertyItem& row, const QString&
         MakeButton("document-open", tr("Locate file (F4)"));
     if (mType == PropertyValueType::Color)
         mSwatch = mField->addAction(QIcon(), QLineEdit::LeadingPosition);
+    // The text stays where it stood before the edit.
+    if (!mSwatch) mField->setTextMargins(4, 0, 0, 0);
     mWarning = mField->addAction(QIcon(), QLineEdit::TrailingPosition);
     mField->setText(text);
     mField->selectAll();

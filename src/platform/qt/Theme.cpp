@@ -63,6 +63,11 @@ void Theme::SetTextScale(int percent) {
     mApplication.setFont(font);
 }
 
+int Theme::Scaled(int length) {
+    const QVariant scale = qApp->property(kTextScaleProperty);
+    return scale.isValid() ? length * scale.toInt() / 100 : length;
+}
+
 QPalette Theme::PaletteOf(bool dark) {
     const Colours& colours = dark ? kDark : kLight;
     QPalette palette(QColor(QLatin1String(colours.Button)), QColor(QLatin1String(colours.Window)));

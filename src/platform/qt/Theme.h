@@ -40,6 +40,8 @@ public:
     void SetTextScale(int percent);
     /// The application's property with that number, for what is not drawn in its font.
     static constexpr const char* kTextScaleProperty = "paperkiteTextScale";
+    /// A length of 100 per cent, in pixels, at the text size of the application.
+    static int Scaled(int length);
 
     static QPalette PaletteOf(bool dark);
 

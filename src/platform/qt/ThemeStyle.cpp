@@ -13,6 +13,9 @@ namespace paperkite {
 
 namespace {
 
+/// Between the texts of two rows of a list, in pixels.
+constexpr int kRowGap = 6;
+
 void DrawToolButton(const QStyleOption& option, QPainter& painter) {
     const bool on = option.state & (QStyle::State_On | QStyle::State_Sunken);
     const bool hover =
@@ -157,10 +160,25 @@ int ThemeStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
     case PM_ExclusiveIndicatorHeight:
         return std::max(native, text * 14 / 17);
     case PM_ButtonIconSize:
-        return std::max(native, text);
+    case PM_SmallIconSize:
+    case PM_LineEditIconSize:
+        return std::max(native, text * 16 / 17);
     default:
         return native;
     }
+}
+
+QSize ThemeStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
+                                   const QSize& contents, const QWidget* widget) const {
+    QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+    if (type == CT_ItemViewItem)
+        size.setHeight(std::max(size.height(), option->fontMetrics.height() + kRowGap));
+    const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+    if (type != CT_PushButton || !button || button->text.isEmpty()) return size;
+    // Fusion's own room around a caption is that of small letters.
+    const int text = button->fontMetrics.height();
+    size.setWidth(std::max({size.width(), contents.width() + text, 5 * text}));
+    return size;
 }
 
 } // namespace paperkite

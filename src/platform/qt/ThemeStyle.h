@@ -6,6 +6,7 @@ namespace paperkite {
 
 /// Fusion, with the few parts drawn otherwise that it leaves hard to see: the state and the focus
 /// of tool buttons, the edges of boxes to tick in the dark scheme, and plain lines as splitters.
+/// What stands beside or around text grows with it.
 class ThemeStyle : public QProxyStyle {
 public:
     ThemeStyle();
@@ -18,6 +19,8 @@ public:
                        const QWidget* widget) const override;
     int pixelMetric(PixelMetric metric, const QStyleOption* option,
                     const QWidget* widget) const override;
+    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                           const QWidget* widget) const override;
 };
 
 } // namespace paperkite

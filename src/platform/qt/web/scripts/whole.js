@@ -7,7 +7,7 @@ body { outline: none; min-height: calc(100vh - 16px); cursor: text; overflow-wra
 span[id^="metaspan"] { color: var(--kite-text) !important; cursor: default;
     background-color: var(--kite-tint) !important;
     box-shadow: 0 0 0 1px var(--kite-highlight); border-radius: 2px; padding: 0 3px;
-    margin: 0 1px; display: inline-block; max-width: 100%; }
+    margin: 2px 1px; line-height: 1.3; display: inline-block; max-width: 100%; }
 table:not([border]) td, table:not([border]) th { outline: 1px dotted var(--kite-lines); }
 `;
 
