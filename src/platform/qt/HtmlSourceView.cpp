@@ -7,7 +7,6 @@
 #include <QHash>
 #include <QScopedValueRollback>
 #include <QTextBlock>
-#include <QTextDocumentFragment>
 
 namespace paperkite {
 
@@ -53,13 +52,12 @@ void HtmlSourceView::Report() {
 
 void HtmlSourceView::ReportCommands() {
     if (mLoading || mEdit->GetView() != HtmlView::Source) return;
-    const QTextCursor cursor = mArea->textCursor();
+    // In the middle of a change the text cannot be read.
     std::vector<std::string> enabled{"paste", "selectall"};
     if (mArea->document()->isUndoAvailable()) enabled.emplace_back("undo");
     if (mArea->document()->isRedoAvailable()) enabled.emplace_back("redo");
-    if (cursor.hasSelection()) enabled.insert(enabled.end(), {"cut", "copy"});
-    mEdit->UserSelection(FromQString(cursor.selection().toPlainText()), {}, std::move(enabled), {},
-                         {}, {});
+    if (mArea->textCursor().hasSelection()) enabled.insert(enabled.end(), {"cut", "copy"});
+    mEdit->UserSelection({}, {}, std::move(enabled), {}, {}, {});
 }
 
 void HtmlSourceView::ShowMark() {
