@@ -35,6 +35,14 @@ TEST(TidyFormatterTest, TidyingAgainLeavesLinesBehindCommentsWhereTheyAre) {
     EXPECT_EQ(Tidied(once), once);
 }
 
+TEST(TidyFormatterTest, WhatWouldGrowWithEachTimeComesBackAsItWas) {
+    const std::string html = "<html><head></head><body><odd><!-- x --><textarea>a</textarea></odd>"
+                             "</body></html>";
+    const std::string once = Tidied(html, false);
+    EXPECT_EQ(once, html);
+    EXPECT_EQ(Tidied(once, false), once);
+}
+
 TEST(TidyFormatterTest, LongLinesAreNotBroken) {
     std::string words;
     for (int count = 0; count < 200; ++count)

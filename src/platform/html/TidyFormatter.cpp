@@ -208,17 +208,27 @@ public:
         const HtmlContent before(html);
         const auto newTags = NewTags(before);
         if (!newTags) return html;
+        auto tidied = Tidied(html, before, *newTags, bodyOnly);
+        // Around tags that it does not know Tidy may add a line each time.
+        if (tidied && !newTags->empty() &&
+            Tidied(*tidied, before, *newTags, bodyOnly).value_or("") != *tidied)
+            return html;
+        if (!tidied || !before.IsKeptBy(HtmlContent(*tidied))) return html;
+        return bodyOnly ? *tidied : DocumentTypeOf(html) + *tidied;
+    }
+
+private:
+    static std::optional<std::string> Tidied(const std::string& html, const HtmlContent& content,
+                                             const std::string& newTags, bool bodyOnly) {
         TidyRun run;
         run.Set("show-body-only", bodyOnly ? "yes" : "no");
-        if (!newTags->empty()) run.Set("new-inline-tags", newTags->c_str());
+        if (!newTags.empty()) run.Set("new-inline-tags", newTags.c_str());
         const std::string guarded = WithGuards(html);
         auto tidied = run.Run(guarded);
-        if (!tidied) return html;
+        if (!tidied) return {};
         if (guarded.size() > html.size()) *tidied = ReplaceAll(*tidied, kGuard, "");
-        if (before.CountOf("title") == 0) RemoveOwnTitle(*tidied);
-        *tidied = WithEvenLinesBehindComments(*tidied);
-        if (!before.IsKeptBy(HtmlContent(*tidied))) return html;
-        return bodyOnly ? *tidied : DocumentTypeOf(html) + *tidied;
+        if (content.CountOf("title") == 0) RemoveOwnTitle(*tidied);
+        return WithEvenLinesBehindComments(*tidied);
     }
 };
 
