@@ -1,5 +1,6 @@
 #include "host/LayoutFile.h"
 
+#include "foundation/Text.h"
 #include "model/SafeFile.h"
 
 #include <fcntl.h>
@@ -8,6 +9,12 @@
 #include <filesystem>
 
 namespace paperkite {
+
+namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+} // namespace
 
 LayoutFile::LayoutFile(Ref<PageTemplateDocument> owner, Ref<PageLayout> layout)
     : mTemplate(std::move(owner)), mLayout(std::move(layout)) {}
@@ -20,12 +27,20 @@ bool LayoutFile::IsWritable() const {
     return may(GetPath()) && may(folder);
 }
 
+// Line ends of both kinds are left as they are.
 void LayoutFile::Take(const std::string& bytes) {
     mBytes = bytes;
-    const LayoutEnvelope envelope(bytes);
-    mPrologue = envelope.GetPrologue();
-    mRoot = envelope.GetRoot();
-    mEpilogue = envelope.GetEpilogue();
+    mHasMark = bytes.starts_with(kByteOrderMark);
+    mText = bytes.substr(mHasMark ? kByteOrderMark.size() : 0);
+    const std::string shortened = ReplaceAll(mText, "\r\n", "\n");
+    mHasLongLineEnds =
+        shortened.size() < mText.size() && ReplaceAll(shortened, "\n", "\r\n") == mText;
+    if (mHasLongLineEnds) mText = shortened;
+}
+
+std::string LayoutFile::BytesOf(const std::string& text) const {
+    return (mHasMark ? std::string(kByteOrderMark) : std::string()) +
+           (mHasLongLineEnds ? ReplaceAll(ReplaceAll(text, "\r\n", "\n"), "\n", "\r\n") : text);
 }
 
 std::optional<FileProblem> LayoutFile::Read() {
@@ -35,30 +50,29 @@ std::optional<FileProblem> LayoutFile::Read() {
     return {};
 }
 
-std::string LayoutFile::With(const std::string& text) const {
-    return mPrologue + text + mEpilogue;
+bool LayoutFile::IsAsRead() const {
+    std::string present;
+    return mTemplate->ReadLayout(*mLayout, present) || present == mBytes;
 }
 
 std::optional<FileProblem> LayoutFile::Write(const std::string& text, Others others) {
-    std::string present;
-    const bool isThere = !mTemplate->ReadLayout(*mLayout, present);
-    if (others == Others::Keep && isThere && present != mBytes)
+    if (others == Others::Keep && !IsAsRead())
         return FileProblem{FileProblem::ReasonCode::ChangedOnDisk,
                            GetPath(),
                            0,
                            0,
                            "Somebody else changed this layout since it was opened.",
                            "Replace it, or save a copy and put both together."};
-    const std::string bytes = With(text);
+    const std::string bytes = BytesOf(text);
     if (auto problem = mTemplate->WriteLayout(*mLayout, bytes)) return problem;
     mBytes = bytes;
-    mRoot = text;
+    mText = text;
     return {};
 }
 
 std::optional<FileProblem> LayoutFile::WriteCopy(const std::string& text,
                                                  const std::string& path) const {
-    return SafeFile::Write(path, With(text));
+    return SafeFile::Write(path, BytesOf(text));
 }
 
 } // namespace paperkite

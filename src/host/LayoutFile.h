@@ -1,15 +1,14 @@
 #pragma once
 
 #include "model/PageTemplateDocument.h"
-#include "pagelayout/LayoutEnvelope.h"
 
 #include <optional>
 #include <string>
 
 namespace paperkite {
 
-/// The file of a layout that is being edited. What stands in front of the root element and
-/// behind it is kept apart and written back byte for byte.
+/// The file of a layout that is being edited. A byte order mark and line ends of two characters
+/// are no part of the text, and are in the file again when it is written.
 class LayoutFile {
 public:
     LayoutFile(Ref<PageTemplateDocument> owner, Ref<PageLayout> layout);
@@ -22,10 +21,10 @@ public:
 
     /// Reads the file; the text that was read before stays where that fails.
     std::optional<FileProblem> Read();
-    /// What is edited: the root element.
-    const std::string& GetText() const { return mRoot; }
-    /// The whole file with that text.
-    std::string With(const std::string& text) const;
+    /// What is edited.
+    const std::string& GetText() const { return mText; }
+    /// False where the file is not any more what was read or written last.
+    bool IsAsRead() const;
 
     enum class Others { Keep, Replace };
     /// Writes safely. A file that somebody else changed since it was read is a problem of the
@@ -36,13 +35,14 @@ public:
 
 private:
     void Take(const std::string& bytes);
+    std::string BytesOf(const std::string& text) const;
 
     Ref<PageTemplateDocument> mTemplate;
     Ref<PageLayout> mLayout;
     std::string mBytes;
-    std::string mPrologue;
-    std::string mRoot;
-    std::string mEpilogue;
+    std::string mText;
+    bool mHasMark = false;
+    bool mHasLongLineEnds = false;
 };
 
 } // namespace paperkite

@@ -18,6 +18,8 @@ namespace paperkite {
 /// Needs the service CreateParserTemplate, error 429 without. Takes linear time.
 class LayoutEnvelope {
 public:
+    /// Nothing around nothing.
+    LayoutEnvelope() = default;
     /// A text without a root element is cut at its first tag or at the first text that shows.
     /// Nothing is cut off behind a root whose end tag is missing, or has text behind it; the line
     /// break behind the end tag, and white space alone, belong to the root.

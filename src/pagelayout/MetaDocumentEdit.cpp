@@ -3,7 +3,6 @@
 #include "foundation/ScopeExit.h"
 #include "foundation/Services.h"
 #include "foundation/Text.h"
-#include "pagelayout/ParsedLayout.h"
 
 namespace paperkite {
 
@@ -12,10 +11,6 @@ namespace {
 constexpr int kNormalView = 0;
 constexpr int kSourceView = 1;
 constexpr int kPreviewView = 2;
-/// Begins what stands in the editor for an element that is not shown as a span; its number follows.
-constexpr const char* kExcluded = "!--kiteelement";
-/// Of a number; a longer one is none of ours.
-constexpr std::size_t kMostDigits = 10;
 constexpr const char* kBaseURL = "BaseURL";
 constexpr const char* kContextMenu = "mnuContext";
 constexpr const char* kMetaContextMenu = "mnuMetaContext";
@@ -104,6 +99,12 @@ void MetaDocumentEdit::zConnect() {
     keep(dedDocument->Events.CommandClick.Connect(
         [this](const auto& name, bool& ignore) { dedDocument_CommandClick(name, ignore); }));
     keep(dedDocument->Events.ToolsRefreshed.Connect([this] { zUpdateCommands(); }));
+    keep(dedDocument->Events.PartCopied.Connect(
+        [this](const auto& key, const auto& html) { dedDocument_PartCopied(key, html); }));
+    keep(dedDocument->Events.PartPasted.Connect(
+        [this](const auto& key, const auto& html, bool& isHandled) {
+            dedDocument_PartPasted(key, html, isHandled);
+        }));
     keep(dedDocument->Events.ElementEvent.Connect(
         [this](int id, const auto& info, bool& cancelDefault) {
             dedDocument_ElementEvent(id, info, cancelDefault);
@@ -181,8 +182,9 @@ std::string MetaDocumentEdit::GetDocumentHTML() {
     return Procedure<std::string>(*this, "DocumentHTML", [&](std::string& result, Frame&) {
         dedDocument->CommitEdit();
         const std::string text = dedDocument->GetDocumentHTML();
-        result =
-            iView == kSourceView ? text : ConvertSpanDocumentToMetaDocument(zShowExcluded(text));
+        result = iView == kSourceView
+                     ? text
+                     : mEnvelope.Around(ConvertSpanDocumentToMetaDocument(zFromEditor(text)));
     });
 }
 
@@ -195,59 +197,15 @@ bool MetaDocumentEdit::SetDocumentHTML(const std::string& value) {
     });
 }
 
-std::string MetaDocumentEdit::zHideExcluded(const std::string& spans) {
-    mExcludedMark = kExcluded;
-    // A layout may hold such a comment of its own.
-    while (spans.find(mExcludedMark) != std::string::npos)
-        mExcludedMark += 'x';
-    if (!mSpanProvider || mSpanProvider->ExcludedElements.Count() == 0) return spans;
-    std::vector<std::size_t> numbers;
-    for (std::size_t number = 1; number <= mSpanProvider->Elements.Count(); ++number)
-        if (mSpanProvider->ExcludedElements.Contains(std::to_string(number)))
-            numbers.push_back(number);
-    std::string text;
-    std::size_t next = 0;
-    const auto parsed = ParsedLayout(spans);
-    for (const auto& piece : parsed->GetSections()->Item(std::size_t{1})->Elements) {
-        if (piece->ElementType != kParserTagElement)
-            text += piece->Text;
-        else if (next < numbers.size())
-            text += "<" + mExcludedMark + std::to_string(numbers[next++]) + "-->";
-        else
-            return spans;
-    }
-    return next == numbers.size() ? text : spans;
-}
-
-std::string MetaDocumentEdit::zShowExcluded(const std::string& text) const {
-    std::string shown;
-    std::size_t from = 0;
-    if (!mSpanProvider || mSpanProvider->ExcludedElements.Count() == 0) return text;
-    for (std::size_t at = text.find(mExcludedMark); at != std::string::npos;
-         at = text.find(mExcludedMark, at + 1)) {
-        // In a title a comment is text.
-        const bool isText = text.compare(at < 4 ? 0 : at - 4, 4, "&lt;") == 0;
-        const std::string_view close = isText ? "--&gt;" : "-->";
-        if (at == 0 || (!isText && text[at - 1] != '<')) continue;
-        const std::size_t digits = at + mExcludedMark.size();
-        const std::size_t end = text.find(close, digits);
-        if (end == std::string::npos) break;
-        const std::string number = text.substr(digits, std::min(end - digits, kMostDigits));
-        if (!mSpanProvider->ExcludedElements.Contains(number)) continue;
-        shown.append(text, from, at - (isText ? 4 : 1) - from)
-            .append(mSpanProvider->Elements.Item(std::stoul(number))->GetSourceText());
-        from = end + close.size();
-    }
-    return shown.append(text, from);
-}
-
 bool MetaDocumentEdit::zShow(const std::string& html) {
-    const SpanDocument made = MakeSpanDocument(html);
+    LayoutEnvelope envelope;
+    const SpanDocument made = MakeSpanDocument(html, &envelope);
     if (!made.Parser) return false;
     const SpanDocument old{{}, mParserTemplate, mSpanProvider};
     const Ref<HTMLDocument> document = dedDocument->GetDocument();
     const bool isSource = dedDocument->GetView() == HtmlView::Source;
     const std::string oldMark = mExcludedMark;
+    const LayoutEnvelope oldEnvelope = std::exchange(mEnvelope, std::move(envelope));
     mParserTemplate = made.Parser;
     mSpanProvider = made.Provider;
     // The spans of a document mean nothing without those that made them.
@@ -259,9 +217,11 @@ bool MetaDocumentEdit::zShow(const std::string& html) {
             mParserTemplate = old.Parser;
             mSpanProvider = old.Provider;
             mExcludedMark = oldMark;
+            mEnvelope = oldEnvelope;
         }
     });
-    dedDocument->SetDocumentHTML(isSource ? html : zHideExcluded(made.Text));
+    if (!isSource) RaiseIfSpanIsForeign(*made.Parser);
+    dedDocument->SetDocumentHTML(isSource ? html : zForEditor(made.Text));
     return true;
 }
 

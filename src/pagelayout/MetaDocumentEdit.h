@@ -7,6 +7,7 @@
 #include "foundation/Procedure.h"
 #include "foundation/PropertyBag.h"
 #include "foundation/Theme.h"
+#include "pagelayout/LayoutEnvelope.h"
 #include "pagelayout/SpanProvider.h"
 #include "widgets/Container.h"
 #include "widgets/DockHost.h"
@@ -169,8 +170,15 @@ private:
     /// False where it was told that this cannot be; what is shown is as it was then.
     bool zShow(const std::string& html);
     int zActiveView() const;
-    /// A span document for the editor, and back: no document would leave the elements that stay as
-    /// they are where they stand, so that bare comments stand for them meanwhile.
+    /// A span document for the editor, and back.
+    std::string zForEditor(const std::string& spans);
+    std::string zFromEditor(const std::string& text) const;
+    /// What a span shows waits in an attribute where it holds tags: a parser may not leave them in
+    /// the span.
+    std::string zWithInnerAside(const std::string& text) const;
+    std::string zWithInnerBack(const std::string& text) const;
+    /// No document would leave the elements that stay as they are where they stand, so that bare
+    /// comments stand for them meanwhile.
     std::string zHideExcluded(const std::string& spans);
     std::string zShowExcluded(const std::string& text) const;
     /// The text of the editor as a layout, for another view; false where it cannot be converted.
@@ -183,6 +191,12 @@ private:
     void zDoubleClick(const Ref<HTMLElement>& source, bool& CancelDefault);
     void zContextMenu(const HtmlElementEvent& info, bool& CancelDefault);
 
+    void dedDocument_PartCopied(const std::string& Key, const std::string& HTML);
+    void dedDocument_PartPasted(const std::string& Key, const std::string& HTML, bool& Handled);
+    /// A part of another layout, its elements added to those of this one; tells how many of them
+    /// nobody knows any more.
+    std::string zWithOwnSpans(const std::string& key, const std::string& html, std::size_t& lost);
+    static void RaiseIfSpanIsForeign(ParserTemplate& layout);
     void dedDocument_CommandClick(const std::string& CommandName, bool& Ignore);
     /// An element as it was before it was edited.
     struct ElementStep {
@@ -204,8 +218,8 @@ private:
         Ref<ParserTemplate> Parser;
         Ref<SpanProvider> Provider;
     };
-    /// One without a parser after a failure.
-    SpanDocument MakeSpanDocument(const std::string& HTML);
+    /// One without a parser after a failure. With an envelope the root alone is converted.
+    SpanDocument MakeSpanDocument(const std::string& HTML, LayoutEnvelope* envelope = nullptr);
     Ref<ParserTemplate> CreateParserTemplate(const std::string& HTML);
     static void FindExcludedElements(ParserTemplate& layout, SpanProvider& provider);
     std::string KeepUntouchedSpans(const std::string& html, KeptElements& kept) const;
@@ -237,6 +251,8 @@ private:
     std::vector<ElementStep> mUndoneElementSteps;
     /// What begins the comments that stand for elements in the editor.
     std::string mExcludedMark;
+    /// What stands around the root of the present layout.
+    LayoutEnvelope mEnvelope;
     std::vector<Connection> mConnections;
 };
 

@@ -59,6 +59,12 @@ std::set<std::size_t> NumbersOfSpans(const std::string& html) {
     return numbers;
 }
 
+/// Of a span at a position that says whose it is and shows nothing; 0 for anything else.
+std::size_t LengthOfEmptySpan(std::string_view html, std::size_t at, const std::string& span) {
+    const std::string empty = span.substr(0, span.find('>') + 1) + "</span>";
+    return html.substr(at).starts_with(empty) ? empty.size() : 0;
+}
+
 bool HoldsSpanBehindBody(const std::string& html) {
     const std::size_t end =
         std::min(LastIgnoringCase(html, "</body", 0), LastIgnoringCase(html, "</html", 0));
@@ -106,20 +112,26 @@ std::string MetaDocumentEdit::ConvertMetaDocumentToSpanDocument(const std::strin
     return made.Text;
 }
 
-MetaDocumentEdit::SpanDocument MetaDocumentEdit::MakeSpanDocument(const std::string& HTML) {
-    return Procedure<SpanDocument>(
-        *this, "ConvertMetaDocumentToSpanDocument", [&](SpanDocument& result, Frame& frame) {
-            Watch watchHTML(frame, "HTML", HTML);
-            const Ref<ParserTemplate> layout = CreateParserTemplate(HTML);
-            if (!layout) return;
-            const auto provider = MakeRef<SpanProvider>();
-            FindExcludedElements(*layout, *provider);
-            provider->OutputSpans = true;
-            layout->SetDataProvider(provider);
-            layout->SetUseProvidedText(true);
-            const std::string spans = layout->Parse();
-            result = {spans, layout, provider};
-        });
+MetaDocumentEdit::SpanDocument MetaDocumentEdit::MakeSpanDocument(const std::string& HTML,
+                                                                  LayoutEnvelope* envelope) {
+    return Procedure<SpanDocument>(*this, "ConvertMetaDocumentToSpanDocument",
+                                   [&](SpanDocument& result, Frame& frame) {
+                                       Watch watchHTML(frame, "HTML", HTML);
+                                       // What is wrong is told by its place in the whole text.
+                                       Ref<ParserTemplate> layout = CreateParserTemplate(HTML);
+                                       if (!layout) return;
+                                       if (envelope) {
+                                           *envelope = LayoutEnvelope(HTML);
+                                           layout = ParsedLayout(envelope->GetRoot());
+                                       }
+                                       const auto provider = MakeRef<SpanProvider>();
+                                       FindExcludedElements(*layout, *provider);
+                                       provider->OutputSpans = true;
+                                       layout->SetDataProvider(provider);
+                                       layout->SetUseProvidedText(true);
+                                       const std::string spans = layout->Parse();
+                                       result = {spans, layout, provider};
+                                   });
 }
 
 /// A span would not be shown, or would be pushed elsewhere, in front of the body and between the
@@ -184,7 +196,8 @@ std::string MetaDocumentEdit::KeepUntouchedSpans(const std::string& html,
         const ParserElement& element = *mSpanProvider->Elements.Item(number);
         const std::string span = ElementToSpan(element, number);
         // What its text holds of elements is hidden by now.
-        const std::size_t length = kept.LengthOf(html, at, span);
+        std::size_t length = kept.LengthOf(html, at, span);
+        if (length == 0) length = LengthOfEmptySpan(html, at, span);
         if (length == 0) continue;
         kept.Forget(std::string_view(html).substr(at, length));
         text.append(html, from, at - from).append(kept.KeepExpected(element.GetSourceText()));

@@ -1,6 +1,7 @@
 #include "pagelayout/frmEditMetaSpan.h"
 
 #include "foundation/Services.h"
+#include "pagelayout/ParsedLayout.h"
 #include "widgets/DialogButtons.h"
 
 namespace paperkite {
@@ -99,6 +100,17 @@ void frmEditMetaSpan::zWarn(const std::string& message) {
     Required(CurrentServices().MessageBox).Show(message, GetCaption(), MessageIcon::Warning);
 }
 
+// Tags in the text that belong to nothing would end the element or swallow what follows it.
+std::string frmEditMetaSpan::zTextProblem() const {
+    if (txtField->GetText().find("<!--KITEMETADATA") == std::string::npos) return {};
+    const auto parsed = ParsedLayout("<!--KITEMETADATA start type=\"x\"-->" + txtField->GetText() +
+                                     "<!--KITEMETADATA end-->");
+    const auto& pieces = parsed->GetSections()->Item(std::size_t{1})->Elements;
+    if (pieces.Count() == 1 && parsed->GetParseErrors().empty()) return {};
+    return "The text holds the tag of an element that is not complete, and would break the layout. "
+           "Give each start tag its end tag, or take the tag out.";
+}
+
 void frmEditMetaSpan::cmdOK_Click() {
     Procedure(*this, "cmdOK_Click", [&](Frame&) {
         if (IsAdd && !ctlBuilder->GetSelectedElement()) {
@@ -112,6 +124,11 @@ void frmEditMetaSpan::cmdOK_Click() {
                 Message = "The template does not say which attributes this element has. Choose "
                           "Cancel, and change it in the HTML view.";
             zWarn(Message);
+            return;
+        }
+        if (const std::string problem = zTextProblem(); !problem.empty()) {
+            zWarn(problem);
+            txtField->SetFocus();
             return;
         }
         Success = true;

@@ -65,6 +65,8 @@ private:
     void cmdCancel_Click();
     void ctlBuilder_SelectionChanged(const Ref<ElementDef>& Definition);
     void zSelectFirstRow();
+    /// Why the text cannot stand in an element; empty where it can.
+    std::string zTextProblem() const;
     void zWarn(const std::string& message);
 
     InstanceCount mInstanceCount{"frmEditMetaSpan", ComponentType::Form};

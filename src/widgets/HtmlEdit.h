@@ -278,6 +278,12 @@ public:
         Event<const std::string&, std::string&, bool&>
             InsertHyperLinkRequest;                     ///< SelectedText, Link, Cancel
         Event<const std::string&> SpellIgnoreWordAdded; ///< Word
+        /// With the scope Document: a part of the page was copied. Key of the page, HTML
+        Event<const std::string&, const std::string&> PartCopied;
+        /// A part of the page that the key names is to be put into this one. A handler that knows
+        /// what the spans in it mean puts it in itself and says so; otherwise it comes in as it is.
+        /// Key, HTML, Handled
+        Event<const std::string&, const std::string&, bool&> PartPasted;
     } Events;
 
     // What the view reports.
@@ -293,6 +299,8 @@ public:
     /// With the scope Document: something was typed that the document does not hold yet, and
     /// whether it can be taken back.
     void UserDocumentTouched(bool canUndo);
+    void UserPartCopied(const std::string& key, const std::string& html);
+    void UserPartPasted(const std::string& key, const std::string& html);
     /// The text of the source view as the author left it.
     void UserSourceChanged(const std::string& text, bool canUndo);
     /// The author stands in that element now, or pointed at it.

@@ -52,6 +52,17 @@ void HtmlEdit::UserDocumentTouched(bool canUndo) {
     Events.Change.Raise();
 }
 
+void HtmlEdit::UserPartCopied(const std::string& key, const std::string& html) {
+    if (!mTerminated && mScope == HtmlEditScope::Document) Events.PartCopied.Raise(key, html);
+}
+
+void HtmlEdit::UserPartPasted(const std::string& key, const std::string& html) {
+    if (mTerminated || mScope != HtmlEditScope::Document || mView != HtmlView::Normal) return;
+    bool isHandled = false;
+    Events.PartPasted.Raise(key, html, isHandled);
+    if (!isHandled) SetSelectedHTML(html);
+}
+
 void HtmlEdit::UserSourceChanged(const std::string& text, bool canUndo) {
     if (mTerminated || !IsText() || mText == text) return;
     mText = text;

@@ -10,9 +10,10 @@
 namespace paperkite::test {
 namespace {
 
-const std::string kPrologue = "\xEF\xBB\xBF<!DOCTYPE html>\r\n<!-- ours -->\n\n  ";
-const std::string kRoot = "<html><body><p>old</p></body></html>\n";
-const std::string kNew = "<html><body><p>new</p></body></html>\n";
+const std::string kMark = "\xEF\xBB\xBF";
+const std::string kOld =
+    "<!DOCTYPE html>\r\n<!-- ours -->\n\n<html><body><p>old</p></body></html>\n";
+const std::string kNew = "<html>\n<body><p>new</p></body></html>\n";
 
 class LayoutFileTest : public testing::Test {
 protected:
@@ -21,7 +22,7 @@ protected:
         mTemplate->Folder = mFolder / "template";
         mLayout->Name = "Class";
         mLayout->FileName = "class.html";
-        mFolder.Write(kFile, kPrologue + kRoot);
+        mFolder.Write(kFile, kMark + kOld);
     }
 
     std::string OnDisk() const { return mFolder.Read(kFile); }
@@ -51,41 +52,46 @@ protected:
     LayoutFile mFile{mTemplate, mLayout};
 };
 
-TEST_F(LayoutFileTest, GivesTheRootAndKeepsWhatStandsInFront) {
+TEST_F(LayoutFileTest, GivesTheTextWithoutItsByteOrderMark) {
     EXPECT_EQ(mFile.GetPath(), Path());
     EXPECT_EQ(mFile.GetTemplate(), mTemplate);
     EXPECT_EQ(mFile.GetLayout(), mLayout);
     EXPECT_EQ(Reason(mFile.Read()), "none");
-    EXPECT_EQ(mFile.GetText(), kRoot);
-    EXPECT_EQ(mFile.With(kNew), kPrologue + kNew);
+    EXPECT_EQ(mFile.GetText(), kOld);
+    EXPECT_TRUE(mFile.IsAsRead());
+    mFolder.Write(kFile, kOld);
+    EXPECT_FALSE(mFile.IsAsRead());
 }
 
-TEST_F(LayoutFileTest, WritesThePrologueBackByteForByte) {
+TEST_F(LayoutFileTest, LineEndsOfTwoCharactersComeBackAndMixedOnesAreLeftAlone) {
+    mFolder.Write(kFile, "<p>a</p>\r\n<p>b</p>\r\n");
+    mFile.Read();
+    EXPECT_EQ(mFile.GetText(), "<p>a</p>\n<p>b</p>\n");
+    EXPECT_EQ(Reason(mFile.Write("<p>c</p>\n<p>d</p>\r\n")), "none");
+    EXPECT_EQ(OnDisk(), "<p>c</p>\r\n<p>d</p>\r\n");
+    mFolder.Write(kFile, "<p>a</p>\r\n<p>b</p>\n");
+    mFile.Read();
+    EXPECT_EQ(mFile.GetText(), "<p>a</p>\r\n<p>b</p>\n");
+    EXPECT_EQ(Reason(mFile.Write(mFile.GetText())), "none");
+    EXPECT_EQ(OnDisk(), "<p>a</p>\r\n<p>b</p>\n");
+}
+
+TEST_F(LayoutFileTest, WritesTheMarkBack) {
     mFile.Read();
     EXPECT_EQ(Reason(mFile.Write(kNew)), "none");
-    EXPECT_EQ(OnDisk(), kPrologue + kNew);
+    EXPECT_EQ(OnDisk(), kMark + kNew);
     EXPECT_EQ(mFile.GetText(), kNew);
-    EXPECT_EQ(Reason(mFile.Write(kRoot)), "none") << "its own work is nobody else's";
-    EXPECT_EQ(OnDisk(), kPrologue + kRoot);
+    EXPECT_EQ(Reason(mFile.Write(kOld)), "none") << "its own work is nobody else's";
+    EXPECT_EQ(OnDisk(), kMark + kOld);
 }
 
 TEST_F(LayoutFileTest, WritingWhatWasReadChangesNoByte) {
     mFile.Read();
     EXPECT_EQ(Reason(mFile.Write(mFile.GetText())), "none");
-    EXPECT_EQ(OnDisk(), kPrologue + kRoot);
+    EXPECT_EQ(OnDisk(), kMark + kOld);
     LayoutFile again(mTemplate, mLayout);
     again.Read();
-    EXPECT_EQ(again.GetText(), kRoot);
-}
-
-TEST_F(LayoutFileTest, ElementsInFrontOfTheRootStayThere) {
-    const std::string first = "<!--KITEMETADATA start type=\"property\" name=\"name\"-->x"
-                              "<!--KITEMETADATA end-->\n";
-    mFolder.Write(kFile, first + kRoot);
-    mFile.Read();
-    EXPECT_EQ(mFile.GetText(), kRoot);
-    EXPECT_EQ(Reason(mFile.Write(kNew)), "none");
-    EXPECT_EQ(OnDisk(), first + kNew);
+    EXPECT_EQ(again.GetText(), kOld);
 }
 
 TEST_F(LayoutFileTest, AnEmptyFileIsAnEmptyText) {
@@ -101,28 +107,28 @@ TEST_F(LayoutFileTest, WhatSomebodyElseWroteIsNotReplacedUnlessWanted) {
     mFolder.Write(kFile, "theirs");
     EXPECT_EQ(Reason(mFile.Write(kNew)), "changed " + Path());
     EXPECT_EQ(OnDisk(), "theirs");
-    EXPECT_EQ(mFile.GetText(), kRoot);
+    EXPECT_EQ(mFile.GetText(), kOld);
     EXPECT_EQ(Reason(mFile.Write(kNew)), "changed " + Path()) << "asking again changes nothing";
     EXPECT_EQ(Reason(mFile.Write(kNew, LayoutFile::Others::Replace)), "none");
-    EXPECT_EQ(OnDisk(), kPrologue + kNew);
-    EXPECT_EQ(Reason(mFile.Write(kRoot)), "none");
+    EXPECT_EQ(OnDisk(), kMark + kNew);
+    EXPECT_EQ(Reason(mFile.Write(kOld)), "none");
 }
 
 TEST_F(LayoutFileTest, TheSameBytesAgainAreNoOthersWork) {
     mFile.Read();
-    mFolder.Write(kFile, kPrologue + kRoot);
+    mFolder.Write(kFile, kMark + kOld);
     EXPECT_EQ(Reason(mFile.Write(kNew)), "none");
-    EXPECT_EQ(OnDisk(), kPrologue + kNew);
+    EXPECT_EQ(OnDisk(), kMark + kNew);
 }
 
 TEST_F(LayoutFileTest, AFileThatIsNotThereIsAProblemAndTheTextStays) {
     mFile.Read();
     std::filesystem::remove(Path());
     EXPECT_EQ(Reason(mFile.Read()), "missing " + Path());
-    EXPECT_EQ(mFile.GetText(), kRoot);
+    EXPECT_EQ(mFile.GetText(), kOld);
     EXPECT_FALSE(mFile.IsWritable());
     EXPECT_EQ(Reason(mFile.Write(kNew)), "none") << "a file that went is made again";
-    EXPECT_EQ(OnDisk(), kPrologue + kNew);
+    EXPECT_EQ(OnDisk(), kMark + kNew);
 }
 
 TEST_F(LayoutFileTest, AFolderThatWentIsAProblemAndTheTextStays) {
@@ -131,8 +137,9 @@ TEST_F(LayoutFileTest, AFolderThatWentIsAProblemAndTheTextStays) {
     std::filesystem::remove_all(mTemplate->Folder);
     EXPECT_FALSE(mFile.IsWritable());
     EXPECT_TRUE(Reason(mFile.Write(kNew)).starts_with("cannot write "));
-    EXPECT_EQ(mFile.GetText(), kRoot);
-    EXPECT_EQ(mFile.With(kNew), kPrologue + kNew) << "so that a copy can be saved";
+    EXPECT_EQ(mFile.GetText(), kOld);
+    const std::string copy = mFolder / "copy.html";
+    EXPECT_EQ(Reason(mFile.WriteCopy(kNew, copy)), "none") << "a copy can be saved";
     EXPECT_FALSE(std::filesystem::exists(Path()));
 }
 
@@ -142,17 +149,17 @@ TEST_F(LayoutFileTest, AFolderInPlaceOfTheFileIsAProblem) {
     std::filesystem::create_directories(Path());
     EXPECT_EQ(Reason(mFile.Read()), "unreadable " + Path());
     EXPECT_TRUE(Reason(mFile.Write(kNew)).starts_with("cannot write "));
-    EXPECT_EQ(mFile.GetText(), kRoot);
+    EXPECT_EQ(mFile.GetText(), kOld);
     EXPECT_TRUE(std::filesystem::is_directory(Path()));
     EXPECT_EQ(mFolder.Names(), "template") << "no file of a half write is left";
 }
 
-TEST_F(LayoutFileTest, ACopyHasThePrologueAndLeavesTheFile) {
+TEST_F(LayoutFileTest, ACopyHasTheMarkAndLeavesTheFile) {
     mFile.Read();
     EXPECT_EQ(Reason(mFile.WriteCopy(kNew, mFolder / "copy.html")), "none");
-    EXPECT_EQ(mFolder.Read("copy.html"), kPrologue + kNew);
-    EXPECT_EQ(OnDisk(), kPrologue + kRoot);
-    EXPECT_EQ(mFile.GetText(), kRoot);
+    EXPECT_EQ(mFolder.Read("copy.html"), kMark + kNew);
+    EXPECT_EQ(OnDisk(), kMark + kOld);
+    EXPECT_EQ(mFile.GetText(), kOld);
     EXPECT_TRUE(
         Reason(mFile.WriteCopy(kNew, mFolder / "nowhere/copy.html")).starts_with("cannot write "));
     EXPECT_EQ(Reason(mFile.Write(kNew)), "none") << "the copy is not what is edited";

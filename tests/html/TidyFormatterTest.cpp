@@ -35,11 +35,11 @@ TEST(TidyFormatterTest, TidyingAgainLeavesLinesBehindCommentsWhereTheyAre) {
     EXPECT_EQ(Tidied(once), once);
 }
 
-TEST(TidyFormatterTest, WhatWouldGrowWithEachTimeComesBackAsItWas) {
+TEST(TidyFormatterTest, WhatAnotherTimeWouldChangeIsTidiedUntilItSettles) {
     const std::string html = "<html><head></head><body><odd><!-- x --><textarea>a</textarea></odd>"
                              "</body></html>";
     const std::string once = Tidied(html, false);
-    EXPECT_EQ(once, html);
+    EXPECT_NE(once.find("<odd><!-- x -->\n"), std::string::npos) << once;
     EXPECT_EQ(Tidied(once, false), once);
 }
 

@@ -1,8 +1,13 @@
 #include "journeys/LayoutTest.h"
 #include "platform/qt/CodeArea.h"
+#include "support/NarrowWorld.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QPlainTextEdit>
 #include <QTest>
+
+#include <filesystem>
 
 // A template author edits a page layout with its elements in sight.
 
@@ -30,7 +35,7 @@ protected:
     }
 };
 
-TEST_F(LayoutJourneyTest, AnElementIsAddedEditedDeletedAndBroughtBackAndTheFileSaysSo) {
+TEST_F(LayoutJourneyTest, AnElementIsAddedAndBroughtBackAndTheFileSaysSo) {
     OpenLayouts();
     ClickLayout("L:Modern/type.html");
     WaitForLayout();
@@ -49,7 +54,7 @@ TEST_F(LayoutJourneyTest, AnElementIsAddedEditedDeletedAndBroughtBackAndTheFileS
     Do("Save");
     EXPECT_FALSE(Window().isWindowModified());
     EXPECT_TRUE(OnDisk().starts_with(kPrologue + "<html>")) << OnDisk();
-    EXPECT_EQ(OnDisk(), kPrologue + Edit().GetDocumentHTML());
+    EXPECT_EQ(OnDisk(), Edit().GetDocumentHTML());
     EXPECT_NE(OnDisk().find(kName), std::string::npos);
 }
 
@@ -159,6 +164,15 @@ TEST_F(LayoutJourneyTest, AnElementIsEditedAndDeletedByItsMenuEntries) {
     });
     Do("EditElement");
     EXPECT_FALSE(Window().isWindowModified());
+    EXPECT_FALSE(Window().GetAction("undo")->isEnabled());
+    ASSERT_TRUE(ClickElement());
+    mDialogs.Expect([](QDialog& dialog) {
+        dialog.findChild<QPlainTextEdit*>()->setPlainText("mine");
+        dialog.accept();
+    });
+    Do("EditElement");
+    Do("undo");
+    EXPECT_TRUE(Waits("<p>Alpha " + kName + "</p>")) << Body();
     ASSERT_TRUE(ClickElement());
     Do("DeleteElement");
     EXPECT_TRUE(WaitUntil([&] { return Body().find("KITEMETADATA") == std::string::npos; }))
@@ -169,6 +183,93 @@ TEST_F(LayoutJourneyTest, AnElementIsEditedAndDeletedByItsMenuEntries) {
     EXPECT_TRUE(Waits("<p>Alpha " + kName + "</p>")) << Body();
     mDialogs.ExpectBox("Discard");
     Window().close();
+}
+
+TEST_F(LayoutJourneyTest, ALayoutThatCannotBeWrittenSaysSoAndKeepsTheWork) {
+    namespace fs = std::filesystem;
+    const fs::path folder = (mFolder / kTypeFile);
+    fs::permissions(mFolder / "", fs::perms(0755));
+    fs::permissions(folder.parent_path(), fs::perms(0555));
+    fs::permissions(folder, fs::perms(0444));
+    {
+        const OrdinaryUser user;
+        OpenLayouts();
+        ClickLayout("L:Modern/type.html");
+        WaitForLayout();
+        EXPECT_TRUE(Notice().starts_with("This layout cannot be written here.")) << Notice();
+        Do("ViewSource");
+        Do("ViewNormal");
+        WaitForLayout();
+        EXPECT_TRUE(Notice().starts_with("This layout cannot be written here.")) << Notice();
+        TypeIntoLayout("Mine ");
+        mDialogs.ExpectBox("OK");
+        EXPECT_FALSE(Window().Save());
+        EXPECT_TRUE(Window().isWindowModified());
+        EXPECT_EQ(Body(), "<p>Mine Alpha</p>");
+    }
+    fs::permissions(folder.parent_path(), fs::perms(0755));
+    fs::permissions(folder, fs::perms(0644));
+    EXPECT_TRUE(Window().Save());
+    EXPECT_NE(OnDisk().find("<p>Mine Alpha</p>"), std::string::npos);
+}
+
+TEST_F(LayoutJourneyTest, DiscardedWorkIsAskedForAgainWhileItIsStillThere) {
+    OpenLayouts();
+    ClickLayout("L:Modern/type.html");
+    WaitForLayout();
+    TypeIntoLayout("Mine ");
+    std::filesystem::remove(mFolder / "templates/modern/callable.html");
+    mDialogs.ExpectBox("Discard");
+    mDialogs.ExpectBox("OK");
+    ClickLayout("L:Modern/callable.html");
+    EXPECT_EQ(Body(), "<p>Mine Alpha</p>") << "the other one could not be read";
+    EXPECT_TRUE(Window().isWindowModified());
+    mDialogs.ExpectBox("Cancel");
+    EXPECT_FALSE(Window().close());
+    EXPECT_TRUE(Window().Save());
+    EXPECT_NE(OnDisk().find("<p>Mine Alpha</p>"), std::string::npos);
+}
+
+TEST_F(LayoutJourneyTest, AFileThatSomebodyElseChangedIsReadAgainWhereNothingWasWritten) {
+    OpenLayouts();
+    ClickLayout("L:Modern/type.html");
+    WaitForLayout();
+    WriteOnDisk(FileOf("<p>Theirs</p>"));
+    QEvent activated(QEvent::WindowActivate);
+    QApplication::sendEvent(&Window(), &activated);
+    WaitForLayout();
+    EXPECT_TRUE(Waits("<p>Theirs</p>")) << Body();
+    EXPECT_FALSE(Window().isWindowModified());
+    TypeIntoLayout("Mine ");
+    WriteOnDisk(FileOf("<p>Again</p>"));
+    QApplication::sendEvent(&Window(), &activated);
+    EXPECT_EQ(Body(), "<p>Mine Theirs</p>") << "the author's work is not replaced";
+    mDialogs.ExpectBox("Discard");
+    EXPECT_TRUE(Window().close());
+}
+
+TEST_F(LayoutJourneyTest, ABrokenTagIsToldInEveryView) {
+    const std::string broken = "<p><!--KITEMETADATA start type=\"name\"-->x</p>\n"
+                               "<p><!--KITEMETADATA end-->y<!--KITEMETADATA end--></p>";
+    OpenLayouts();
+    ClickLayout("L:Modern/type.html");
+    WaitForLayout();
+    Do("ViewSource");
+    auto* area = LayoutPage().GetSourceArea();
+    ASSERT_TRUE(area);
+    area->selectAll();
+    area->insertPlainText(QString::fromStdString("<!DOCTYPE html>\n<html><body>\n" + broken +
+                                                 broken + "</body></html>\n"));
+    ASSERT_TRUE(WaitUntil([&] { return !Notice().empty(); }));
+    const std::string told = Notice();
+    EXPECT_NE(told.find("mistakes.)"), std::string::npos) << told;
+    mDialogs.ExpectBox("OK");
+    mDialogs.ExpectBox("OK");
+    Do("ViewNormal");
+    WaitForLayout();
+    EXPECT_EQ(Notice(), told);
+    mDialogs.ExpectBox("Discard");
+    EXPECT_TRUE(Window().close());
 }
 
 } // namespace

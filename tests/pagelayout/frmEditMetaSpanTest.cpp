@@ -1,5 +1,7 @@
 #include "pagelayout/frmEditMetaSpan.h"
 
+#include "foundation/Services.h"
+#include "model/TemplateParser.h"
 #include "pagelayout/ElementBuilderFixture.h"
 
 namespace paperkite::test {
@@ -107,6 +109,24 @@ TEST_F(frmEditMetaSpanTest, AMissingValueKeepsTheDialogOpen) {
     });
     EXPECT_TRUE(mForm->GetSuccess());
     EXPECT_FALSE(mForm->GetVisible());
+}
+
+TEST_F(frmEditMetaSpanTest, ATextThatWouldBreakTheLayoutKeepsTheDialogOpen) {
+    const std::string tag = "<!--KITEMETADATA ";
+    CurrentServices().CreateParserTemplate = [] { return MakeRef<TemplateParser>(); };
+    Edit("comment", [&] {
+        Row("tag")->SetValue("##");
+        for (const std::string& text :
+             {"tail " + tag + "end--> x", tag + "start type=\"a\"-->x", tag + "start type=\"a\""}) {
+            mForm->SetText(text);
+            mForm->cmdOK->UserClick();
+            EXPECT_TRUE(mForm->GetVisible()) << text;
+            EXPECT_NE(Messages().find("would break the layout"), std::string::npos) << text;
+        }
+        mForm->SetText("a " + tag + "start type=\"a\"-->x" + tag + "end--> b");
+        mForm->cmdOK->UserClick();
+    });
+    EXPECT_TRUE(mForm->GetSuccess()) << "whole elements may stand in it";
 }
 
 TEST_F(frmEditMetaSpanTest, AnAddedElementLacksItsRequiredValuesUntilTheyAreFilledIn) {

@@ -233,5 +233,51 @@ TEST_F(LayoutEditingTest, TheSourceViewIsWrittenOnAndComesBackAsElements) {
     EXPECT_EQ(Body(), "<p>Alpha " + kName + "</p>");
 }
 
+TEST_F(LayoutEditingTest, WhatIsCopiedFromAnotherLayoutBringsItsElement) {
+    Open("<p>A " + kKind + " b</p>");
+    QTest::mouseClick(Input(), Qt::LeftButton, {}, QPoint(120, 26));
+    ASSERT_TRUE(WaitUntil([&] { return Current() == "metaspanstart1"; }));
+    int copied = 0;
+    const auto tie =
+        mEdit.dedDocument->Events.PartCopied.Connect([&](const auto&, const auto&) { ++copied; });
+    mEdit.dedDocument->ClickEditTool("copy");
+    ASSERT_TRUE(WaitUntil([&] { return copied == 1; }));
+    Open("<p>" + kName + " end</p>");
+    Focus();
+    QTest::keyClick(Input(), Qt::Key_End, Qt::ControlModifier);
+    mEdit.dedDocument->ClickEditTool("paste");
+    EXPECT_TRUE(WaitUntil([&] { return Body() == "<p>" + kName + " end" + kKind + "</p>"; }))
+        << Body();
+}
+
+TEST_F(LayoutEditingTest, BlocksInAnElementStayInItWhenTextIsTyped) {
+    const std::string element =
+        "<!--KITEMETADATA start type=\"if\"--><p>block</p><!--KITEMETADATA end-->";
+    Open("<p>" + element + "Alpha</p>");
+    EXPECT_EQ(Body(), "<p>" + element + "Alpha</p>");
+    Focus();
+    QTest::keyClick(Input(), Qt::Key_End, Qt::ControlModifier);
+    QTest::keyClicks(Input(), "x");
+    ASSERT_TRUE(WaitUntil([&] { return mEdit.GetDirty(); }));
+    EXPECT_EQ(Body(), "<p>" + element + "Alphax</p>");
+}
+
+TEST_F(LayoutEditingTest, InvisibleCharactersAndEmptyCodeOfTheLayoutStay) {
+    const std::string text = "long\u200Bword<code></code>";
+    Open("<p>" + text + "</p><p>" + kName + "</p>");
+    Focus();
+    mAuthor = [](frmEditMetaSpan& form) {
+        const auto& tree = form.ctlBuilder->tvwElements;
+        tree->UserClick(tree->Nodes.GetFirst()->GetChild());
+        form.ctlBuilder->prpProperties->Find("name")->SetValue("kind");
+        form.SetText("kind");
+        Confirm(form);
+    };
+    mEdit.dksUI->UserClick("btnMetaAdd");
+    EXPECT_TRUE(WaitUntil([&] {
+        return Body() == "<p>" + kKind + text + "</p><p>" + kName + "</p>";
+    })) << Body();
+}
+
 } // namespace
 } // namespace paperkite::test

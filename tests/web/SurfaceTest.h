@@ -35,6 +35,8 @@ public:
     }
     void CommandPressed(const QString& name) override { Commands += name.toStdString() + ";"; }
     void PictureRefused() override { ++Pictures; }
+    void PartCopied(const QString&, const QString&) override {}
+    void PartPasted(const QString&, const QString&) override {}
     void PageLost(WebLoss) override { ++Losses; }
     QList<WebMark> MisspeltWords(const QString& text) override {
         Asked += text.toStdString() + "|";

@@ -92,7 +92,6 @@ LayoutWindow::LayoutWindow(ViewFactory& factory, QWidget* parent)
     }));
     keep(mEdit->dedDocument->Events.ToolsRefreshed.Connect([this] { UpdateActions(); }));
     keep(mEdit->fstView->Events.Change.Connect([this](const auto&, const auto&) {
-        ShowNotice({});
         CheckTags();
         ShowPreview();
         UpdateActions();
@@ -185,7 +184,7 @@ bool LayoutWindow::Open(const Place& place) {
     }
     if (!Show(*file)) return false;
     mFile = std::move(file);
-    ShowNotice({});
+    mTagMistakes = ParsedLayout(mFile->GetText())->GetParseErrors();
     if (!IsServed(mPreviewItem)) mPreviewItem = FindItem();
     CheckTags();
     ShowPreview();
@@ -243,14 +242,18 @@ void LayoutWindow::ShowTitle() {
 
 // What is wrong with a tag is pointed at where it stands.
 void LayoutWindow::CheckTags() {
-    if (mEdit->GetView() != 1) return;
-    const std::string errors =
-        ParsedLayout(mEdit->dedDocument->GetDocumentHTML())->GetParseErrors();
-    const QString first = QString::fromStdString(errors).section('\n', 0, 0);
+    // In the other views nobody can mend a tag, so that it stays what it was.
+    if (mEdit->GetView() == 1)
+        mTagMistakes = ParsedLayout(mEdit->dedDocument->GetDocumentHTML())->GetParseErrors();
+    const QStringList mistakes =
+        QString::fromStdString(mTagMistakes).split('\n', Qt::SkipEmptyParts);
+    const QString first = mistakes.value(0);
     static const QRegularExpression place("^Line (\\d+), column (\\d+):");
     const auto match = place.match(first);
     mEdit->dedDocument->SetSourceMark(match.captured(1).toInt(), match.captured(2).toInt());
-    ShowNotice(first);
+    ShowNotice(mistakes.size() < 2
+                   ? first
+                   : tr("%1 (The first of %L2 mistakes.)").arg(first).arg(mistakes.size()));
 }
 
 void LayoutWindow::ShowHelp() {
@@ -331,6 +334,13 @@ bool LayoutWindow::MayGiveUp() {
     box.setDefaultButton(QMessageBox::Save);
     const int answer = box.exec();
     return answer == QMessageBox::Save ? Save() : answer == QMessageBox::Discard;
+}
+
+bool LayoutWindow::event(QEvent* event) {
+    if (event->type() == QEvent::WindowActivate && mFile && !mEdit->GetDirty() &&
+        !mFile->IsAsRead())
+        Open({mFile->GetTemplate(), mFile->GetLayout()});
+    return QMainWindow::event(event);
 }
 
 void LayoutWindow::closeEvent(QCloseEvent* event) {

@@ -57,6 +57,8 @@ public:
     std::function<void()> Saved;
 
 protected:
+    /// Reads a file again that somebody else changed, unless the author changed the layout too.
+    bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:
@@ -113,6 +115,8 @@ private:
     std::unique_ptr<LayoutFile> mFile;
     std::string mPreviewItem;
     bool mChoosing = false;
+    /// What is wrong with tags of the layout, a line each.
+    std::string mTagMistakes;
     QLabel* mNotice;
     QLabel* mPath;
     QLabel* mCount;

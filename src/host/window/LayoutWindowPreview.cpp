@@ -91,7 +91,7 @@ void LayoutWindow::ShowPreview() {
     }
     const std::string text = mEdit->GetDocumentHTML();
     const ItemPage page =
-        MakeItemPage(mWorkspace->GetSession(), item, mFile->GetTemplate(), mFile->With(text), {});
+        MakeItemPage(mWorkspace->GetSession(), item, mFile->GetTemplate(), text, {});
     std::string note = "The page of " + ReplaceAll(mPreviewItem, "~", " ~ ");
     if (!IsServed(mPreviewItem)) note += ", which this layout is not meant for";
     for (const std::string& missing : page.Missing)

@@ -20,6 +20,8 @@ namespace {
 constexpr std::size_t kDeepestForTidy = 400;
 /// More than so many tags of one's own are no HTML.
 constexpr std::size_t kMostNewTags = 200;
+/// What changes more often does not settle.
+constexpr int kMostTimes = 2;
 
 struct Option {
     const char* Name;
@@ -174,6 +176,11 @@ std::string WithGuards(const std::string& html) {
     return guarded.append(html, from);
 }
 
+/// As a document reads and writes it.
+std::string Reread(const std::string& html) {
+    return MakeHTMLDOMFactory()->CreateFromString(html, {})->GetDocumentElement()->GetOuterHTML();
+}
+
 /// Lines behind a comment get one blank more the second time than the first, and no more after
 /// that. Without the odd blank tidying again changes nothing.
 std::string WithEvenLinesBehindComments(const std::string& text) {
@@ -208,16 +215,26 @@ public:
         const HtmlContent before(html);
         const auto newTags = NewTags(before);
         if (!newTags) return html;
+        const bool isOdd = !newTags->empty() || before.CountOf("textarea") > 0;
         auto tidied = Tidied(html, before, *newTags, bodyOnly);
-        // Around tags that it does not know Tidy may add a line each time.
-        if (tidied && !newTags->empty() &&
-            Tidied(*tidied, before, *newTags, bodyOnly).value_or("") != *tidied)
-            return html;
+        if (tidied && isOdd) tidied = Settled(*tidied, before, *newTags, bodyOnly);
         if (!tidied || !before.IsKeptBy(HtmlContent(*tidied))) return html;
         return bodyOnly ? *tidied : DocumentTypeOf(html) + *tidied;
     }
 
 private:
+    /// Around text areas, and tags that it does not know, Tidy may add a line each time, or leave
+    /// what another document is read from: nothing where that does not come to an end.
+    static std::optional<std::string> Settled(std::string text, const HtmlContent& content,
+                                              const std::string& newTags, bool bodyOnly) {
+        for (int time = 0; time < kMostTimes; ++time) {
+            const auto again = Tidied(bodyOnly ? text : Reread(text), content, newTags, bodyOnly);
+            if (!again || *again == text) return again;
+            text = *again;
+        }
+        return {};
+    }
+
     static std::optional<std::string> Tidied(const std::string& html, const HtmlContent& content,
                                              const std::string& newTags, bool bodyOnly) {
         TidyRun run;

@@ -410,6 +410,14 @@ void HtmlEditView::PictureRefused() {
               "in the menu."));
 }
 
+void HtmlEditView::PartCopied(const QString& key, const QString& html) {
+    mEdit->UserPartCopied(FromQString(key), FromQString(html));
+}
+
+void HtmlEditView::PartPasted(const QString& key, const QString& html) {
+    mEdit->UserPartPasted(FromQString(key), FromQString(html));
+}
+
 void HtmlEditView::MenuWanted(const WebMenuRequest& request) {
     if (IsWhole() && TellElementEvent(request.Element)) return;
     const auto index = static_cast<std::size_t>(request.Place);

@@ -68,6 +68,8 @@ private:
     void MenuWanted(const WebMenuRequest& request) override;
     void CommandPressed(const QString& name) override;
     void PictureRefused() override;
+    void PartCopied(const QString& key, const QString& html) override;
+    void PartPasted(const QString& key, const QString& html) override;
     void PageLost(WebLoss loss) override;
     QList<WebMark> MisspeltWords(const QString& text) override;
 

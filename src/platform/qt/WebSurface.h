@@ -112,6 +112,11 @@ public:
     virtual void CommandPressed(const QString& name) = 0;
     /// The author pasted or dropped picture data, which the page does not take.
     virtual void PictureRefused() = 0;
+    /// Part of a page that is written on as a whole was copied. The spans in it mean something on
+    /// that page alone, which the key names.
+    virtual void PartCopied(const QString& key, const QString& html) = 0;
+    /// A part of another page is to be put in.
+    virtual void PartPasted(const QString& key, const QString& html) = 0;
     /// The engine's process is gone; the page has to be loaded again.
     virtual void PageLost(WebLoss loss) = 0;
     /// Where the words stand that are to be marked as misspelt.

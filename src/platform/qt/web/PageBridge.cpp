@@ -48,6 +48,16 @@ void PageBridge::picture(int generation) {
     });
 }
 
+void PageBridge::copied(int generation, const QString& layout, const QString& html) {
+    if (generation == Generation && Copied) Copied(layout, html);
+}
+
+void PageBridge::pasted(int generation, const QString& layout, const QString& html) {
+    Later(generation, [this, layout, html] {
+        if (Pasted) Pasted(layout, html);
+    });
+}
+
 QVariantList PageBridge::misspelt(int generation, const QString& text) {
     return generation == Generation && Misspelt ? Misspelt(text) : QVariantList();
 }

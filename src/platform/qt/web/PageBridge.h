@@ -28,6 +28,8 @@ public:
     std::function<void(const QString& json)> Menu;
     std::function<void(const QString& name)> Command;
     std::function<void()> Picture;
+    std::function<void(const QString& layout, const QString& html)> Copied;
+    std::function<void(const QString& layout, const QString& html)> Pasted;
     std::function<QVariantList(const QString& text)> Misspelt;
 
 public slots:
@@ -40,6 +42,8 @@ public slots:
     void menu(int generation, const QString& json);
     void command(int generation, const QString& name);
     void picture(int generation);
+    void copied(int generation, const QString& layout, const QString& html);
+    void pasted(int generation, const QString& layout, const QString& html);
     /// Start and length of each word, one behind the other.
     QVariantList misspelt(int generation, const QString& text);
 

@@ -149,6 +149,12 @@ void PageSurface::TieBridge() {
     mBridge.Picture = [this] {
         if (mListener) mListener->PictureRefused();
     };
+    mBridge.Copied = [this](const QString& layout, const QString& html) {
+        if (mListener) mListener->PartCopied(layout, html);
+    };
+    mBridge.Pasted = [this](const QString& layout, const QString& html) {
+        if (mListener) mListener->PartPasted(layout, html);
+    };
     mBridge.Misspelt = [this](const QString& text) {
         QVariantList numbers;
         if (!mListener) return numbers;

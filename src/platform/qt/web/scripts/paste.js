@@ -111,7 +111,7 @@ kite.fromPlainText = function (text) {
 // True when something was taken in.
 kite.takeIn = function (data) {
     const own = kite.whole ? data.getData(kite.ownFormat) : '';
-    if (own) return kite.insertSpan(own);
+    if (own) return kite.takeOwn(own);
     const html = data.getData('text/html');
     const clean = html ? kite.sanitised(html) : '';
     const text = data.getData('text/plain');

@@ -60,6 +60,7 @@ kite.fill = function (index, html) {
     const place = kite.places[index];
     if (html === '' && !place.firstChild) return kite.leaveEmpty(place, index);
     if (place.innerHTML !== html) place.innerHTML = html;
+    if (kite.whole) kite.fillSpans(place);
     kite.rememberStyles(place);
     kite.loaded[index] = { engine: place.innerHTML, text: html };
     kite.sent[index] = html;
@@ -93,8 +94,13 @@ kite.loosely = html => html.replace(/(?:&nbsp;|\s|<br>)+(?=<\/|$)/g, '');
 kite.withoutTraces = function (place) {
     const html = place.innerHTML;
     if (!html.includes(kite.holder) && !/ style=| data-kite/.test(html)) return html;
-    const copy = document.implementation.createHTMLDocument('').createElement('div');
-    copy.innerHTML = html.replaceAll(kite.holder, '');
+    // Not read anew: a page that is being edited may hold what no parser would build.
+    const inert = document.implementation.createHTMLDocument('');
+    const copy = inert.importNode(place, true);
+    const texts = inert.createTreeWalker(copy, NodeFilter.SHOW_TEXT);
+    while (texts.nextNode())
+        texts.currentNode.data = texts.currentNode.data.replaceAll(kite.holder, '');
+    if (kite.whole) kite.emptyLargeSpans(copy);
     for (const element of copy.querySelectorAll('[style]')) {
         if (kite.keptStyles.has(element.getAttribute('style'))) continue;
         if (element.id.startsWith('metaspan')) continue;

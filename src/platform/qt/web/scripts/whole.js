@@ -55,6 +55,32 @@ kite.elementEvent = function (id, event) {
         current: kite.pathOf(kite.target) };
 };
 
+// What a span shows may be more than a parser takes where the span stands, such as a paragraph within
+// another one. It comes in an attribute, and is left out of what is read: the span says enough.
+kite.fillSpans = function (root) {
+    for (const span of root.querySelectorAll('span[data-kite-inner]')) {
+        span.innerHTML = span.getAttribute('data-kite-inner');
+        span.removeAttribute('data-kite-inner');
+    }
+};
+
+kite.emptyLargeSpans = function (root) {
+    for (const span of root.querySelectorAll('span[id^="metaspanstart"]'))
+        if ([...span.children].some(child => child.tagName !== 'B')) span.replaceChildren();
+};
+
+// The nodes of a text in which spans stand, of which one alone may hold anything.
+kite.nodesOf = function (html) {
+    const template = document.createElement('template');
+    const tag = /^<span id="metaspanstart\d+"[^>]*>/.exec(html);
+    const isOne = tag && html.endsWith('</span>') && !html.includes('data-kite-inner=')
+        && html.lastIndexOf('id="metaspan') < tag[0].length;
+    template.innerHTML = isOne ? tag[0] + '</span>' : html;
+    if (isOne) template.content.firstElementChild.innerHTML = html.slice(tag[0].length, -7);
+    kite.fillSpans(template.content);
+    return [...template.content.childNodes];
+};
+
 // A click selects the span; one that is selected can be dragged to another place.
 kite.pressed = function (event) {
     const span = event.button === 0 && kite.spanAround(event.target);
@@ -82,9 +108,7 @@ kite.insertSpan = function (html) {
     const selection = getSelection();
     const text = selection.anchorNode;
     if (!text || text.nodeType !== Node.TEXT_NODE) return kite.insert(html);
-    const template = document.createElement('template');
-    template.innerHTML = html;
-    const insertion = { text, at: selection.anchorOffset - 1, nodes: [...template.content.childNodes] };
+    const insertion = { text, at: selection.anchorOffset - 1, nodes: kite.nodesOf(html) };
     kite.insertions.done.push(insertion);
     kite.insertions.undone = [];
     kite.putIn(insertion);
@@ -125,10 +149,8 @@ kite.followHistory = function (inputType) {
 // Spans that show the same thing are shown anew where they stand: what they stand for changed, which
 // the history of the page knows nothing of.
 kite.refreshSpans = function (html) {
-    const holder = document.createElement('template');
-    holder.innerHTML = html;
-    const fresh = holder.content.firstElementChild;
-    const id = fresh && fresh.id.startsWith('metaspan') ? fresh.id : '';
+    const [fresh] = kite.nodesOf(html);
+    const id = fresh && fresh.id && fresh.id.startsWith('metaspan') ? fresh.id : '';
     const shown = id ? document.querySelectorAll('#' + CSS.escape(id)) : [];
     for (const span of shown) span.innerHTML = fresh.innerHTML;
     return shown.length > 0;
@@ -150,6 +172,14 @@ kite.actions.replaceelement = function (html) {
 
 // What is copied within pages that are written on as a whole stays as it stands, spans included.
 kite.ownFormat = 'application/x-paperkite-layout';
+// Says of which page the numbers of copied spans are.
+kite.layout = Date.now() + '-' + Math.random();
+
+kite.takeOwn = function (data) {
+    const { layout, html } = JSON.parse(data);
+    if (layout === kite.layout || !html.includes('id="metaspan')) return kite.insertSpan(html);
+    kite.bridge.pasted(kite.generation, layout, html);
+};
 
 kite.copied = function (event) {
     const selection = getSelection();
@@ -159,8 +189,11 @@ kite.copied = function (event) {
     if (span) range.selectNode(span);
     const holder = document.createElement('div');
     holder.append(range.cloneContents());
-    event.clipboardData.setData(kite.ownFormat, holder.innerHTML.replaceAll(kite.holder, ''));
     event.clipboardData.setData('text/html', holder.innerHTML.replaceAll(kite.holder, ''));
+    kite.emptyLargeSpans(holder);
+    const html = holder.innerHTML.replaceAll(kite.holder, '');
+    event.clipboardData.setData(kite.ownFormat, JSON.stringify({ layout: kite.layout, html }));
+    kite.bridge.copied(kite.generation, kite.layout, html);
     event.clipboardData.setData('text/plain', selection.toString().replaceAll(kite.holder, ''));
     event.preventDefault();
     if (event.type !== 'cut') return;
