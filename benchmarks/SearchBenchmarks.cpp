@@ -22,11 +22,9 @@ namespace {
 
 constexpr std::size_t kMostMatches = 50;
 
-/// What authors look for: what is everywhere, what is nearly nowhere, and what is nowhere; alone
-/// and behind what stands around it.
-constexpr std::array<const char*, 9> kWords{
-    "fetchRecord", "recordCount48", "TableReader99",      "storage9999",         "kwaggaHerd",
-    "rd1",         "kwagga~record", "reader99::fetchRec", "engine.fetch(const x"};
+/// What authors look for: what is everywhere, what is nearly nowhere, and what is nowhere.
+constexpr std::array<const char*, 6> kWords{"fetchRecord", "recordCount48", "TableReader99",
+                                            "storage9999", "kwaggaHerd",    "rd1"};
 
 /// The names of an index as it has them, each behind the other and ended by zero.
 struct Names {
@@ -171,7 +169,7 @@ void LinksYardstick(benchmark::State& state, std::int64_t count) {
 
 void AddSearchRows(std::vector<Row>& rows) {
     rows.push_back({"search.key",
-                    "search of 1,000,000 members at the slowest key of nine words",
+                    "search of 1,000,000 members at the slowest key of six words",
                     KeyOurs,
                     "a scan of the same names in a row (strcasestr)",
                     KeyYardstick,

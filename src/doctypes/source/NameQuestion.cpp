@@ -102,6 +102,9 @@ FindByQuestion(const NameSearch& names,
     std::vector<NameSearch::Place> found = names.Find(text, most);
     const NameQuestion question = NameQuestion::Of(text);
     if (found.size() >= most || question.IsEmpty() || question.Name == text) return found;
+    // Scopes that nothing bears would have each name looked at for nothing.
+    for (const std::string& scope : question.Scopes)
+        if (!names.Holds(scope)) return found;
     for (const NameSearch::Place& place :
          names.Find(question.Name, most, QuestionFilter(question, indexes)))
         if (found.size() < most && std::find(found.begin(), found.end(), place) == found.end())

@@ -107,6 +107,12 @@ std::vector<NameSearch::Place> NameSearch::Find(std::string_view text, std::size
     return places;
 }
 
+bool NameSearch::Holds(std::string_view text) const {
+    const std::string needle = LowerCase(text);
+    return needle.find('\0') == std::string::npos &&
+           memmem(mNames.data(), mNames.size(), needle.data(), needle.size()) != nullptr;
+}
+
 std::size_t NameSearch::EntryAt(std::size_t offset, std::size_t first) const {
     // Hits mostly stand close to each other.
     std::size_t step = 1;

@@ -39,6 +39,9 @@ public:
     std::vector<Place> Find(std::string_view text, std::size_t most,
                             const Filter& filter = {}) const;
 
+    /// Whether any name holds the text.
+    bool Holds(std::string_view text) const;
+
     /// How many names there are.
     std::size_t Size() const { return mStarts.size(); }
     /// The memory that it takes, in bytes.
