@@ -2,7 +2,7 @@
 #include "BenchmarkTable.h"
 #include "MadeOnce.h"
 
-#include "doctypes/source/NameSearch.h"
+#include "doctypes/source/NameQuestion.h"
 #include "host/LinkCheck.h"
 
 #include <algorithm>
@@ -37,7 +37,8 @@ struct Names {
 
     std::size_t Ours(const std::string& key) const {
         std::size_t bytes = 0;
-        for (const NameSearch::Place& place : Search.Find(key, kMostMatches))
+        const auto index = [this](std::size_t) -> const SourceIndex& { return Index; };
+        for (const NameSearch::Place& place : FindByQuestion(Search, index, key, kMostMatches))
             bytes += Index.QualifiedName(place.Entity).size();
         return bytes;
     }

@@ -32,12 +32,13 @@ void ProjectEditor::cEditor_HyperlinkClick(const std::string& hRef) {
         }
         std::string sTmp = link.substr(link.rfind('/') + 1);
         Local watchTmp(frame, "sTmp", sTmp);
+        if (sTmp.starts_with('#')) sTmp = PageName::Decoded(sTmp);
         if (sTmp == "#")
             Tell("This hyperlink shows a popup bubble");
         else if (sTmp.starts_with('#'))
             Tell("This hyperlink navigates to a bookmark in this topic (" + sTmp + ")");
         if (sTmp.empty() || sTmp.starts_with('#')) return;
-        sTmp = PageName::OfAddress(link);
+        sTmp = PageName::Decoded(PageName::OfAddress(link));
         std::string PageLayoutSuffix;
         if (!Project.SelectItem(sTmp)) {
             PageLayoutSuffix = PageName::CutLayoutSuffix(sTmp);

@@ -144,6 +144,11 @@ LinkTarget Outside(LinkTarget target, const std::string& scheme) {
         return Malformed(std::move(target), "Nothing stands behind \"" + scheme +
                                                 (needsHost ? "://" : ":") +
                                                 "\". Write the rest of the address.");
+    if (needsHost && place.find_first_of(" \"<>") != std::string_view::npos)
+        return Malformed(std::move(target),
+                         "The name of the place behind \"" + scheme +
+                             "://\" holds a blank, a quote, \"<\" or \">\", which no such name "
+                             "has. Write it without them.");
     target.What = Kind::Outside;
     return target;
 }

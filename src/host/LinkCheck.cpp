@@ -17,24 +17,12 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::string_view kPageEnding = ".html";
+/// Pages make links of these comments where they hold just a name.
+constexpr std::string_view kSeeAlsoTag = "##seealso";
+/// So begins what authors take for an address outside.
+constexpr std::string_view kWeb = "www.";
 /// Longer ones are cut in sentences.
 constexpr std::size_t kLongestShown = 120;
-
-/// Only what no page name can hold is decoded: qualified names hold "%" and digits themselves.
-std::string AsPageName(std::string_view address) {
-    std::string name;
-    for (std::size_t at = 0; at < address.size();) {
-        const std::size_t length = address[at] == '%' && at + 2 < address.size() ? 3 : 1;
-        const std::string piece(address.substr(at, length));
-        const std::string decoded = PercentDecoded(piece);
-        const bool isMeant = decoded.size() == 1 &&
-                             (static_cast<unsigned char>(decoded[0]) <= 0x20 ||
-                              std::string_view("#?\"<>").find(decoded[0]) != std::string::npos);
-        name += isMeant ? decoded : piece.substr(0, 1);
-        at += isMeant ? length : 1;
-    }
-    return name;
-}
 
 std::string Shown(const std::string& text) {
     return Shortened(text, kLongestShown);
@@ -49,6 +37,15 @@ bool IsFile(const std::string& path, const std::string& folder) {
     if (path.find('\0') != std::string::npos) return false;
     std::error_code problem;
     return fs::exists(fs::path(folder) / path, problem) && !problem;
+}
+
+/// Whether a text that names no item was meant to: a sentence has blanks before its first step, and
+/// a name blanks between parameters at most, or in operators.
+bool LooksLikeAnItem(std::string_view text) {
+    const std::size_t step = text.find('~');
+    return step != 0 && step != std::string_view::npos && step + 1 < text.size() &&
+           text.substr(0, step).find_first_of(" \t(") == std::string_view::npos &&
+           text.find_first_of("\r\n") == std::string_view::npos;
 }
 
 std::string NoItem(const std::string& name) {
@@ -93,6 +90,15 @@ void LinkCheck::AddLinks(const std::string& item, const TaggedComment& comment,
         JudgeItem(links.back());
         return;
     }
+    if (EqualIgnoringCase(comment.GetTagIdentifier(), kSeeAlsoTag) && text.find('<') == text.npos) {
+        const std::string name = TrimWhiteSpace(text);
+        const bool isThere = mItems.Exists(name);
+        if (!isThere && !LooksLikeAnItem(name)) return;
+        add(name, {});
+        if (!Lead(links.back(), isThere ? name : std::string()))
+            links.back().Problem = NoItem(name);
+        return;
+    }
     if (!mayHoldLinks || !CommentProse::IsHtml(form)) return;
     for (CommentLinks::Link& found : CommentLinks::Find(text)) {
         add(std::move(found.Address), std::move(found.Caption));
@@ -127,10 +133,14 @@ void LinkCheck::JudgeFile(Link& link, const LinkTarget& target, const std::strin
         link.LeadsTo = Goal::File;
         return;
     }
-    const std::string name = LastPart(path);
+    const std::string name = LastPart(PageName::Decoded(target.File));
     const bool isPage = EndsWithIgnoringCase(name, kPageEnding);
     if (isPage || name.find('~') != std::string::npos || name.find("::") != std::string::npos)
         link.Problem = NoItem(isPage ? PageName::OfAddress(name) : name);
+    else if (EqualIgnoringCase(path.substr(0, kWeb.size()), kWeb))
+        link.Problem = "There is no file \"" + Shown(path) +
+                       "\" beside the project file. If an address outside is meant, write "
+                       "\"https://\" before it.";
     else
         link.Problem =
             "There is no file \"" + Shown(path) +
@@ -154,10 +164,9 @@ bool LinkCheck::Lead(Link& link, std::string item) const {
 
 std::string LinkCheck::ItemOf(const std::string& address) const {
     if (address.empty()) return {};
-    for (const std::string& written : {AsPageName(address), PercentDecoded(address)}) {
-        // A link to be converted when the pages are made names its item without an ending.
-        if (std::string name = written.substr(written.rfind('/') + 1); mItems.Exists(name))
-            return name;
+    for (const std::string& written : {PageName::Decoded(address), PercentDecoded(address)}) {
+        // A link to be converted when the pages are made is its item's name.
+        if (mItems.Exists(written)) return written;
         if (!EndsWithIgnoringCase(written, kPageEnding)) continue;
         std::string page = PageName::OfAddress(written);
         if (mItems.Exists(page)) return page;

@@ -22,7 +22,7 @@ std::string LinkHazard(const std::string& link) {
                "comment as you typed it, but nothing ever runs it here, and a click on it opens "
                "nothing.";
     const auto found = std::find_if(link.begin(), link.end(), &IsControl);
-    if (found == link.end()) return {};
+    if (found == link.end()) return link.empty() ? std::string() : LinkTarget::Of(link).Problem;
     return "The link holds a character that cannot be seen, such as a tab or a line break, behind "
            "the first " +
            std::to_string(found - link.begin()) +

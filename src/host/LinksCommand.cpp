@@ -2,6 +2,7 @@
 
 #include "host/CommandLine.h"
 #include "host/Commands.h"
+#include "host/ItemTitle.h"
 #include "host/LinkCheck.h"
 
 #include <nlohmann/json.hpp>
@@ -14,6 +15,9 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 using Link = LinkCheck::Link;
+
+/// Longer addresses are cut in the middle for people; the JSON has them whole.
+constexpr std::size_t kLongestShown = 300;
 
 const char* WordFor(LinkCheck::Goal goal) {
     switch (goal) {
@@ -40,6 +44,10 @@ std::string Printable(std::string text) {
     return text;
 }
 
+std::string Shown(const std::string& text) {
+    return Printable(ShortenedInMiddle(text, kLongestShown));
+}
+
 void PrintJson(const std::vector<Link>& links, bool isPart, std::ostream& out) {
     Json list = Json::array();
     for (const Link& link : links) {
@@ -61,8 +69,8 @@ void PrintJson(const std::vector<Link>& links, bool isPart, std::ostream& out) {
 void Print(const std::vector<Link>& links, std::ostream& out) {
     for (const Link& link : links) {
         out << link.Item << ": " << link.Name << ": ";
-        if (!link.Caption.empty()) out << '"' << Printable(link.Caption) << "\" -> ";
-        out << Printable(link.Target) << '\n';
+        if (!link.Caption.empty()) out << '"' << Shown(link.Caption) << "\" -> ";
+        out << Shown(link.Target) << '\n';
         if (link.LeadsNowhere()) out << "    leads nowhere: " << Printable(link.Problem) << '\n';
     }
     out << LinkSummary(links) << '\n';

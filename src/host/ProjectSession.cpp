@@ -1,5 +1,7 @@
 #include "host/ProjectSession.h"
 
+#include "doctypes/source/NameQuestion.h"
+
 #include "foundation/Text.h"
 #include "host/NearestNames.h"
 
@@ -244,7 +246,10 @@ std::vector<std::string> ProjectSession::FindByName(const std::string& text,
             mNames->Add(mCode.Provider->GetIndex(root));
     }
     std::vector<std::string> found;
-    for (const NameSearch::Place& place : mNames->Find(text, most))
+    const auto index = [this](std::size_t root) -> const SourceIndex& {
+        return mCode.Provider->GetIndex(root);
+    };
+    for (const NameSearch::Place& place : FindByQuestion(*mNames, index, text, most))
         found.push_back(mCode.Provider->GetIndex(place.Root).QualifiedName(place.Entity));
     return found;
 }

@@ -117,8 +117,9 @@ public:
     /// All items that an author may mean by a name; those inside another one of them left out.
     std::vector<std::string> Matches(const std::string& name) const;
     /// Items whose own names hold a text, letter case ignored: those that are it first, then those
-    /// that begin with it, then the others; each in the order of the source. The first question
-    /// since the code came copies all names.
+    /// that begin with it, then the others; each in the order of the source; behind them what a
+    /// NameQuestion means, "Dog::bark(int". The first question since the code came copies all
+    /// names.
     std::vector<std::string> FindByName(const std::string& text, std::size_t most) const;
     /// The qualified names that look most like a name, at most three, best first.
     std::vector<std::string> Nearest(const std::string& name) const;

@@ -34,6 +34,21 @@ TEST_F(ProjectEditorLinksTest, APageNameSelectsItsItem) {
     EXPECT_EQ(Messages(), "");
 }
 
+TEST_F(ProjectEditorLinksTest, NamesThatHoldCodesThemselvesAreFollowed) {
+    for (const char* name : {"f(const s%3A%3At&)", "operator%2F", "%25", "empty?", "%7EB"})
+        mModel.Add("P~B", name, "Test:Method", "MethodElement");
+    mEditor.LoadFromNamespaceDefs(mModel.Defs, "moniker");
+    for (const auto& [link, item] :
+         {std::pair("P~B~f(const%20s%3A%3At&).html", "P~B~f(const s%3A%3At&)"),
+          std::pair("P~B~operator%2F.html", "P~B~operator%2F"),
+          std::pair("P~B~%25.html", "P~B~%25"), std::pair("P~B~empty%3F.html", "P~B~empty?"),
+          std::pair("P~B~~B.html", "P~B~%7EB")}) {
+        Click(std::string("file:///") + link);
+        EXPECT_EQ(Current(), item);
+    }
+    EXPECT_EQ(Messages(), "");
+}
+
 TEST_F(ProjectEditorLinksTest, AnItemOutsideIsNamed) {
     Click("file://c/x/Q~None.html");
     EXPECT_EQ(Messages(), "Paperkite [information] Could not navigate this link as it appears to "

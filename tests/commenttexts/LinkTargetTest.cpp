@@ -50,6 +50,13 @@ TEST(LinkTargetTest, BookmarksAndWhatLiesOutsideAreToldApart) {
         EXPECT_NE(ProblemOf(address), "none") << address;
 }
 
+TEST(LinkTargetTest, NoHostHoldsBlanksQuotesOrAngleBrackets) {
+    for (const char* address :
+         {"http://exa mple.org", "https://a\"b/c", "http://<host>/", "ftp://a>b"})
+        EXPECT_NE(ProblemOf(address).find("holds a blank, a quote"), std::string::npos) << address;
+    EXPECT_EQ(KindOf("http://example.org/a b\"c<d>?e f"), Kind::Outside);
+}
+
 TEST(LinkTargetTest, AHelpTopicHasAFileAndATopic) {
     EXPECT_EQ(KindOf("ms-its:help.chm::/pages/a.htm"), Kind::HelpTopic);
     EXPECT_EQ(KindOf("ms-its:my help.chm::/a b.htm.html"), Kind::HelpTopic);

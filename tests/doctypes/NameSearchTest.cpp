@@ -94,6 +94,13 @@ TEST_F(NameSearchTest, ATextNeverReachesFromOneNameIntoTheNext) {
     EXPECT_EQ(Found(std::string("\0", 1)), "");
 }
 
+TEST_F(NameSearchTest, WhetherAnyNameHoldsATextIsKnown) {
+    Add("zoo", {"ab", "cd"});
+    EXPECT_TRUE(mSearch.Holds("B"));
+    EXPECT_FALSE(mSearch.Holds("bc"));
+    EXPECT_FALSE(mSearch.Holds(std::string("b\0c", 3)));
+}
+
 TEST_F(NameSearchTest, AnEmptyTextIsHeldByEveryName) {
     Add("zoo", {"ab", "cd"});
     EXPECT_EQ(Found(""), "zoo ab cd");

@@ -106,6 +106,53 @@ TEST_F(LinkCheckTest, FilesAreLookedForBesideTheProject) {
     EXPECT_TRUE(Judged("file:///none/cat.png").LeadsNowhere());
 }
 
+TEST_F(LinkCheckTest, ABareNameIsAnItemOnlyAsTheWholeAddress) {
+    EXPECT_EQ(Judged("zoo").LeadsToItem, "zoo");
+    EXPECT_EQ(Judged("pictures/zoo").LeadsTo, LinkCheck::Goal::Nowhere);
+    EXPECT_EQ(Judged("../zoo~animals~Dog").LeadsTo, LinkCheck::Goal::Nowhere);
+    mFolder.Write("hs/zoo/dog.png", "png");
+    EXPECT_EQ(Judged("hs/zoo").LeadsTo, LinkCheck::Goal::File);
+    EXPECT_EQ(Judged("hs/zoo").LeadsToItem, "");
+}
+
+TEST_F(LinkCheckTest, AnAddressOutsideWithoutItsSchemeIsToldWhatItLacks) {
+    for (const char* address : {"www.example.org", "WWW.example.org/a.b#c"})
+        EXPECT_NE(Judged(address).Problem.find("write \"https://\" before it"), std::string::npos)
+            << Judged(address).Problem;
+    EXPECT_EQ(Judged("awww.png").Problem.find("https"), std::string::npos);
+}
+
+TEST_F(LinkCheckTest, NamesAloneInSeeAlsoCommentsAreLinks) {
+    Load("zoo~animals~Dog", "##seealso", " zoo~animals~Cat\n");
+    Load("zoo~animals~Cat", "##SeeAlso", "zoo~animals~Emu");
+    Load("zoo~animals~Cat~Purr", "##seealso", "About ~5 animals and the zoo~s");
+    Load("zoo~animals~Dog~Bark", "##remarks", "zoo~animals~Emu");
+    Load("zoo~animals~Dog~Age", "##seealso", "~");
+    const auto links = Checking().Check(Store());
+    ASSERT_EQ(links.size(), 2u);
+    EXPECT_EQ(links[0].Target, "zoo~animals~Emu");
+    EXPECT_EQ(links[0].Problem.find("There is no item \"zoo~animals~Emu\" in this project."), 0u);
+    EXPECT_EQ(links[1].LeadsToItem, "zoo~animals~Cat");
+    EXPECT_EQ(links[1].Problem, "");
+}
+
+TEST_F(LinkCheckTest, WhatNamesHoldThemselvesIsNotDecoded) {
+    mFolder.Write("zoo/words.h", "class Words {\npublic:\n    ~Words();\n"
+                                 "    int put(const std::string& word);\n    int put(int count);\n"
+                                 "    int operator/(int by);\n    int operator%(int by);\n};\n");
+    mFolder.Write("zoo/set.rb", "class Herd\n  def empty?\n  end\nend\n");
+    mWorkspace->GetSession().Adopt(std::move(*mWorkspace->GetSession().Scan().Code));
+    for (const auto& [address, item] :
+         {std::pair("zoo~Words~put(const%20std%3A%3Astring&amp;).html",
+                    "zoo~Words~put(const std%3A%3Astring&)"),
+          std::pair("zoo~Words~operator%2F.html", "zoo~Words~operator%2F"),
+          std::pair("zoo~Words~operator%25.html", "zoo~Words~operator%25"),
+          std::pair("zoo~Words~%7EWords.html", "zoo~Words~%7EWords"),
+          std::pair("zoo~Words~~Words.html", "zoo~Words~%7EWords"),
+          std::pair("zoo~Herd~empty%3F.html", "zoo~Herd~empty?")})
+        EXPECT_EQ(Judged(address).LeadsToItem, item) << address;
+}
+
 TEST_F(LinkCheckTest, WhatIsMalformedSaysHowToMendIt) {
     EXPECT_EQ(Judged("#").LeadsTo, LinkCheck::Goal::Bookmark);
     EXPECT_EQ(Judged("ms-its:a.chm::/b.htm").LeadsTo, LinkCheck::Goal::HelpTopic);

@@ -1,5 +1,7 @@
 #include "host/LinkHazard.h"
 
+#include "commenttexts/LinkTarget.h"
+
 #include <gtest/gtest.h>
 
 namespace paperkite::test {
@@ -19,6 +21,13 @@ TEST(LinkHazardTest, ScriptsAreToldHoweverTheyAreHidden) {
           "java\n\rscript\n:x", "VBScript:x", "data:text/html,<script>"})
         EXPECT_NE(LinkHazard(link).find("nothing ever runs it"), std::string::npos) << link;
     EXPECT_NE(LinkHazard("javascript:" + std::string(100'000, 'x')), "");
+}
+
+TEST(LinkHazardTest, WhatLacksItsEndIsToldInTheWordsOfTheCheck) {
+    for (const char* link : {"http://", "https:///a", "mailto:", "ms-its:help.chm", "?a"})
+        EXPECT_EQ(LinkHazard(link), LinkTarget::Of(link).Problem) << link;
+    EXPECT_EQ(LinkHazard("http://"),
+              "Nothing stands behind \"http://\". Write the rest of the address.");
 }
 
 TEST(LinkHazardTest, CharactersThatCannotBeSeenAreTold) {

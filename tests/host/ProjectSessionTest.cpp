@@ -187,6 +187,15 @@ TEST_F(ProjectSessionTest, ItemsAreFoundByAPartOfTheirNamesTheWholeOneFirst) {
     EXPECT_EQ(session->FindByName("unicorn", 10), Names());
 }
 
+TEST_F(ProjectSessionTest, ItemsAreFoundByWhatStandsAroundTheirNamesToo) {
+    const auto session = Create();
+    for (const char* text :
+         {"Dog::Bark", "dog.bark", "an~BARK", "zoo~animals~Dog~Bark", "zoo::bark(int", "Dog::bar"})
+        EXPECT_EQ(session->FindByName(text, 10), Names{"zoo~animals~Dog~Bark"}) << text;
+    for (const char* text : {"Cat::Bark", "Dog::animals::Bark", "Bark(const", "."})
+        EXPECT_EQ(session->FindByName(text, 10), Names()) << text;
+}
+
 TEST_F(ProjectSessionTest, TheNearestNamesHelpWhereNoneFits) {
     const auto session = Create();
     EXPECT_EQ(session->Resolve("Dog.Brak"), "");

@@ -6,6 +6,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QTest>
@@ -33,6 +34,14 @@ QAbstractButton* ButtonOf(QWidget& window, const QString& text) {
     for (auto* button : window.findChildren<QAbstractButton*>())
         if (button->isVisible() && button->text().remove('&') == text) return button;
     return nullptr;
+}
+
+/// What the labels say, as it is to be read.
+std::string TextsOf(QWidget& window) {
+    std::string texts;
+    for (const auto* label : window.findChildren<QLabel*>())
+        texts += label->text().toStdString() + "\n";
+    return texts;
 }
 
 void PressOK(QDialog& dialog) {
@@ -190,6 +199,76 @@ TEST_F(LinkJourneyTest, WithoutASelectionTheCaptionIsTheNameOfTheItem) {
         return TextOf(kDog, "##").find("<a href=\"zoo~animals~Cat~Purr.html\">Purr</a>") !=
                std::string::npos;
     })) << TextOf(kDog, "##");
+}
+
+TEST_F(LinkJourneyTest, AnOverloadIsChosenByItsParametersAndFollowedOnThePage) {
+    mFolder.Write("zoo/words.h", "class Words {\npublic:\n    int put(const std::string& word);\n"
+                                 "    int put(int count);\n};\n");
+    WriteOnDog("Unlike a cat");
+    SelectLetters(9, 3, "cat");
+    std::string chosen;
+    ExpectSteps([&](QDialog& dialog) {
+        ChooseAndAccept(dialog, "Words::put(const");
+        chosen = TextsOf(dialog);
+    });
+    PressOnPage(Qt::Key_K, Qt::ControlModifier);
+    EXPECT_TRUE(WaitUntil([&] {
+        return TextOf(kDog, "##") ==
+               "Unlike a <a href=\"zoo~Words~put(const std%3A%3Astring&amp;).html\">cat</a>;";
+    })) << TextOf(kDog, "##");
+    EXPECT_NE(chosen.find("zoo ~ Words ~ put(const std::string&)"), std::string::npos) << chosen;
+    const std::string put = "zoo~Words~put(const std%3A%3Astring&)";
+    EXPECT_EQ(FollowLinksUntil(put), put);
+}
+
+TEST_F(LinkJourneyTest, APageWhoseNameHoldsAQuestionMarkIsReached) {
+    mFolder.Write("zoo/herd.rb", "class Herd\n  def empty?\n  end\nend\n");
+    WriteOnDog("Unlike a cat");
+    SelectLetters(9, 3, "cat");
+    ExpectLinkTo("empty?");
+    PressOnPage(Qt::Key_K, Qt::ControlModifier);
+    EXPECT_TRUE(WaitUntil([&] {
+        return TextOf(kDog, "##") == "Unlike a <a href=\"zoo~Herd~empty%3F.html\">cat</a>;";
+    })) << TextOf(kDog, "##");
+    EXPECT_EQ(FollowLinksUntil("zoo~Herd~empty?"), "zoo~Herd~empty?");
+}
+
+TEST_F(LinkJourneyTest, EnterBehindATextThatMatchesNothingLeavesTheDialogOpen) {
+    WriteOnDog("Unlike a cat");
+    SelectLetters(9, 3, "cat");
+    ExpectSteps([&](QDialog& dialog) {
+        auto* field = FieldOf(dialog, "Find an item");
+        ASSERT_TRUE(field);
+        QTest::keyClicks(field, "Purr");
+        QTest::keyClick(field, Qt::Key_Return);
+        field->selectAll();
+        QTest::keyClicks(field, "unicorn");
+        for (int time = 0; time < 3; ++time) {
+            QTest::keyClick(field, Qt::Key_Return);
+            EXPECT_TRUE(dialog.isVisible()) << time;
+        }
+        dialog.reject();
+    });
+    mWindow->GetAction("Link")->trigger();
+    Settle();
+    EXPECT_EQ(TextOf(kDog, "##"), "Unlike a cat;");
+}
+
+TEST_F(LinkJourneyTest, AnAddressThatWasNeverWrittenIsAskedAbout) {
+    WriteOnDog("Unlike a cat");
+    SelectLetters(9, 3, "cat");
+    ExpectSteps([&](QDialog& dialog) {
+        WriteURL(dialog, "http://");
+        mDialogs.ExpectBox("No");
+        PressOK(dialog);
+        EXPECT_NE(mDialogs.GetText().find("Nothing stands behind \"http://\"."), std::string::npos)
+            << mDialogs.GetText();
+        EXPECT_TRUE(dialog.isVisible());
+        dialog.reject();
+    });
+    mWindow->GetAction("Link")->trigger();
+    Settle();
+    EXPECT_EQ(TextOf(kDog, "##"), "Unlike a cat;");
 }
 
 TEST_F(LinkJourneyTest, ACancelledDialogLeavesTheText) {

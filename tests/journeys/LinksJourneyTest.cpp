@@ -57,6 +57,17 @@ TEST_F(LinksJourneyTest, NoLinkOfTheExampleLeadsNowhere) {
     EXPECT_TRUE(Contains(Do({"links", project}), ", none leads nowhere.\n"));
 }
 
+TEST_F(LinksJourneyTest, LongAddressesAreShortenedForPeopleOnly) {
+    const std::string many(100'000, 'a');
+    const std::string project = Zoo("<a href=\"" + many + "z.html\">" + many + "</a>");
+    const ProgramResult result = mProgram.Run({"links", project});
+    EXPECT_EQ(result.ExitCode, 1);
+    EXPECT_LT(result.Out.size(), 1500u);
+    EXPECT_TRUE(Contains(result.Out, "az.html\n"));
+    const ProgramResult json = mProgram.Run({"links", project, "--json"});
+    EXPECT_TRUE(Contains(json.Out, many + "z.html"));
+}
+
 TEST_F(LinksJourneyTest, ALinkToAnItemThatWasRenamedIsFound) {
     const std::string project = CopyOfExample();
     EXPECT_EQ(DoJson({"links", project})["nowhere"], 0);

@@ -85,6 +85,34 @@ TEST_F(LinksWindowTest, WhatIsWrittenMeanwhileCountsWhenItIsCheckedAgain) {
     EXPECT_FALSE(dialog.isVisible());
 }
 
+TEST_F(LinksWindowTest, AnAddressOfAnyLengthLeavesTheDialogAsLargeAsItIs) {
+    const std::string many(100'000, 'a');
+    OpenZooWith(CommentOn(kCat, Link(many + ".html", many)) + CommentOn(kDog, Link("#", "here")));
+    LinksDialog& dialog = Open();
+    const QSize size = dialog.size();
+    List(dialog).setCurrentItem(List(dialog).topLevelItem(0));
+    Settle();
+    EXPECT_EQ(dialog.size(), size);
+    EXPECT_LE(dialog.minimumSizeHint().width(), size.width());
+    EXPECT_NE(Told(dialog, "Problem").find("There is no item"), std::string::npos);
+}
+
+TEST_F(LinksWindowTest, WhatWasSaidOfAnItemThatIsGoneGoesWithTheNextJump) {
+    OpenZooWith(CommentOn("zoo~animals~Emu", Link("zoo~animals~Gone.html", "one")) +
+                CommentOn(kCat, Link("zoo~animals~Gone.html", "two")));
+    LinksDialog& dialog = Open();
+    ASSERT_EQ(List(dialog).topLevelItemCount(), 2);
+    const auto goTo = [&](int row) {
+        List(dialog).setCurrentItem(List(dialog).topLevelItem(row));
+        Click(dialog, "GoTo");
+    };
+    goTo(1);
+    EXPECT_NE(Status().find("This item is gone"), std::string::npos) << Status();
+    goTo(0);
+    EXPECT_TRUE(WaitUntil([&] { return Selected() == kCat; })) << Selected();
+    EXPECT_EQ(Status().find("This item is gone"), std::string::npos) << Status();
+}
+
 TEST_F(LinksWindowTest, ItIsReachedByTheKeyboardAndGoesWithItsProject) {
     OpenZoo();
     const QAction* action = mWindow->GetAction("CheckLinks");

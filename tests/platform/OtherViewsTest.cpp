@@ -198,6 +198,21 @@ TEST_F(OtherViewsTest, LabelsAreTheBuddiesAndNamesOfTheirFields) {
     EXPECT_EQ(name->GetText() + notes->GetText(), "atwo");
 }
 
+TEST_F(OtherViewsTest, InSentencesAnAmpersandIsALetter) {
+    auto page = MakeRef<Container>("page");
+    auto told = page->Controls.Make<Label>("lblTold");
+    told->SetWordWrap(true);
+    told->SetCaption("put(const std::string&)");
+    auto name = page->Controls.Make<TextBox>("txtName");
+    page->SetLayout(FormLayout::Column({FormLayout::Item(told), FormLayout::Item(name)}));
+    auto* view = Show<ContainerView>(page);
+    const auto* label = qobject_cast<QLabel*>(view->ViewOf(told));
+    ASSERT_TRUE(label);
+    // A buddy makes a mnemonic of it, which is not drawn.
+    EXPECT_EQ(label->buddy(), nullptr);
+    EXPECT_EQ(label->text(), QString("put(const std::string&)"));
+}
+
 TEST_F(OtherViewsTest, FieldsFollowTheirModelsAndTheirModelsThem) {
     auto page = MakeRef<Container>("page");
     auto box = page->Controls.Make<CheckBox>("chk");

@@ -46,9 +46,9 @@ protected:
 
 TEST_F(LinksTest, AClickTellsWhereTheLinkLeads) {
     mEdit->SetBaseURL("file:///out/the%20pages");
-    EXPECT_EQ(Clicked("zoo~animals.html"), "file:///out/the pages/zoo~animals.html");
-    EXPECT_EQ(Clicked("#remarks"), "file:///out/the pages/#remarks");
-    EXPECT_EQ(Clicked("zoo~operator%3C.html"), "file:///out/the pages/zoo~operator<.html");
+    EXPECT_EQ(Clicked("zoo~animals.html"), "file:///out/the%20pages/zoo~animals.html");
+    EXPECT_EQ(Clicked("#remarks"), "file:///out/the%20pages/#remarks");
+    EXPECT_EQ(Clicked("zoo~operator%3C.html"), "file:///out/the%20pages/zoo~operator%3C.html");
     EXPECT_EQ(Clicked("http://example.org/a%20b?c=d#e"), "http://example.org/a%20b?c=d#e");
 }
 
@@ -92,8 +92,10 @@ TEST(LinkAddressTest, AddressesAreResolvedAsABrowserDoes) {
     EXPECT_EQ(resolved("", "a~b.html"), "file:///a~b.html");
     EXPECT_EQ(resolved("file:///o/", "../a.html"), "file:///a.html");
     EXPECT_EQ(resolved("file:///o/", "#"), "file:///o/#");
-    EXPECT_EQ(resolved("file:///o/", "n%C3%A4her.html#k%20l"), "file:///o/näher.html#k l");
-    EXPECT_EQ(resolved("file:///o/", "operator%.html"), "file:///o/operator%.html");
+    EXPECT_EQ(resolved("file:///o/", "n%C3%A4her.html#k%20l"), "file:///o/n%C3%A4her.html#k%20l");
+    EXPECT_EQ(resolved("file:///o/", "f(a%3A%3Ab,c<d>)%2F%25.html?x"),
+              "file:///o/f(a%3A%3Ab,c%3Cd%3E)%2F%25.html");
+    EXPECT_EQ(resolved("file:///o/", "operator%.html"), "file:///o/operator%25.html");
     EXPECT_EQ(resolved("file:///o/", "mailto:a@b.org"), "mailto:a@b.org");
     EXPECT_EQ(resolved("file:///o/", "javascript:alert(1)"), "javascript:alert(1)");
     EXPECT_EQ(resolved("file:///o/", "http://[bad"), "http://[bad");

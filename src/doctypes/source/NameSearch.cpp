@@ -79,11 +79,13 @@ void NameSearch::Add(const SourceIndex& index) {
     MakeSmall(mNames.data() + first, mNames.data() + mNames.size());
 }
 
-std::vector<NameSearch::Place> NameSearch::Find(std::string_view text, std::size_t most) const {
+std::vector<NameSearch::Place> NameSearch::Find(std::string_view text, std::size_t most,
+                                                const Filter& filter) const {
     // No name holds what stands between the names.
     if (most == 0 || text.find('\0') != std::string_view::npos) return {};
     Finding finding(LowerCase(text), most);
     const char* const end = mNames.data() + mNames.size();
+    std::size_t entry = 0;
     for (const char* from = mNames.data(); !finding.IsDone();) {
         const std::string& needle = finding.Needle();
         const void* hit =
@@ -93,20 +95,33 @@ std::vector<NameSearch::Place> NameSearch::Find(std::string_view text, std::size
             static_cast<std::size_t>(static_cast<const char*>(hit) - mNames.data()) +
             finding.Lead();
         if (at >= mNames.size()) break;
-        const std::size_t entry = EntryAt(at);
+        entry = EntryAt(at, entry);
         const std::size_t behind = EndOf(entry);
-        finding.Add(entry, at - mStarts[entry], behind - mStarts[entry]);
+        if (!filter || filter(PlaceOf(entry)))
+            finding.Add(entry, at - mStarts[entry], behind - mStarts[entry]);
         from = mNames.data() + behind;
     }
     std::vector<Place> places;
-    for (const std::size_t entry : finding.Take())
-        places.push_back(PlaceOf(entry));
+    for (const std::size_t taken : finding.Take())
+        places.push_back(PlaceOf(taken));
     return places;
 }
 
-std::size_t NameSearch::EntryAt(std::size_t offset) const {
-    const auto behind = std::upper_bound(mStarts.begin(), mStarts.end(), offset);
-    return static_cast<std::size_t>(behind - mStarts.begin()) - 1;
+bool NameSearch::Holds(std::string_view text) const {
+    const std::string needle = LowerCase(text);
+    return needle.find('\0') == std::string::npos &&
+           memmem(mNames.data(), mNames.size(), needle.data(), needle.size()) != nullptr;
+}
+
+std::size_t NameSearch::EntryAt(std::size_t offset, std::size_t first) const {
+    // Hits mostly stand close to each other.
+    std::size_t step = 1;
+    while (first + step < mStarts.size() && mStarts[first + step] <= offset)
+        step *= 2;
+    const auto from = mStarts.begin() + static_cast<std::ptrdiff_t>(first + step / 2);
+    const auto to =
+        mStarts.begin() + static_cast<std::ptrdiff_t>(std::min(first + step, mStarts.size()));
+    return static_cast<std::size_t>(std::upper_bound(from, to, offset) - mStarts.begin()) - 1;
 }
 
 std::size_t NameSearch::EndOf(std::size_t entry) const {

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,8 +33,14 @@ public:
 
     /// Those whose names are the text, then those that begin with it, then the others that hold it;
     /// each in the order in which they were added, at most so many in all. An empty text is held by
-    /// every name.
-    std::vector<Place> Find(std::string_view text, std::size_t most) const;
+    /// every name. Of those that a filter refuses none is given; it is asked in the order in which
+    /// they were added, about those alone that would be given without it.
+    using Filter = std::function<bool(const Place& place)>;
+    std::vector<Place> Find(std::string_view text, std::size_t most,
+                            const Filter& filter = {}) const;
+
+    /// Whether any name holds the text.
+    bool Holds(std::string_view text) const;
 
     /// How many names there are.
     std::size_t Size() const { return mStarts.size(); }
@@ -43,7 +50,8 @@ public:
 private:
     class Finding;
 
-    std::size_t EntryAt(std::size_t offset) const;
+    /// The entry whose name stands at an offset; it is that one or a later one.
+    std::size_t EntryAt(std::size_t offset, std::size_t first) const;
     std::size_t EndOf(std::size_t entry) const;
     Place PlaceOf(std::size_t entry) const;
 

@@ -1,6 +1,6 @@
 #include "host/window/ItemFinder.h"
 
-#include "foundation/Text.h"
+#include "host/ItemTitle.h"
 #include "platform/qt/ControlView.h"
 #include "platform/qt/Icons.h"
 #include "platform/qt/ViewFactory.h"
@@ -18,6 +18,10 @@ namespace paperkite {
 namespace {
 
 constexpr std::size_t kMostMatches = 50;
+/// Longer captions are cut in the middle.
+constexpr std::size_t kLongestShown = 300;
+/// A narrow field still offers rows that can be told apart.
+constexpr int kLeastLetters = 60;
 constexpr int kNameRole = Qt::UserRole + 1;
 
 class ItemFinderView : public ControlView {
@@ -39,6 +43,9 @@ public:
         mCompleter->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
         mCompleter->setMaxVisibleItems(12);
         mField->setCompleter(mCompleter);
+        mCompleter->popup()->setTextElideMode(Qt::ElideMiddle);
+        mCompleter->popup()->setMinimumWidth(kLeastLetters *
+                                             mField->fontMetrics().averageCharWidth());
         connect(mField, &QLineEdit::textEdited, this, [this](const QString& text) { Offer(text); });
         mField->installEventFilter(this);
         mCompleter->popup()->installEventFilter(this);
@@ -49,11 +56,13 @@ public:
     }
 
 protected:
-    // The return key takes the first match, once: in a dialog it must not press OK as well.
+    // The return key takes the first match, once: in a dialog it must not press OK as well. Where a
+    // text matches nothing it does nothing, as OK would take what was chosen before.
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (event->type() == QEvent::KeyPress && (watched == mField || IsPopup(watched))) {
             const int key = static_cast<QKeyEvent*>(event)->key();
-            if ((key == Qt::Key_Return || key == Qt::Key_Enter) && ChooseFirst()) return true;
+            if ((key == Qt::Key_Return || key == Qt::Key_Enter) && (ChooseFirst() || TellNothing()))
+                return true;
         }
         return ControlView::eventFilter(watched, event);
     }
@@ -67,9 +76,12 @@ private:
         mIsAsked = true;
         mMatches->clear();
         for (const ItemFinder::Match& match : mFinder->Find(text.toStdString(), kMostMatches)) {
-            const QString path =
-                QString::fromStdString(ReplaceAll(match.QualifiedName, "~", " ~ "));
-            auto* item = new QStandardItem(QString::fromStdString(match.Name) + "  —  " + path);
+            const QString row = QString::fromStdString(
+                ShortenedInMiddle(match.Caption, kLongestShown) +
+                (match.Scope.empty() ? ""
+                                     : "  —  " + ShortenedInMiddle(match.Scope, kLongestShown)));
+            auto* item = new QStandardItem(row);
+            item->setToolTip(row);
             item->setData(QString::fromStdString(match.QualifiedName), kNameRole);
             mMatches->appendRow(item);
         }
@@ -92,6 +104,13 @@ private:
         if (!mIsAsked || !index.isValid() || !index.flags().testFlag(Qt::ItemIsEnabled))
             return false;
         Choose(index.data(kNameRole).toString());
+        return true;
+    }
+
+    /// Says again that nothing matches; false where something does.
+    bool TellNothing() {
+        if (!mIsAsked || mField->text().isEmpty()) return false;
+        mCompleter->complete();
         return true;
     }
 

@@ -17,7 +17,9 @@ class ItemFinder : public Control {
 public:
     /// One item that is offered.
     struct Match {
-        std::string Name;
+        std::string Caption;
+        /// What it stands in.
+        std::string Scope;
         std::string QualifiedName;
     };
     using Search = std::function<std::vector<Match>(const std::string& text, std::size_t most)>;

@@ -1,7 +1,8 @@
 #include "host/window/LinkForm.h"
 
 #include "foundation/Services.h"
-#include "foundation/Unicode.h"
+#include "foundation/Text.h"
+#include "host/ItemTitle.h"
 #include "host/LinkCheck.h"
 #include "host/LinkHazard.h"
 #include "widgets/DialogButtons.h"
@@ -16,17 +17,17 @@ constexpr std::size_t kMostShown = 200;
 constexpr int kWidth = 760;
 constexpr int kHeight = 540;
 
+constexpr std::string_view kPageEnding = ".html";
+
 } // namespace
 
 LinkForm::LinkForm(ProjectSession& session, const LinkRequest& request, const std::string& item)
-    : Form("LinkForm") {
+    : Form("LinkForm"), mSession(session) {
     SetCaption(request.DialogCaption.empty() ? kTitle : request.DialogCaption);
     Move(0, 0, kWidth, kHeight);
     lblExisting = Controls.Make<Label>("lblExisting");
     lblExisting->SetWordWrap(true);
     lblExisting->SetVisible(!request.ExistingLink.empty());
-    lblExisting->SetCaption("The link leads to “" + Shortened(request.ExistingLink, kMostShown) +
-                            "” now.");
     Links = Controls.Make<LinkBuilder>("Links");
     Members = MakeRef<MemberChooser>("Members", session);
     Links->MemberExplorerPlace->Controls.Add(Members);
@@ -43,6 +44,10 @@ LinkForm::LinkForm(ProjectSession& session, const LinkRequest& request, const st
     Links->Initialize(request.GetCaption, false, request.ShowExternalLinkTypes, request.TipPrefix,
                       request.TipPrefix, request.AddHTMLExtension, request.Caption);
     const std::string target = LinkCheck(*session.GetProvider()).ItemOfLink(request.ExistingLink);
+    const auto led = target.empty() ? Ref<Object>() : session.GetProvider()->GetItem(target);
+    lblExisting->SetCaption(
+        "The link leads to “" +
+        ShortenedInMiddle(led ? ItemPath(*led) : request.ExistingLink, kMostShown) + "” now.");
     Members->Choose(target.empty() ? item : target);
 }
 
@@ -79,12 +84,20 @@ void LinkForm::ProposeCaption() {
 void LinkForm::cmdOK_Click() {
     Procedure(*this, "cmdOK_Click", [&](Frame&) {
         if (!Links->Validate()) return;
-        const std::string link = Links->GetLinkhRef();
+        const std::string link = AsAddress(Links->GetLinkhRef());
         if (!IsWanted(link)) return;
         mLink = link;
         mLinkCaption = Links->GetLinkCaption();
         Hide();
     });
+}
+
+// Behind "?" and "#" an address names something else than its page.
+std::string LinkForm::AsAddress(const std::string& link) const {
+    if (!link.ends_with(kPageEnding)) return link;
+    const std::string name = link.substr(0, link.size() - kPageEnding.size());
+    if (!mSession.GetProvider()->Exists(name)) return link;
+    return ReplaceAll(ReplaceAll(link, "?", "%3F"), "#", "%23");
 }
 
 // A link that is not what it seems goes into a comment only when the author knows.

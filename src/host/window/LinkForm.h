@@ -47,8 +47,11 @@ private:
     void LayOut();
     void ProposeCaption();
     void cmdOK_Click();
+    /// The address of a page whose name may hold what ends a path.
+    std::string AsAddress(const std::string& link) const;
     bool IsWanted(const std::string& link) const;
 
+    ProjectSession& mSession;
     std::string mLink;
     std::string mLinkCaption;
     std::vector<Connection> mConnections;

@@ -1,5 +1,6 @@
 #include "host/window/LinksDialog.h"
 
+#include "host/ItemTitle.h"
 #include "host/window/DialogParts.h"
 #include "platform/qt/Icons.h"
 
@@ -29,11 +30,14 @@ constexpr int kProblemLines = 2;
 /// More than anybody reads.
 constexpr std::size_t kMostRows = 5000;
 /// Longer addresses are cut in rows.
-constexpr qsizetype kLongestShown = 300;
+constexpr std::size_t kLongestShown = 300;
+/// Longer words are broken between lines.
+constexpr int kLongestWord = 40;
+constexpr char16_t kZeroWidthSpace = 0x200B;
 
 QString OneLine(const std::string& text) {
     const QString line = QString::fromStdString(text).simplified();
-    return line.size() <= kLongestShown ? line : line.left(kLongestShown) + QStringLiteral("…");
+    return QString::fromStdString(ShortenedInMiddle(line.toStdString(), kLongestShown));
 }
 
 QString GoalOf(const LinkCheck::Link& link) {
@@ -55,6 +59,19 @@ QString GoalOf(const LinkCheck::Link& link) {
     return QObject::tr("Leads nowhere. %1").arg(QString::fromStdString(link.Problem));
 }
 
+/// A text whose long words may be broken where a line ends.
+QString Breakable(const QString& text) {
+    QString out;
+    int letters = 0;
+    for (const QChar letter : text) {
+        letters = letter.isSpace() ? 0 : letters + 1;
+        out += letter;
+        if (letters % kLongestWord == 0 && letters > 0 && !letter.isHighSurrogate())
+            out += QChar(kZeroWidthSpace);
+    }
+    return out;
+}
+
 } // namespace
 
 LinksDialog::LinksDialog(Workspace& workspace, QWidget* parent)
@@ -72,6 +89,8 @@ LinksDialog::LinksDialog(Workspace& workspace, QWidget* parent)
     mProblem->setWordWrap(true);
     mProblem->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     mProblem->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    // Names and addresses have no blanks to break at; the dialog does not grow with them.
+    mProblem->setMinimumWidth(1);
     mProblem->setMinimumHeight(kProblemLines * mProblem->fontMetrics().lineSpacing());
     column->addWidget(mProblem);
     mResult = new QLabel(this);
@@ -215,7 +234,7 @@ void LinksDialog::ShowNote() {
 
 void LinksDialog::ShowChosen() {
     const LinkCheck::Link* link = LinkOf(mList->currentItem());
-    mProblem->setText(link ? GoalOf(*link) : QString());
+    mProblem->setText(link ? Breakable(GoalOf(*link)) : QString());
     mGoTo->setEnabled(link != nullptr);
 }
 

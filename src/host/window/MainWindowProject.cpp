@@ -1,6 +1,7 @@
 #include "host/window/MainWindow.h"
 
 #include "host/CommentHistory.h"
+#include "host/ItemTitle.h"
 #include "host/window/BackgroundReading.h"
 #include "host/window/CoverageStatus.h"
 #include "host/window/FindDialog.h"
@@ -142,8 +143,10 @@ void MainWindow::AddFinder() {
     mFinder->SetSearch([this](const std::string& text, std::size_t most) {
         const ProjectSession& session = mWorkspace->GetSession();
         std::vector<ItemFinder::Match> matches;
-        for (const std::string& name : session.FindByName(text, most))
-            matches.push_back({session.GetProvider()->GetItem(name)->Get("Name").ToText(), name});
+        for (const std::string& name : session.FindByName(text, most)) {
+            const auto item = session.GetProvider()->GetItem(name);
+            matches.push_back({ItemCaption(*item), ItemScope(*item), name});
+        }
         return matches;
     });
     ShowWhetherAll();

@@ -57,6 +57,8 @@ void MainWindow::FindNextInComments() {
 }
 
 void MainWindow::ShowHit(const std::string& item, const SearchOptions& options) {
+    // What was said of the one before.
+    statusBar()->clearMessage();
     if (!mWorkspace->GetSession().GetProvider()->Exists(item)) {
         statusBar()->showMessage(tr("This item is gone from the code; its comments are under "
                                     "Homeless Comments."),

@@ -1,7 +1,7 @@
 #include "host/window/MemberChooser.h"
 
 #include "foundation/ScopeExit.h"
-#include "foundation/Text.h"
+#include "host/ItemTitle.h"
 
 namespace paperkite {
 
@@ -11,6 +11,8 @@ constexpr const char* kNothingChosen =
     "Type a part of a name above, or choose an item in the tree.";
 constexpr const char* kNoItems =
     "This project has no items of the wanted kind. Cancel, and type the name of the topic.";
+/// Longer ones are cut in the middle.
+constexpr std::size_t kLongestShown = 300;
 
 } // namespace
 
@@ -20,9 +22,10 @@ MemberChooser::MemberChooser(std::string name, ProjectSession& session, bool any
     finder->SetAccessibleName("Find an item to link to");
     finder->SetSearch([this](const std::string& text, std::size_t most) {
         std::vector<ItemFinder::Match> matches;
-        for (const std::string& found : mSession.FindByName(text, most))
-            matches.push_back(
-                {mSession.GetProvider()->GetItem(found)->Get("Name").ToText(), found});
+        for (const std::string& found : mSession.FindByName(text, most)) {
+            const auto item = mSession.GetProvider()->GetItem(found);
+            matches.push_back({ItemCaption(*item), ItemScope(*item), found});
+        }
         return matches;
     });
     if (session.IsPart()) finder->SetNote("Not all source code was read yet; there may be more");
@@ -90,8 +93,9 @@ void MemberChooser::Take(const std::string& qualifiedName, bool isShown) {
 
 void MemberChooser::Tell(bool isShown) {
     if (mChosen.empty()) return lblChosen->SetCaption(mAnyItems ? kNothingChosen : kNoItems);
-    std::string text =
-        (mTipPrefix.empty() ? "Chosen:" : mTipPrefix) + " " + ReplaceAll(mChosen, "~", " ~ ");
+    const auto item = mSession.GetProvider()->GetItem(mChosen);
+    std::string text = (mTipPrefix.empty() ? "Chosen:" : mTipPrefix) + " " +
+                       ShortenedInMiddle(item ? ItemPath(*item) : mChosen, kLongestShown);
     if (!isShown) text += " (the tree does not show it with the options of the View menu)";
     lblChosen->SetCaption(text);
     Tree.tvwProject->SetToolTipText(text);

@@ -53,9 +53,10 @@ private:
     }
 };
 
+// A label that wraps tells something in words, in which "&" may be a letter.
 bool IsCaption(const Ref<Control>& control) {
     const auto label = control.As<Label>();
-    return label && label->GetCaption().find('&') != std::string::npos;
+    return label && !label->GetWordWrap() && label->GetCaption().find('&') != std::string::npos;
 }
 
 void MakeBuddies(QLabel& label, QWidget& field) {

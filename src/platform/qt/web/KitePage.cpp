@@ -41,7 +41,7 @@ void KitePage::Show(const QUrl& url) {
 bool KitePage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) {
     if (isMainFrame && url == mOwn) return true;
     if (isMainFrame && type == NavigationTypeLinkClicked && LinkClicked)
-        LinkClicked(url.toString());
+        LinkClicked(url.toString(QUrl::FullyEncoded));
     return false;
 }
 
