@@ -212,6 +212,12 @@ void AddTextGestures(LayoutList& list) {
     list.Owner = "HtmlEdit";
     list.Add("UserPoint", [](auto&, auto& s) { s.Point("p"); });
     list.Add("UserDocumentTouched", [](auto&, auto& s) { s.Text().UserDocumentTouched(true); });
+    list.Add("UserPartCopied", [](auto&, auto& s) {
+        s.Text().UserPartCopied("page", "<span id=\"metaspanstart1\"></span>");
+    });
+    list.Add("UserPartPasted", [](auto&, auto& s) {
+        s.Text().UserPartPasted("page", "x<span id=\"metaspanstart1\"></span>y");
+    });
     list.Add(
         "UserSourceChanged",
         [](auto&, auto& s) {
