@@ -11,13 +11,12 @@ namespace paperkite {
 
 namespace {
 
+constexpr std::string_view kPageEnding = ".html";
 constexpr const char* kTitle = "Link";
 /// Long enough for any address that people read.
 constexpr std::size_t kMostShown = 200;
 constexpr int kWidth = 760;
 constexpr int kHeight = 540;
-
-constexpr std::string_view kPageEnding = ".html";
 
 } // namespace
 

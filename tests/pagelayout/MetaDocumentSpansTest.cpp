@@ -5,9 +5,9 @@
 namespace paperkite::test {
 namespace {
 
-class MetaDocumentEditorTest : public MetaDocumentEditFixture {};
+class MetaDocumentSpansTest : public MetaDocumentEditFixture {};
 
-TEST_F(MetaDocumentEditorTest, ACommentLikeThoseOfTheEditorStaysTheAuthors) {
+TEST_F(MetaDocumentSpansTest, ACommentLikeThoseOfTheEditorStaysTheAuthors) {
     const std::string head = "<!--KITEMETADATA start type=\"a\"-->x<!--KITEMETADATA end-->";
     mEdit.SetDocumentHTML(
         "<html><head>" + head +
@@ -18,7 +18,7 @@ TEST_F(MetaDocumentEditorTest, ACommentLikeThoseOfTheEditorStaysTheAuthors) {
     EXPECT_NE(html.find(head), std::string::npos) << html;
 }
 
-TEST_F(MetaDocumentEditorTest, BlocksInTheTextOfAnElementStayInIt) {
+TEST_F(MetaDocumentSpansTest, BlocksInTheTextOfAnElementStayInIt) {
     for (const char* text : {"<p>block</p>", "<div>d</div> t", "a</span>x", "<a href=\"#b\">c</a>",
                              "&quot;\"<b>x</b>"}) {
         const std::string element =
@@ -30,7 +30,7 @@ TEST_F(MetaDocumentEditorTest, BlocksInTheTextOfAnElementStayInIt) {
     }
 }
 
-TEST_F(MetaDocumentEditorTest, WhatStandsAroundTheRootIsReadBackAndShownInTheSourceView) {
+TEST_F(MetaDocumentSpansTest, WhatStandsAroundTheRootIsReadBackAndShownInTheSourceView) {
     const std::string front = "<!DOCTYPE html>\n<!-- ours -->\n";
     mEdit.SetDocumentHTML(front + Page("<p>a</p>") + "\n<!-- end -->");
     EXPECT_TRUE(mEdit.GetDocumentHTML().starts_with(front + "<html>"));
@@ -45,7 +45,7 @@ TEST_F(MetaDocumentEditorTest, WhatStandsAroundTheRootIsReadBackAndShownInTheSou
     EXPECT_TRUE(mEdit.GetDocumentHTML().ends_with("</html>\n<!-- tail -->"));
 }
 
-TEST_F(MetaDocumentEditorTest, ALayoutWithSpansOfItsOwnIsRefusedWithAWayOut) {
+TEST_F(MetaDocumentSpansTest, ALayoutWithSpansOfItsOwnIsRefusedWithAWayOut) {
     Open("<p>" + kNameTag + "</p>");
     EXPECT_FALSE(mEdit.SetDocumentHTML(Page("<p><span id=\"metaspanstart1\">x</span></p>")));
     EXPECT_NE(Messages().find("give it another id"), std::string::npos);
@@ -59,7 +59,7 @@ TEST_F(MetaDocumentEditorTest, ALayoutWithSpansOfItsOwnIsRefusedWithAWayOut) {
     Reports();
 }
 
-TEST_F(MetaDocumentEditorTest, WhatIsPastedFromAnotherLayoutBringsItsElements) {
+TEST_F(MetaDocumentSpansTest, WhatIsPastedFromAnotherLayoutBringsItsElements) {
     Open("<p>" + kKindTag + "</p>");
     const std::string copied = "<p>K <span id=\"metaspanstart1\"></span>!</p>";
     mEdit.dedDocument->UserPartCopied("first", copied);
