@@ -6,6 +6,7 @@
 #include "host/window/TopicForm.h"
 #include "journeys/PageTest.h"
 #include "platform/qt/FormView.h"
+#include "support/EnvironmentChange.h"
 
 #include <QAbstractItemView>
 #include <QAction>
@@ -218,6 +219,8 @@ TEST_P(ShownWindowsTest, TheTopicDialog) {
 }
 
 TEST_P(ShownWindowsTest, TheLayoutWindowInItsThreeViews) {
+    // A picture says nothing of the machine that it was made on.
+    const EnvironmentChange home("HOME", PAPERKITE_SOURCE_DIR);
     mWindow->GetAction("PageLayouts")->trigger();
     auto* layouts = mWindow->GetLayoutWindow();
     ASSERT_TRUE(layouts);

@@ -10,6 +10,7 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QDir>
 #include <QFileDialog>
 #include <QLabel>
 #include <QMessageBox>
@@ -35,6 +36,12 @@ std::string AddressOf(const std::string& folder) {
     return QUrl::fromLocalFile(QString::fromStdString(folder + "/"))
         .toString(QUrl::FullyEncoded)
         .toStdString();
+}
+
+/// A path as people write it, with "~" for their own folder.
+QString WithHome(const QString& path) {
+    const QString home = QDir::homePath() + '/';
+    return home.size() > 1 && path.startsWith(home) ? "~/" + path.mid(home.size()) : path;
 }
 
 } // namespace
@@ -231,7 +238,9 @@ void LayoutWindow::ShowTitle() {
     setWindowTitle(name + "[*] — Paperkite");
     setWindowModified(isDirty);
     mModified->setText(isDirty ? tr("Modified") : QString());
-    mPath->setText(mFile ? QString::fromStdString(mFile->GetPath()) : QString());
+    const QString path = mFile ? QString::fromStdString(mFile->GetPath()) : QString();
+    mPath->setText(WithHome(path));
+    mPath->setToolTip(path);
     const auto& provider = mEdit->GetSpanProvider();
     const int count = provider ? static_cast<int>(provider->Elements.Count()) : 0;
     mCount->setText(
