@@ -181,9 +181,21 @@ std::string Reread(const std::string& html) {
     return MakeHTMLDOMFactory()->CreateFromString(html, {})->GetDocumentElement()->GetOuterHTML();
 }
 
+/// A quick look, preformatted text or not.
+bool HoldsOddLineBehindComment(std::string_view text) {
+    constexpr std::string_view kLineBehind = "-->\n";
+    for (std::size_t at = text.find(kLineBehind); at != std::string_view::npos;
+         at = text.find(kLineBehind, at + 1)) {
+        const std::size_t line = at + kLineBehind.size();
+        if ((std::min(text.find_first_not_of(' ', line), text.size()) - line) % 2 == 1) return true;
+    }
+    return false;
+}
+
 /// Lines behind a comment get one blank more the second time than the first, and no more after
 /// that. Without the odd blank tidying again changes nothing.
 std::string WithEvenLinesBehindComments(const std::string& text) {
+    if (!HoldsOddLineBehindComment(text)) return text;
     std::string even;
     std::size_t written = 0;
     bool isPreformatted = false;
