@@ -72,6 +72,7 @@ TEST_F(HeaderBarTest, TurnedOffUnderThePointerItStaysHotUntilTheNextLeave) {
     mBar.SetHotTracking(true);
     mBar.UserMouseMove(0, 0, 5, 5);
     mBar.SetHotTracking(false);
+    EXPECT_FALSE(mBar.GetHotTracking());
     ExpectHot(true);
     mBar.ioeTracking.UserLeave();
     ExpectHot(false);
