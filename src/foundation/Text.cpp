@@ -74,9 +74,12 @@ std::size_t FindIgnoringCase(std::string_view text, std::string_view wanted, std
     if (from > text.size()) return std::string_view::npos;
     if (wanted.empty()) return from;
     const char cases[] = {Lower(wanted[0]), Upper(wanted[0])};
-    const std::string_view first(cases, cases[0] == cases[1] ? 1 : 2);
-    for (std::size_t at = text.find_first_of(first, from); at != std::string_view::npos;
-         at = text.find_first_of(first, at + 1)) {
+    const auto next = [&](std::size_t behind) {
+        // One character is found many bytes at a time.
+        return cases[0] == cases[1] ? text.find(cases[0], behind)
+                                    : text.find_first_of(std::string_view(cases, 2), behind);
+    };
+    for (std::size_t at = next(from); at != std::string_view::npos; at = next(at + 1)) {
         if (text.size() - at < wanted.size()) break;
         if (EqualIgnoringCase(text.substr(at, wanted.size()), wanted)) return at;
     }

@@ -28,13 +28,19 @@ std::size_t PositionOf(const std::string& text) {
     return number < 1 ? 0 : static_cast<std::size_t>(number);
 }
 
-/// The last place of a text from a position on, or npos. Scripts and examples hold it too.
-std::size_t LastIgnoringCase(const std::string& text, std::string_view wanted, std::size_t from) {
-    std::size_t last = std::string::npos;
-    for (std::size_t at = FindIgnoringCase(text, wanted, from); at != std::string::npos;
-         at = FindIgnoringCase(text, wanted, at + 1))
-        last = at;
-    return last;
+/// The last place of a tag from a position on, or npos. Scripts and examples hold it too.
+std::size_t LastTag(const std::string& html, std::string_view start, std::size_t from) {
+    for (std::size_t at = html.rfind('<'); at != std::string::npos && at >= from;
+         at = html.rfind('<', at - 1)) {
+        if (EqualIgnoringCase(std::string_view(html).substr(at, start.size()), start)) return at;
+        if (at == 0) break;
+    }
+    return std::string::npos;
+}
+
+/// Where the body ends, or the document; npos where neither does.
+std::size_t EndOfBody(const std::string& html, std::size_t from) {
+    return std::min(LastTag(html, "</body", from), LastTag(html, "</html", from));
 }
 
 /// The whole text as a number; error 13 where it is none.
@@ -66,9 +72,7 @@ std::size_t LengthOfEmptySpan(std::string_view html, std::size_t at, const std::
 }
 
 bool HoldsSpanBehindBody(const std::string& html) {
-    const std::size_t end =
-        std::min(LastIgnoringCase(html, "</body", 0), LastIgnoringCase(html, "</html", 0));
-    return html.find(kSpanTag, end) != std::string::npos;
+    return html.find(kSpanTag, EndOfBody(html, 0)) != std::string::npos;
 }
 
 // Behind the body a text area or a script is no place where spans are found, and what stands for
@@ -185,8 +189,7 @@ std::string MetaDocumentEdit::KeepUntouchedSpans(const std::string& html,
                                                  KeptElements& kept) const {
     // Outside of the body a comment belongs to nothing that is written.
     const std::size_t body = FindIgnoringCase(html, "<body");
-    const std::size_t end =
-        std::min(LastIgnoringCase(html, "</body", body), LastIgnoringCase(html, "</html", body));
+    const std::size_t end = EndOfBody(html, body);
     std::string text;
     std::size_t from = 0;
     for (std::size_t at = html.find(kSpanTag, body); at < end; at = html.find(kSpanTag, at + 1)) {

@@ -56,6 +56,17 @@ TEST(Text, LettersOutsideAsciiKeepTheirCase) {
     EXPECT_FALSE(EqualIgnoringCase("äb", "Äb"));
 }
 
+TEST(Text, FindsAnyCaseFromAPositionOn) {
+    EXPECT_EQ(FindIgnoringCase("one ONE", "One", 0), 0u);
+    EXPECT_EQ(FindIgnoringCase("one ONE", "one", 1), 4u);
+    EXPECT_EQ(FindIgnoringCase("a < </BODY> </body>", "</body", 0), 4u);
+    EXPECT_EQ(FindIgnoringCase("a < </BODY> </body>", "</body", 5), 12u);
+    EXPECT_EQ(FindIgnoringCase("</bod", "</body", 0), std::string::npos);
+    EXPECT_EQ(FindIgnoringCase("text", "", 4), 4u);
+    EXPECT_EQ(FindIgnoringCase("text", "", 5), std::string::npos);
+    EXPECT_EQ(FindIgnoringCase("text", "t", std::string::npos), std::string::npos);
+}
+
 TEST(Text, NumbersReadBackAsTheyWere) {
     EXPECT_EQ(NumberText(1), "1");
     EXPECT_EQ(NumberText(0.1), "0.1");
