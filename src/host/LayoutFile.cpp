@@ -50,9 +50,10 @@ std::optional<FileProblem> LayoutFile::Read() {
     return {};
 }
 
-bool LayoutFile::IsAsRead() const {
+std::optional<std::string> LayoutFile::ChangedBytes() const {
     std::string present;
-    return mTemplate->ReadLayout(*mLayout, present) || present == mBytes;
+    if (mTemplate->ReadLayout(*mLayout, present) || present == mBytes) return {};
+    return present;
 }
 
 std::optional<FileProblem> LayoutFile::Write(const std::string& text, Others others) {

@@ -23,8 +23,9 @@ public:
     std::optional<FileProblem> Read();
     /// What is edited.
     const std::string& GetText() const { return mText; }
-    /// False where the file is not any more what was read or written last.
-    bool IsAsRead() const;
+    /// What the file holds now, where that is not what was read or written last.
+    std::optional<std::string> ChangedBytes() const;
+    bool IsAsRead() const { return !ChangedBytes(); }
 
     enum class Others { Keep, Replace };
     /// Writes safely. A file that somebody else changed since it was read is a problem of the

@@ -61,6 +61,7 @@ TEST_F(LayoutFileTest, GivesTheTextWithoutItsByteOrderMark) {
     EXPECT_TRUE(mFile.IsAsRead());
     mFolder.Write(kFile, kOld);
     EXPECT_FALSE(mFile.IsAsRead());
+    EXPECT_EQ(mFile.ChangedBytes(), kOld);
 }
 
 TEST_F(LayoutFileTest, LineEndsOfTwoCharactersComeBackAndMixedOnesAreLeftAlone) {

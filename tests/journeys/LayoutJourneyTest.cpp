@@ -248,6 +248,40 @@ TEST_F(LayoutJourneyTest, AFileThatSomebodyElseChangedIsReadAgainWhereNothingWas
     EXPECT_TRUE(Window().close());
 }
 
+TEST_F(LayoutJourneyTest, WhatIsWrongWithAChangedFileIsToldOnceThoughTheBoxGivesTheFocusBack) {
+    OpenLayouts();
+    ClickLayout("L:Modern/type.html");
+    WaitForLayout();
+    WriteOnDisk(FileOf("<p>Theirs <!--KITEMETADATA start type=\"name\"--></p>"));
+    const auto activate = [&] {
+        QEvent activated(QEvent::WindowActivate);
+        QApplication::sendEvent(&Window(), &activated);
+    };
+    const auto answer = [&](QDialog& box) {
+        box.accept();
+        activate();
+    };
+    mDialogs.Expect(answer);
+    mDialogs.Expect(answer);
+    activate();
+    EXPECT_TRUE(mDialogs.AreDone());
+    WaitForLayout();
+    EXPECT_TRUE(Body().starts_with("<p>Theirs")) << Body();
+    // What cannot be shown at all stays a change, which is not written over.
+    WriteOnDisk(FileOf("<p id=\"metaspanstart1\">Foreign</p>"));
+    mDialogs.Expect(answer);
+    activate();
+    activate();
+    EXPECT_TRUE(mDialogs.AreDone());
+    EXPECT_TRUE(Body().starts_with("<p>Theirs")) << Body();
+    TypeIntoLayout("Mine ");
+    mDialogs.ExpectBox("Cancel");
+    EXPECT_FALSE(Window().Save());
+    EXPECT_NE(OnDisk().find("Foreign"), std::string::npos);
+    mDialogs.ExpectBox("Discard");
+    EXPECT_TRUE(Window().close());
+}
+
 TEST_F(LayoutJourneyTest, ABrokenTagIsToldInEveryView) {
     const std::string broken = "<p><!--KITEMETADATA start type=\"name\"-->x</p>\n"
                                "<p><!--KITEMETADATA end-->y<!--KITEMETADATA end--></p>";

@@ -191,6 +191,7 @@ bool LayoutWindow::Open(const Place& place) {
     }
     if (!Show(*file)) return false;
     mFile = std::move(file);
+    mChangesSeen.reset();
     mTagMistakes = ParsedLayout(mFile->GetText())->GetParseErrors();
     if (!IsServed(mPreviewItem)) mPreviewItem = FindItem();
     CheckTags();
@@ -346,10 +347,16 @@ bool LayoutWindow::MayGiveUp() {
 }
 
 bool LayoutWindow::event(QEvent* event) {
-    if (event->type() == QEvent::WindowActivate && mFile && !mEdit->GetDirty() &&
-        !mFile->IsAsRead())
-        Open({mFile->GetTemplate(), mFile->GetLayout()});
+    if (event->type() == QEvent::WindowActivate && mFile && !mEdit->GetDirty()) ReadChanges();
     return QMainWindow::event(event);
+}
+
+// Once for each change: the message that tells what is wrong with it gives the focus back here.
+void LayoutWindow::ReadChanges() {
+    const auto changed = mFile->ChangedBytes();
+    if (!changed || changed == mChangesSeen) return;
+    mChangesSeen = changed;
+    Open({mFile->GetTemplate(), mFile->GetLayout()});
 }
 
 void LayoutWindow::closeEvent(QCloseEvent* event) {

@@ -11,6 +11,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -83,6 +84,8 @@ private:
     void FillList();
     void ChooseNode(const Ref<TreeNode>& node);
     bool Open(const Place& place);
+    /// Shows what another program wrote into the file.
+    void ReadChanges();
     /// Puts a layout into the editor; false where it was told that this cannot be.
     bool Show(const LayoutFile& file);
     /// Without a text, that the layout cannot be written where that is so.
@@ -113,6 +116,7 @@ private:
     Ref<Label> mPreviewNote;
     std::unordered_map<std::string, Place> mPlaces;
     std::unique_ptr<LayoutFile> mFile;
+    std::optional<std::string> mChangesSeen;
     std::string mPreviewItem;
     bool mChoosing = false;
     /// What is wrong with tags of the layout, a line each.
