@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <unordered_map>
 
 namespace paperkite {
 
@@ -48,10 +49,26 @@ bool LooksLikeAnItem(std::string_view text) {
            text.find_first_of("\r\n") == std::string_view::npos;
 }
 
-std::string NoItem(const std::string& name) {
-    return "There is no item \"" + Shown(name) +
-           "\" in this project. It may have been renamed or removed: link to another item, or take "
-           "the link away.";
+void MissItem(LinkCheck::Link& link, const std::string& name) {
+    link.MissingItem = name;
+    link.Problem = "There is no item \"" + Shown(name) +
+                   "\" in this project. It may have been renamed or removed: link to another item, "
+                   "or take the link away.";
+}
+
+/// The callables of one name that take parameters.
+struct Overloads {
+    std::size_t Count = 0;
+    std::string First;
+};
+
+std::string NeedsParameters(const std::string& name, const Overloads& overloads) {
+    const std::string which =
+        overloads.Count == 1
+            ? std::string("Link to the one that takes them: ")
+            : "Link to one of the " + std::to_string(overloads.Count) + " that take them, such as ";
+    return "There is no item \"" + Shown(name) + "\" without parameters in this project. " + which +
+           "\"" + Shown(overloads.First) + "\".";
 }
 
 } // namespace
@@ -63,7 +80,27 @@ std::vector<LinkCheck::Link> LinkCheck::Check(const CommentStore& store) const {
     });
     std::stable_sort(links.begin(), links.end(),
                      [](const Link& left, const Link& right) { return left.Item < right.Item; });
+    NameOverloads(links);
     return links;
+}
+
+void LinkCheck::NameOverloads(std::vector<Link>& links) const {
+    std::unordered_map<std::string, Overloads> overloads;
+    for (const Link& link : links)
+        if (!link.MissingItem.empty()) overloads.try_emplace(link.MissingItem);
+    if (overloads.empty()) return;
+    mItems.ForEach([&](const CoverageRow& row) {
+        const std::size_t open = row.QualifiedName.find('(');
+        if (open == std::string::npos) return;
+        const auto known = overloads.find(row.QualifiedName.substr(0, open));
+        if (known != overloads.end() && known->second.Count++ == 0)
+            known->second.First = row.QualifiedName;
+    });
+    for (Link& link : links) {
+        const auto known = overloads.find(link.MissingItem);
+        if (known != overloads.end() && known->second.Count > 0)
+            link.Problem = NeedsParameters(link.MissingItem, known->second);
+    }
 }
 
 void LinkCheck::AddLinks(const std::string& item, const TaggedComment& comment,
@@ -77,6 +114,7 @@ void LinkCheck::AddLinks(const std::string& item, const TaggedComment& comment,
                          std::move(target),
                          std::move(caption),
                          Goal::Nowhere,
+                         {},
                          {},
                          {}});
     };
@@ -95,8 +133,7 @@ void LinkCheck::AddLinks(const std::string& item, const TaggedComment& comment,
         const bool isThere = mItems.Exists(name);
         if (!isThere && !LooksLikeAnItem(name)) return;
         add(name, {});
-        if (!Lead(links.back(), isThere ? name : std::string()))
-            links.back().Problem = NoItem(name);
+        if (!Lead(links.back(), isThere ? name : std::string())) MissItem(links.back(), name);
         return;
     }
     if (!mayHoldLinks || !CommentProse::IsHtml(form)) return;
@@ -136,7 +173,7 @@ void LinkCheck::JudgeFile(Link& link, const LinkTarget& target, const std::strin
     const std::string name = LastPart(PageName::Decoded(target.File));
     const bool isPage = EndsWithIgnoringCase(name, kPageEnding);
     if (isPage || name.find('~') != std::string::npos || name.find("::") != std::string::npos)
-        link.Problem = NoItem(isPage ? PageName::OfAddress(name) : name);
+        MissItem(link, isPage ? PageName::OfAddress(name) : name);
     else if (EqualIgnoringCase(path.substr(0, kWeb.size()), kWeb))
         link.Problem = "There is no file \"" + Shown(path) +
                        "\" beside the project file. If an address outside is meant, write "

@@ -32,6 +32,8 @@ public:
         Goal LeadsTo = Goal::Nowhere;
         /// The qualified name of the item that it leads to; empty for others.
         std::string LeadsToItem;
+        /// The qualified name that no item bears, where the link was meant for one.
+        std::string MissingItem;
         /// For one that leads nowhere: why, and how to mend it, in whole sentences.
         std::string Problem;
 
@@ -58,6 +60,8 @@ private:
     void JudgeFile(Link& link, const LinkTarget& target, const std::string& folder) const;
     void JudgeItem(Link& link) const;
     bool Lead(Link& link, std::string item) const;
+    /// Says of links to callables that lack their parameters which ones there are.
+    void NameOverloads(std::vector<Link>& links) const;
 
     const CoverageSource& mItems;
 };

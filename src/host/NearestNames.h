@@ -7,9 +7,8 @@
 namespace paperkite {
 
 /// Finds the names that look most like one that does not exist, by edit distance, letter case
-/// ignored. With a separator the last steps of the names count, as many as the wanted one has;
-/// "::",
-/// "." and "/" stand for it there.
+/// ignored. With a separator the last steps of the names count, as many as the wanted one has, and
+/// "::", "." and "/" stand for it there.
 class NearestNames {
 public:
     explicit NearestNames(const std::string& wanted, std::string separator = {});

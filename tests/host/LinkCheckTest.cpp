@@ -11,7 +11,8 @@ class LinkCheckTest : public HostTest {
 protected:
     LinkCheckTest() {
         mFolder.Write("zoo/keepers_namespace.h", "namespace keepers_namespace { class Feed_er {};\n"
-                                                 "int operator<(int left, int right); }\n");
+                                                 "int operator<(int left, int right);\n"
+                                                 "void Feed(int times); void Feed(char food); }\n");
         mWorkspace = std::make_unique<Workspace>(Create());
     }
 
@@ -196,6 +197,23 @@ TEST_F(LinkCheckTest, TheItemOfALinkIsFoundHoweverTheLinkIsWritten) {
     for (const char* link : {"", "#", "zoo~animals~Cow.html", "https://x.example/zoo~animals~Dog",
                              "ms-its:zoo~animals~Dog::/zoo~animals~Dog.html"})
         EXPECT_EQ(Checking().ItemOfLink(link), "") << link;
+}
+
+TEST_F(LinkCheckTest, ACallableWithoutItsParametersIsToldThoseThatThereAre) {
+    const std::string name = "zoo~keepers_namespace~Feed";
+    for (const std::string& address : {name + ".html", name, "pages/" + name + ".html#x"}) {
+        const LinkCheck::Link link = Judged(address);
+        EXPECT_EQ(link.MissingItem, name);
+        EXPECT_EQ(link.Problem,
+                  "There is no item \"" + name +
+                      "\" without parameters in this project. Link to one of the 2 that take "
+                      "them, such as \"" +
+                      name + "(int)\".");
+    }
+    EXPECT_EQ(Judged(name + "(int).html").LeadsTo, LinkCheck::Goal::Item);
+    EXPECT_EQ(Judged("zoo~keepers_namespace~Fee.html").Problem.find("parameters"),
+              std::string::npos);
+    EXPECT_EQ(Judged("zoo~animals~Dog.html").MissingItem, "");
 }
 
 TEST_F(LinkCheckTest, TextsOfTheirOwnLeadNowhereLikeScripts) {
