@@ -1,11 +1,11 @@
 #include "journeys/LayoutTest.h"
 #include "platform/qt/CodeArea.h"
 #include "support/NarrowWorld.h"
+#include "support/PageClick.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QPlainTextEdit>
-#include <QTest>
 
 #include <filesystem>
 
@@ -28,10 +28,9 @@ protected:
     }
     /// Clicks behind the first word, where the element stands.
     bool ClickElement() {
-        QTest::mouseClick(LayoutPage().GetSurface()->InputWidget(), Qt::LeftButton, {},
-                          QPoint(80, 26));
-        return WaitUntil(
-            [&] { return Edit().IsInsideMetaSpan(Edit().dedDocument->GetCurrentElement()); });
+        return ClickUntil(LayoutPage().GetSurface()->InputWidget(), QPoint(80, 26), [&] {
+            return Edit().IsInsideMetaSpan(Edit().dedDocument->GetCurrentElement());
+        });
     }
 };
 

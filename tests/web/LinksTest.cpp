@@ -5,7 +5,7 @@
 #include "platform/qt/HtmlEditMenu.h"
 #include "platform/qt/HtmlEditView.h"
 #include "platform/qt/LinkAddress.h"
-#include "support/Waiting.h"
+#include "support/PageClick.h"
 
 namespace paperkite::test {
 namespace {
@@ -30,12 +30,8 @@ protected:
         mEdit->SetDocumentHTML("<html><body><a style='display:block;height:300px' href=\"" + href +
                                "\">go</a></body></html>");
         EXPECT_TRUE(WaitUntil([&] { return mView.IsReady(); }));
-        // The engine passes over clicks until it has drawn the page, and does not say when.
-        for (int attempt = 0; attempt < 20 && told.empty(); ++attempt) {
-            QTest::mouseClick(mView.GetSurface()->InputWidget(), Qt::LeftButton, {},
-                              QPoint(50, 50));
-            WaitUntil([&] { return !told.empty(); }, 1000);
-        }
+        ClickUntil(mView.GetSurface()->InputWidget(), QPoint(50, 50),
+                   [&] { return !told.empty(); });
         return told;
     }
 
