@@ -233,7 +233,7 @@ bool HtmlSearch::MayBeAt(std::string_view html, std::size_t at) const {
 bool HtmlSearch::MayBeIn(std::string_view html) const {
     if (mPattern.empty()) return false;
     if (mKey.empty()) return true;
-    constexpr std::size_t kBlock = 32;
+    constexpr std::size_t kBlock = 64;
     const auto [rare, otherRare] = mRare;
     const auto [behind, otherBehind] = mBehindRare;
     const bool seesThrough = !mOptions.SearchInHTML;
@@ -241,8 +241,10 @@ bool HtmlSearch::MayBeIn(std::string_view html) const {
     const char entity = seesThrough ? '&' : behind;
     const unsigned char any = mKey.size() == 1;
     const unsigned char anyEntity = seesThrough && !IsLetterOrDigitByte(rare);
-    std::size_t block = 0;
-    for (; block + kBlock < html.size(); block += kBlock) {
+    // The last block overlaps the one before it, and leaves the last byte, which none is behind.
+    const std::size_t last = html.size() > kBlock ? html.size() - 1 - kBlock : 0;
+    const bool hasBlocks = html.size() > kBlock;
+    for (std::size_t block = 0; hasBlocks; block = std::min(block + kBlock, last)) {
         const char* const bytes = html.data() + block;
         unsigned char found = 0;
         for (std::size_t at = 0; at < kBlock; ++at) {
@@ -254,11 +256,11 @@ bool HtmlSearch::MayBeIn(std::string_view html) const {
             const unsigned char isEntity = (byte == entity) & (anyEntity | (next == '#'));
             found |= (isRare & goesOn) | isEntity;
         }
-        if (found == 0) continue;
-        for (std::size_t at = block; at < block + kBlock; ++at)
+        for (std::size_t at = block; found != 0 && at < block + kBlock; ++at)
             if (MayBeAt(html, at)) return true;
+        if (block == last) break;
     }
-    for (std::size_t at = block; at < html.size(); ++at)
+    for (std::size_t at = hasBlocks ? html.size() - 1 : 0; at < html.size(); ++at)
         if (MayBeAt(html, at)) return true;
     return false;
 }

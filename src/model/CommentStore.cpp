@@ -6,6 +6,7 @@
 #include <array>
 #include <optional>
 #include <utility>
+#include <vector>
 
 namespace paperkite {
 
@@ -36,31 +37,70 @@ void RemoveWhere(TaggedCommentCollection& comments, const Condition& condition) 
         comments.Remove(key);
 }
 
-/// Shows comments a few at a time, having told the processor which memory comes next: they lie
-/// about, and waiting for each takes longer than reading it.
+/// Gives back what was put in a few turns before.
+template <class T>
+class Delay {
+public:
+    template <class Use>
+    void Put(const T& value, const Use& use) {
+        const T due = std::exchange(mWaiting[mNext], value);
+        mNext = (mNext + 1) % mWaiting.size();
+        if (mCount == mWaiting.size())
+            use(due);
+        else
+            ++mCount;
+    }
+    /// Gives back the rest.
+    template <class Use>
+    void Empty(const Use& use) {
+        for (std::size_t at = mNext + mWaiting.size() - mCount; mCount > 0; ++at, --mCount)
+            use(mWaiting[at % mWaiting.size()]);
+    }
+
+private:
+    std::array<T, 8> mWaiting{};
+    std::size_t mNext = 0;
+    std::size_t mCount = 0;
+};
+
+/// Shows comments some turns late, having told the processor which memory comes next: they lie
+/// about, and waiting for each takes longer than reading it. An item's list tells where its
+/// comments are, and a comment where its text is.
 class LookAhead {
 public:
     using Visit = std::function<void(const std::string&, const TaggedComment&)>;
 
     explicit LookAhead(const Visit& visit) : mVisit(visit) {}
-    void Add(const std::string& name, const TaggedComment& comment) {
-        Fetch(&comment, sizeof comment);
-        mWaiting[mCount++] = {&name, &comment};
-        if (mCount == mWaiting.size()) Flush();
+    void Add(const std::string& name, const TaggedCommentCollection& comments) {
+        Fetch(&comments, sizeof comments);
+        mLists.Put({&name, &comments}, [this](const List& list) { AddComments(list); });
     }
     void Flush() {
-        for (std::size_t index = 0; index < mCount; ++index) {
-            const std::string& text = mWaiting[index].second->GetWrittenText();
-            Fetch(text.data(), text.size());
-        }
-        const std::size_t count = std::exchange(mCount, 0);
-        for (std::size_t index = 0; index < count; ++index) {
-            const auto [name, comment] = mWaiting[index];
-            if (comment->GetState() != kTaggedCommentTombstone) mVisit(*name, *comment);
-        }
+        mLists.Empty([this](const List& list) { AddComments(list); });
+        mComments.Empty([this](const Comment& comment) { AddText(comment); });
+        mTexts.Empty([this](const Comment& comment) { Show(comment); });
     }
 
 private:
+    using List = std::pair<const std::string*, const TaggedCommentCollection*>;
+    using Comment = std::pair<const std::string*, const TaggedComment*>;
+
+    void AddComments(const List& list) {
+        for (const auto& comment : *list.second) {
+            Fetch(comment.get(), sizeof(TaggedComment));
+            mComments.Put({list.first, comment.get()},
+                          [this](const Comment& due) { AddText(due); });
+        }
+    }
+    void AddText(const Comment& comment) {
+        const std::string& text = comment.second->GetWrittenText();
+        Fetch(text.data(), text.size());
+        mTexts.Put(comment, [this](const Comment& due) { Show(due); });
+    }
+    void Show(const Comment& comment) const {
+        const auto& [name, shown] = comment;
+        if (shown->GetState() != kTaggedCommentTombstone) mVisit(*name, *shown);
+    }
     static void Fetch(const void* from, std::size_t length) {
         constexpr std::size_t kLine = 64;
         for (std::size_t at = 0; at < std::min<std::size_t>(length, 512); at += kLine)
@@ -68,8 +108,9 @@ private:
     }
 
     const Visit& mVisit;
-    std::array<std::pair<const std::string*, const TaggedComment*>, 32> mWaiting{};
-    std::size_t mCount = 0;
+    Delay<List> mLists;
+    Delay<Comment> mComments;
+    Delay<Comment> mTexts;
 };
 
 } // namespace
@@ -248,8 +289,7 @@ void CommentStore::ForEach(const std::function<void(const std::string& qualified
     LookAhead ahead(visit);
     mRecords.ForEach([&](const std::string& name, Record& record) {
         Parse(record);
-        for (const auto& comment : *record.Comments)
-            ahead.Add(name, *comment);
+        ahead.Add(name, *record.Comments);
     });
     ahead.Flush();
 }

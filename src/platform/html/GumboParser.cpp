@@ -4,9 +4,9 @@
 #include "foundation/HtmlTokens.h"
 #include "foundation/Text.h"
 #include "foundation/Unicode.h"
-#include "platform/html/GumboArena.h"
 #include "platform/html/HtmlSerialiser.h"
 #include "platform/html/NestingDepth.h"
+#include "platform/html/ParserArena.h"
 
 #include <algorithm>
 #include <optional>
@@ -214,10 +214,10 @@ public:
     Run(const std::string& html, GumboTag context, GumboNamespaceEnum space) {
         GumboOptions options = kGumboDefaultOptions;
         options.allocator = [](void* arena, std::size_t size) {
-            return static_cast<GumboArena*>(arena)->Allocate(size);
+            return static_cast<ParserArena*>(arena)->Allocate(size);
         };
         options.deallocator = [](void* arena, void* piece) {
-            static_cast<GumboArena*>(arena)->Free(piece);
+            static_cast<ParserArena*>(arena)->Free(piece);
         };
         options.userdata = &mArena;
         options.max_errors = 0;
@@ -229,7 +229,7 @@ public:
     const GumboOutput& Output() const { return *mOutput; }
 
 private:
-    GumboArena mArena;
+    ParserArena mArena;
     GumboOutput* mOutput = nullptr;
 };
 

@@ -4,6 +4,7 @@
 #include "platform/html/HtmlContent.h"
 #include "platform/html/HtmlServices.h"
 #include "platform/html/NestingDepth.h"
+#include "platform/html/ParserArena.h"
 
 #include <algorithm>
 #include <array>
@@ -100,6 +101,28 @@ std::optional<std::string> NewTags(const HtmlContent& content) {
     return names;
 }
 
+/// Memory for the library, which asks for each node, attribute and word apart.
+class TidyMemory : public TidyAllocator {
+public:
+    TidyMemory() : TidyAllocator{&kFunctions} {}
+
+private:
+    static ParserArena& ArenaOf(TidyAllocator* self) {
+        return static_cast<TidyMemory*>(self)->mArena;
+    }
+
+    static constexpr TidyAllocatorVtbl kFunctions = {
+        [](TidyAllocator* self, std::size_t size) { return ArenaOf(self).Allocate(size); },
+        [](TidyAllocator* self, void* piece, std::size_t size) {
+            return ArenaOf(self).Reallocate(piece, size);
+        },
+        [](TidyAllocator* self, void* piece) { ArenaOf(self).Free(piece); },
+        // Where there is no memory an exception has said so before.
+        [](TidyAllocator*, ctmbstr) {}};
+
+    ParserArena mArena;
+};
+
 /// One use of the library.
 class TidyRun {
 public:
@@ -128,7 +151,8 @@ public:
     }
 
 private:
-    TidyDoc mDocument = tidyCreate();
+    TidyMemory mMemory;
+    TidyDoc mDocument = tidyCreateWithAllocator(&mMemory);
     TidyBuffer mOutput{};
     TidyBuffer mMessages{};
 };

@@ -7,20 +7,22 @@
 
 namespace paperkite {
 
-/// The memory of one run of the parser. It all goes at once, so that nobody walks the parser's tree
+/// The memory of one run of a parser. It all goes at once, so that nobody walks the parser's tree
 /// to free it, however deep that is. What the parser gives back is handed out again.
-class GumboArena {
+class ParserArena {
 public:
-    GumboArena() = default;
-    GumboArena(const GumboArena&) = delete;
-    GumboArena& operator=(const GumboArena&) = delete;
+    ParserArena() = default;
+    ParserArena(const ParserArena&) = delete;
+    ParserArena& operator=(const ParserArena&) = delete;
 
     void* Allocate(std::size_t size);
+    /// A piece of that size that begins with what stands in this one, which may be none.
+    void* Reallocate(void* piece, std::size_t size);
     void Free(void* piece);
 
 private:
     // Small pieces are of every size that is a multiple of the grain, larger ones powers of two; in
-    // front of each stands the number of its size. Nothing of the parser wants more than a
+    // front of each stands the number of its size. Nothing of the parsers wants more than a
     // pointer's alignment.
     static constexpr std::size_t kGrain = 16;
     static constexpr std::size_t kSmallSizes = 32;
@@ -29,6 +31,7 @@ private:
     static constexpr std::size_t kFirstBlock = 4096;
 
     char* Carve(std::size_t size);
+    static std::size_t NumberOf(void* piece);
 
     std::vector<std::unique_ptr<char[]>> mBlocks;
     char* mNext = nullptr;

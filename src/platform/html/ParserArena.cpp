@@ -1,4 +1,4 @@
-#include "platform/html/GumboArena.h"
+#include "platform/html/ParserArena.h"
 
 #include <algorithm>
 #include <bit>
@@ -6,7 +6,7 @@
 
 namespace paperkite {
 
-void* GumboArena::Allocate(std::size_t size) {
+void* ParserArena::Allocate(std::size_t size) {
     std::size_t number = (size + kHeader + kGrain - 1) / kGrain;
     std::size_t whole = number * kGrain;
     if (number > kSmallSizes) {
@@ -22,15 +22,32 @@ void* GumboArena::Allocate(std::size_t size) {
     return memory + kHeader;
 }
 
-void GumboArena::Free(void* piece) {
-    if (!piece) return;
+std::size_t ParserArena::NumberOf(void* piece) {
     std::size_t number;
     std::memcpy(&number, static_cast<char*>(piece) - kHeader, sizeof number);
+    return number;
+}
+
+void* ParserArena::Reallocate(void* piece, std::size_t size) {
+    if (!piece) return Allocate(size);
+    const std::size_t number = NumberOf(piece);
+    const std::size_t whole =
+        number > kSmallSizes ? std::size_t(1) << (number - kSmallSizes) : number * kGrain;
+    if (size <= whole - kHeader) return piece;
+    void* larger = Allocate(size);
+    std::memcpy(larger, piece, whole - kHeader);
+    Free(piece);
+    return larger;
+}
+
+void ParserArena::Free(void* piece) {
+    if (!piece) return;
+    const std::size_t number = NumberOf(piece);
     std::memcpy(piece, &mFree[number], sizeof(void*));
     mFree[number] = piece;
 }
 
-char* GumboArena::Carve(std::size_t size) {
+char* ParserArena::Carve(std::size_t size) {
     if (size > mLeft) {
         const std::size_t fresh = std::max(size, mBlockSize);
         mBlocks.push_back(std::make_unique_for_overwrite<char[]>(fresh));
