@@ -42,6 +42,28 @@ TEST(CommentStore, CountsNeedNoItemAndLeaveTombstonesOut) {
     EXPECT_EQ(store->QualifiedNames(), std::vector<std::string>{"a"});
 }
 
+TEST(CommentStore, EveryLivingCommentIsShownOnceInTheOrderOfTheItems) {
+    for (const int items : {0, 1, 7, 8, 9, 40}) {
+        auto store = MakeRef<CommentStore>();
+        std::string expected;
+        for (int number = 0; number < items; ++number) {
+            const std::string item = "item" + std::to_string(number);
+            store->Load(item, CommentOf(item + "gone"), {});
+            store->Find(item)->Item(item + "gone")->SetState(kTaggedCommentTombstone);
+            for (int comment = 0; comment < number % 12; ++comment) {
+                const std::string id = item + "." + std::to_string(comment);
+                store->Load(item, CommentOf(id, std::string(600, 't')), {});
+                expected += item + ":" + id + " ";
+            }
+        }
+        std::string shown;
+        store->ForEach([&](const std::string& item, const TaggedComment& comment) {
+            shown += item + ":" + comment.GetId() + " ";
+        });
+        EXPECT_EQ(shown, expected) << items;
+    }
+}
+
 TEST(CommentStore, AskingForCommentsThatAreNotThereMakesNone) {
     auto store = MakeRef<CommentStore>();
     MakeRef<CodeItem>("MemberElement", "a", store)->GetTaggedComments();
