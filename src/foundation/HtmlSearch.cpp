@@ -242,9 +242,9 @@ bool HtmlSearch::MayBeIn(std::string_view html) const {
     const unsigned char any = mKey.size() == 1;
     const unsigned char anyEntity = seesThrough && !IsLetterOrDigitByte(rare);
     // The last block overlaps the one before it, and leaves the last byte, which none is behind.
-    const std::size_t last = html.size() > kBlock ? html.size() - 1 - kBlock : 0;
-    const bool hasBlocks = html.size() > kBlock;
-    for (std::size_t block = 0; hasBlocks; block = std::min(block + kBlock, last)) {
+    const std::size_t blocks = html.size() > kBlock ? html.size() - 1 : 0;
+    for (std::size_t end = kBlock; blocks > 0; end = std::min(end + kBlock, blocks)) {
+        const std::size_t block = end - kBlock;
         const char* const bytes = html.data() + block;
         unsigned char found = 0;
         for (std::size_t at = 0; at < kBlock; ++at) {
@@ -256,11 +256,11 @@ bool HtmlSearch::MayBeIn(std::string_view html) const {
             const unsigned char isEntity = (byte == entity) & (anyEntity | (next == '#'));
             found |= (isRare & goesOn) | isEntity;
         }
-        for (std::size_t at = block; found != 0 && at < block + kBlock; ++at)
+        for (std::size_t at = block; found != 0 && at < end; ++at)
             if (MayBeAt(html, at)) return true;
-        if (block == last) break;
+        if (end == blocks) break;
     }
-    for (std::size_t at = hasBlocks ? html.size() - 1 : 0; at < html.size(); ++at)
+    for (std::size_t at = blocks; at < html.size(); ++at)
         if (MayBeAt(html, at)) return true;
     return false;
 }

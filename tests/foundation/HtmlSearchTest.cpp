@@ -93,6 +93,19 @@ TEST(HtmlSearchTest, InHtmlTheSourceIsSearchedAsItStands) {
     EXPECT_EQ(Count("a &amp; b", "a & b", "h"), 0u);
 }
 
+TEST(HtmlSearchTest, FindsAWordWhereverItStandsInATextOfAnyLength) {
+    const HtmlSearch search({"kwagga"});
+    for (const std::string word :
+         {"kwagga", "KWAGGA", "<b>kw</b>agga", "&#107;wagga", "kwagg&#97;"})
+        for (std::size_t length = 0; length <= 150; ++length) {
+            const std::string around(length, 'k');
+            EXPECT_TRUE(search.Find(std::string_view(around)).empty()) << length;
+            for (std::size_t at = 0; at <= length; ++at)
+                ASSERT_EQ(search.Find(around.substr(0, at) + word + around.substr(at)).size(), 1u)
+                    << word << " at " << at << " of " << length;
+        }
+}
+
 TEST(HtmlSearchTest, ALongTextTakesNoLongerThanItsLength) {
     // Quadratic time would take minutes here.
     const std::string html(2'000'000, 'a');
